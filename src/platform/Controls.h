@@ -1,0 +1,454 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/Failure.h"
+
+/// The kinds of controls. A control is a value with a few operations and one or two event slots. It tells whoever
+/// watches it that it changed: a window, a timer service, the console. Setting a control from code and from the
+/// screen is the same call. Every control is found by its name, "Form.Control".
+namespace halvern {
+
+class Control;
+class Form;
+
+/// A search that finds nothing.
+inline constexpr int NotFound = -100;
+
+/// What happened to a control; `row` only where a row is meant.
+struct Change {
+    enum What { Property, RowAdded, RowReplaced, RowRemoved, RowsCleared, Selection } what = Property;
+    int row = -1;
+};
+
+/// One property of a control as a reader sees it: `quoted` for texts.
+struct PropertyText {
+    std::string_view name;
+    std::string value;
+    bool quoted = false;
+};
+using PropertyTexts = std::vector<PropertyText>;
+
+/// All controls of the program, by name and in the order in which the forms declare them.
+class Controls {
+public:
+    /// @return nullptr where there is no such control.
+    Control* Find(std::string_view name) const;
+    const std::vector<Control*>& All() const { return inOrder; }
+
+    /// Runs what an event of the outside sets off. A RuntimeFailure ends there: `OnFailure` is told, the program
+    /// goes on. Everything that comes from outside (a click, a tick, bytes, a console line) comes through here.
+    void Dispatch(const std::function<void()>& handler) const;
+    std::function<void(const RuntimeFailure&)> OnFailure;
+
+private:
+    friend class Control;
+    void Register(Control& control);
+    std::vector<Control*> inOrder;
+    std::unordered_map<std::string_view, Control*> byName;
+};
+
+class Control {
+public:
+    using Watcher = std::function<void(const Change&)>;
+
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control() = default;
+
+    /// "Form.Control"; a form's own name has no dot.
+    const std::string& Name() const { return name; }
+    bool Enabled() const { return enabled; }
+    void SetEnabled(bool value) { Put(enabled, value); }
+    bool Visible() const { return visible; }
+    void SetVisible(bool value) { Put(visible, value); }
+
+    /// Has a function told of every change from now on. @return what Unwatch takes to end it.
+    int Watch(Watcher watcher);
+    void Unwatch(int watch);
+
+    /// What this kind of control has to show, in a fixed order.
+    virtual PropertyTexts Describe() const;
+    Controls& Directory() const { return *directory; }
+
+protected:
+    Control(Controls& directory, std::string name);
+    Control(Form& form, std::string_view name);
+
+    void Tell(const Change& change) const;
+    template <class Value> void Put(Value& place, const Value& value)
+    {
+        if (place == value) return;
+        place = value;
+        Tell({});
+    }
+
+private:
+    Controls* directory;
+    std::string name;
+    bool enabled = true;
+    bool visible = true;
+    int lastWatch = 0;
+    std::deque<std::pair<int, Watcher>> watchers; // a deque: a watcher may add another while it is told
+};
+
+/// Calls an event slot, if something is connected to it.
+template <class... Arguments, class... Values>
+void Fire(const std::function<void(Arguments...)>& slot, Values&&... values)
+{
+    if (slot) slot(std::forward<Values>(values)...);
+}
+using Event = std::function<void()>;
+
+/// Where a window stands: in twips, 15 to a pixel of an ordinary screen. `state`: 0 normal, 1 minimised, 2 maximised.
+struct Place {
+    int height = 3600;
+    int left = 0;
+    int top = 0;
+    int width = 4800;
+    int state = 0;
+    bool operator==(const Place&) const = default;
+};
+
+/// A typeface and its size in points. An empty face is the window's own choice.
+struct Font {
+    std::string face;
+    double size = 0;
+    bool operator==(const Font&) const = default;
+};
+
+/// A window. Visible means shown; forms start hidden.
+class Form : public Control {
+public:
+    Form(Controls& directory, std::string name, std::string caption);
+
+    const std::string& Caption() const { return caption; }
+    void SetCaption(std::string text) { Put(caption, text); }
+    const halvern::Place& Place() const { return place; }
+    void SetPlace(const halvern::Place& where) { Put(place, where); }
+
+    /// Brings the form up: loads it at the first time (`OnLoad`), shows it, then runs `OnActivate`.
+    void Show();
+    void Hide() { SetVisible(false); }
+    /// Hides the form and lets the next Show load it anew.
+    void Unload();
+    bool Loaded() const { return loaded; }
+    /// Runs `OnLoad` unless the form is loaded already; shows nothing.
+    void Load();
+    PropertyTexts Describe() const override;
+
+    Event OnLoad, OnActivate, OnUnload, OnResize;
+    /// The operator pressed the close box. Without a handler the form unloads.
+    Event OnCloseBox;
+
+private:
+    std::string caption;
+    halvern::Place place;
+    bool loaded = false;
+};
+
+class Label : public Control {
+public:
+    Label(Form& form, std::string_view name, std::string caption = "")
+        : Control(form, name), caption(std::move(caption))
+    {
+    }
+    const std::string& Caption() const { return caption; }
+    void SetCaption(std::string text) { Put(caption, text); }
+    PropertyTexts Describe() const override;
+
+private:
+    std::string caption;
+};
+
+/// A frame around other controls.
+using Frame = Label;
+
+/// A number with up and down buttons, shown as a caption.
+class NumberLabel : public Label {
+public:
+    NumberLabel(Form& form, std::string_view name, int least, int most, std::string caption)
+        : Label(form, name, std::move(caption)), least(least), most(most)
+    {
+    }
+    const int least, most;
+    int Number() const;
+};
+
+class Button : public Label {
+public:
+    using Label::Label;
+    void Click() const { Fire(OnClick); }
+    Event OnClick;
+};
+
+/// A menu item, or a button of a toolbar that can stay pressed.
+class MenuItem : public Button {
+public:
+    using Button::Button;
+    MenuItem(Form& form, std::string_view name, std::string caption, std::initializer_list<std::string_view> marks);
+    bool Checked() const { return checked; }
+    void SetChecked(bool value) { Put(checked, value); }
+    PropertyTexts Describe() const override;
+
+private:
+    bool checked = false;
+};
+
+/// A text that the operator types. `longest` 0: any length.
+class TextField : public Control {
+public:
+    TextField(Form& form, std::string_view name, std::string text = "", std::size_t longest = 0)
+        : Control(form, name), longest(longest), text(std::move(text))
+    {
+    }
+    const std::string& Text() const { return text; }
+    /// Puts a text in, cut at the longest length, and runs `OnChange` if it differs.
+    void SetText(std::string_view next);
+    /// One key press: `OnKey` may change the character, or swallow it by making it 0; what remains is appended.
+    /// Characters below 32 are never appended; 8 takes the last one away.
+    void Press(int key);
+    void Enter() const { Fire(OnEnter); }
+    void Leave() const { Fire(OnLeave); }
+    halvern::Font Font() const { return font; }
+    void SetFont(const halvern::Font& next) { Put(font, next); }
+    PropertyTexts Describe() const override;
+
+    const std::size_t longest;
+    Event OnChange, OnEnter, OnLeave;
+    std::function<void(int& key)> OnKey;
+
+private:
+    std::string text;
+    halvern::Font font;
+};
+
+enum class ListStyle { Rows, Combo, TypedCombo, MultiRows };
+
+/// An ordered sequence of text rows with a selected index: a store, a list, or a combo.
+///
+/// Indices are 0-based. Every access to a row that is not there raises a RuntimeFailure.
+class List : public Control {
+public:
+    List(Form& form, std::string_view name, ListStyle style = ListStyle::Rows,
+         std::initializer_list<std::string_view> rows = {}, int selected = -1);
+    List(Form& form, std::string_view name, ListStyle style, std::span<const std::string_view> rows, int selected = -1);
+
+    int Count() const { return static_cast<int>(rows.size()); }
+    const std::string& Row(int index) const;
+    void Add(std::string_view row);
+    void Insert(std::string_view row, int index);
+    void Remove(int index);
+    /// Takes the row out and puts another in its place; the selection stays.
+    void Replace(int index, std::string_view row);
+    void Clear();
+
+    int Selected() const { return selected; }
+    /// Selects a row, -1 for none. `OnClick` runs if that changed the selection. @throws RuntimeFailure.
+    void Select(int index);
+    /// Selects without the click, for a start value.
+    void Preselect(int index);
+    /// What a click of the operator does: selects; a list runs `OnClick` each time, a combo only at a change.
+    void Click(int index);
+
+    /// The selected row; in a combo with typing what was typed.
+    const std::string& Text() const { return text; }
+    /// Typing: the text goes in, the row that equals it is selected, `OnChange` runs.
+    void SetText(std::string_view next);
+    void Press(int key);
+    void Leave() const { Fire(OnLeave); }
+
+    bool Marked(int index) const;
+    void Mark(int index, bool marked);
+    void ClearMarks();
+
+    /// Index of the first row that equals a text, or NotFound.
+    int IndexOf(std::string_view row) const;
+
+    halvern::Font Font() const { return font; }
+    void SetFont(const halvern::Font& next) { Put(font, next); }
+    PropertyTexts Describe() const override;
+
+    const ListStyle style;
+    Event OnClick, OnChange, OnLeave;
+    std::function<void(int& key)> OnKey;
+
+protected:
+    /// The first `width` columns of the rows, as a dense table for searching.
+    virtual void Keyed(int, std::string_view) {}
+    virtual void KeyInserted(int, std::string_view) {}
+    virtual void KeyRemoved(int) {}
+    virtual void KeysCleared() {}
+
+private:
+    void Require(int index, int bound) const;
+    std::vector<std::string> rows;
+    std::vector<bool> marks;
+    int selected = -1;
+    std::string text;
+    halvern::Font font;
+};
+
+/// A dense table of short hashes, one a key, in the order of the keys: a walk from the first that touches four bytes
+/// a row, so that 32,000 rows cost a few microseconds.
+class KeyTable {
+public:
+    void Add(std::string_view key) { prints.push_back(Print(key)); }
+    void Insert(int index, std::string_view key) { prints.insert(prints.begin() + index, Print(key)); }
+    void Replace(int index, std::string_view key) { prints[index] = Print(key); }
+    void Remove(int index) { prints.erase(prints.begin() + index); }
+    void Clear() { prints.clear(); }
+    /// Index of the first key at or behind `from` that may be this one, or NotFound; the caller compares the key
+    /// itself.
+    int Find(std::string_view key, int from) const;
+
+private:
+    static std::uint32_t Print(std::string_view key);
+    std::vector<std::uint32_t> prints;
+};
+
+/// A store whose rows begin with a call field of 9 columns.
+class KeyedList : public List {
+public:
+    using List::List;
+    /// The first row whose columns 1-9 equal a call field of 9 characters, or NotFound.
+    int Find(std::string_view callField) const;
+
+protected:
+    void Keyed(int index, std::string_view row) override { keys.Replace(index, row.substr(0, 9)); }
+    void KeyInserted(int index, std::string_view row) override;
+    void KeyRemoved(int index) override { keys.Remove(index); }
+    void KeysCleared() override { keys.Clear(); }
+
+private:
+    KeyTable keys;
+};
+
+/// A list of the folders or files in one place.
+class FolderList : public List {
+public:
+    using List::List;
+    const std::string& Path() const { return path; }
+    /// The owner fills the rows again in `OnPath`.
+    void SetPath(const std::string& next)
+    {
+        if (path == next) return;
+        path = next;
+        Fire(OnPath);
+    }
+    Event OnPath;
+
+private:
+    std::string path;
+};
+
+/// One of n. `selected` -1: none is on.
+class Choice : public Control {
+public:
+    Choice(Form& form, std::string_view name, std::initializer_list<std::string_view> entries, int selected = 0);
+    int Count() const { return static_cast<int>(entries.size()); }
+    const std::string& Entry(int index) const { return entries.at(index); }
+    bool EntryEnabled(int index) const { return allowed.at(index); }
+    void SetEntryEnabled(int index, bool value);
+    int Selected() const { return selected; }
+    bool On(int index) const { return selected == index; }
+    /// Turns an entry on; `OnClick` runs at a change. @throws RuntimeFailure for an entry that is not there.
+    void Select(int index);
+    void Preselect(int index) { Put(selected, index); }
+    PropertyTexts Describe() const override;
+    Event OnClick;
+
+private:
+    std::vector<std::string> entries;
+    std::vector<bool> allowed;
+    int selected;
+};
+
+/// A number on a scale: a slider, a needle.
+class Gauge : public Control {
+public:
+    Gauge(Form& form, std::string_view name, double value = 0) : Control(form, name), value(value) {}
+    double Value() const { return value; }
+    void SetValue(double next) { Put(value, next); }
+    PropertyTexts Describe() const override;
+
+private:
+    double value;
+};
+
+/// A timer. It runs while it is enabled and its interval is above 0; a change of either starts the wait anew.
+class Timer : public Control {
+public:
+    Timer(Form& form, std::string_view name, int interval = 0, bool enabled = false);
+    int Interval() const { return interval; }
+    void SetInterval(int milliseconds) { Put(interval, milliseconds); }
+    bool Running() const { return Enabled() && interval > 0; }
+    /// Interval first, then enabled: the usual way to start.
+    void Start(int milliseconds);
+    /// Disabled, interval 0.
+    void Stop();
+    void Tick() const { Fire(OnTick); }
+    PropertyTexts Describe() const override;
+    Event OnTick;
+
+private:
+    int interval;
+};
+
+/// A table of texts. Row 0 is the header. Cells are 0-based; a cell that is not there raises a RuntimeFailure.
+class Grid : public Control {
+public:
+    Grid(Form& form, std::string_view name) : Control(form, name), columns(2) { SetSize(2, 2); }
+    int Rows() const { return rows; }
+    int Cols() const { return static_cast<int>(columns.size()); }
+    const std::string& Cell(int row, int column) const;
+    void SetCell(int row, int column, std::string_view text);
+    void SetSize(int rows, int columns);
+    void AddRow() { SetSize(rows + 1, Cols()); }
+    void AddColumn() { SetSize(rows, Cols() + 1); }
+    /// Empties every cell; the size stays.
+    void Clear();
+    /// The first row at or behind `from` whose first cell equals a text, or NotFound.
+    int FindRow(std::string_view text, int from) const;
+    PropertyTexts Describe() const override;
+
+private:
+    void Require(int row, int column) const;
+    int rows = 0;
+    std::vector<std::vector<std::string>> columns;
+    KeyTable keys;
+};
+
+/// Controls of one name and an index: "Form.Name(7)". Indices run from `first`.
+template <class Kind> class ControlArray {
+public:
+    template <class... Arguments>
+    ControlArray(Form& form, std::string_view name, int first, std::initializer_list<std::string_view> captions,
+                 Arguments... more)
+        : first(first)
+    {
+        int index = first;
+        for (const auto caption : captions)
+            elements.emplace_back(form, std::string(name) + "(" + std::to_string(index++) + ")", std::string(caption),
+                                  more...);
+    }
+    Kind& operator()(int index) { return elements.at(static_cast<std::size_t>(index - first)); }
+    const Kind& operator()(int index) const { return elements.at(static_cast<std::size_t>(index - first)); }
+    int First() const { return first; }
+    int Last() const { return first + static_cast<int>(elements.size()) - 1; }
+
+private:
+    int first;
+    std::deque<Kind> elements;
+};
+
+} // namespace halvern

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace halvern {
+
+/// A file that stays open for output.
+class OutputFile {
+public:
+    virtual ~OutputFile() = default;
+    /// Writes a line and its end (CR LF), through to the system. @return false when the disk did not take it.
+    virtual bool PrintLine(std::string_view line) = 0;
+};
+
+/// Files and folders. Names are found whatever their case, `\` and `/` are alike; bytes are never translated.
+class Files {
+public:
+    virtual ~Files() = default;
+    virtual bool Exists(const std::string& path) const = 0;
+    /// @return nothing where the file is missing or can't be read.
+    virtual std::optional<std::string> Read(const std::string& path) const = 0;
+    /// Writes a new file that then takes the old one's place, so that there is never half a file.
+    /// @return what went wrong, or an empty text.
+    virtual std::string Write(const std::string& path, std::string_view bytes) = 0;
+    virtual bool Remove(const std::string& path) = 0;
+    virtual bool Rename(const std::string& from, const std::string& to) = 0;
+    /// Names of the files in a folder, sorted; empty where there is no such folder.
+    virtual std::vector<std::string> Names(const std::string& folder) const = 0;
+    /// Names of the folders in a folder, sorted.
+    virtual std::vector<std::string> Folders(const std::string& folder) const = 0;
+    /// Opens for output, an existing file is overwritten. @return nullptr where that fails.
+    virtual std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) = 0;
+    /// The path as the system has it, with the case of the names that exist.
+    virtual std::string Resolved(const std::string& path) const = 0;
+};
+
+/// The machine's own files.
+class DiskFiles final : public Files {
+public:
+    bool Exists(const std::string& path) const override;
+    std::optional<std::string> Read(const std::string& path) const override;
+    std::string Write(const std::string& path, std::string_view bytes) override;
+    bool Remove(const std::string& path) override;
+    bool Rename(const std::string& from, const std::string& to) override;
+    std::vector<std::string> Names(const std::string& folder) const override;
+    std::vector<std::string> Folders(const std::string& folder) const override;
+    std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) override;
+    std::string Resolved(const std::string& path) const override;
+};
+
+/// Width and height in pixels of a GIF, PNG or BMP file from its first bytes, or nothing for another or a short file.
+struct PixelSize {
+    int width = 0, height = 0;
+};
+std::optional<PixelSize> PictureSize(std::string_view bytes);
+
+} // namespace halvern

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Controls.h"
+
+/// Serial ports and TCP sockets as controls. The behaviour talks to these; what moves the bytes is a device that the
+/// platform puts behind each of them: a real one, or a simulated one.
+namespace halvern {
+
+/// Why a port did not open.
+struct PortError {
+    int number = 0;
+    std::string source;      ///< who says so: the program, or the port
+    std::string description; ///< what to do about it, where that is known
+};
+
+/// The far side of a SerialPort.
+class SerialDevice {
+public:
+    virtual ~SerialDevice() = default;
+    /// @param number    1 to 16, as in "Com1"
+    /// @param settings  "speed,n,8,1"
+    virtual std::optional<PortError> Open(int number, const std::string& settings) = 0;
+    virtual void Close() = 0;
+    virtual bool IsOpen() const = 0;
+    virtual void Write(std::string_view bytes) = 0;
+    virtual void DiscardOutput() = 0;
+};
+
+/// The far side of a Socket.
+class SocketDevice {
+public:
+    virtual ~SocketDevice() = default;
+    /// Blocks until connected, refused or timed out. @return 0, or an error number.
+    virtual int Connect(const std::string& host, int port, int timeoutMs) = 0;
+    virtual void Disconnect() = 0;
+    virtual bool Connected() const = 0;
+    virtual void Write(std::string_view bytes) = 0;
+};
+
+/// Events and bytes of a port, in both kinds.
+class Port : public Control {
+public:
+    using Control::Control;
+
+    /// The byte that ends what belongs together on this port (a line feed, a frame end), or none. A real device
+    /// delivers bytes in events that never reach past one; a simulated one delivers events as they are given.
+    std::optional<char> EndMark;
+
+    /// Takes all that is waiting.
+    std::string ReadAll();
+    std::size_t Waiting() const { return waiting.size(); }
+    void DiscardInput() { waiting.clear(); }
+
+    /// For devices: bytes have come in, as one event.
+    virtual void Arrived(std::string_view bytes) = 0;
+
+protected:
+    std::string waiting;
+};
+
+/// Event codes of a serial port; only received bytes matter here.
+inline constexpr int ReceivedBytes = 2;
+
+class SerialPort final : public Port {
+public:
+    SerialPort(Form& form, std::string_view name, std::optional<char> endMark = {}) : Port(form, name)
+    {
+        EndMark = endMark;
+    }
+
+    int PortNumber = 0;
+    std::string Settings;
+    /// Bytes that must wait before `OnReceive` runs; 0: it never does.
+    std::size_t ReceiveThreshold = 0;
+
+    std::optional<PortError> Open();
+    void Close();
+    bool IsOpen() const { return device != nullptr && device->IsOpen(); }
+    /// Writes to a closed port are lost without a word.
+    void Write(std::string_view bytes);
+    void DiscardOutput();
+    void Arrived(std::string_view bytes) override;
+    PropertyTexts Describe() const override;
+
+    SerialDevice* device = nullptr;
+    std::function<void(int eventCode)> OnReceive;
+};
+
+class Socket final : public Port {
+public:
+    Socket(Form& form, std::string_view name, std::string host, int port, int timeoutMs,
+           std::optional<char> endMark = {})
+        : Port(form, name), HostName(std::move(host)), RemotePort(port), TimeoutMs(timeoutMs)
+    {
+        EndMark = endMark;
+    }
+
+    std::string HostName;
+    int RemotePort;
+    int TimeoutMs;
+
+    /// @return 0 on success.
+    int Connect();
+    void Disconnect();
+    bool Connected() const { return device != nullptr && device->Connected(); }
+    void Write(std::string_view bytes);
+    void Arrived(std::string_view bytes) override;
+    /// For devices: the other end has closed.
+    void HungUp();
+    PropertyTexts Describe() const override;
+
+    SocketDevice* device = nullptr;
+    Event OnReceive, OnDisconnect;
+};
+
+} // namespace halvern

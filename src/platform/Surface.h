@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Controls.h"
+
+namespace halvern {
+
+/// The 16 colours of maps and labels, by number.
+namespace colour {
+enum Number : int {
+    Black,
+    Blue,
+    Green,
+    Cyan,
+    Red,
+    Magenta,
+    Brown,
+    White,
+    Grey,
+    LightBlue,
+    LightGreen,
+    LightCyan,
+    LightRed,
+    LightMagenta,
+    Yellow,
+    BrightWhite
+};
+}
+
+/// The rectangle of view coordinates that a surface shows. x is longitude, west positive, so `left` is the larger.
+struct ViewFrame {
+    double left = 0, top = 0, right = 1, bottom = 1;
+};
+
+/// What draws, or notes, the operations on a surface. All coordinates are view coordinates.
+class Painter {
+public:
+    virtual ~Painter() = default;
+    virtual void Clear() = 0;
+    virtual void SetFrame(const ViewFrame& frame) = 0;
+    virtual void Point(double x, double y, int colour) = 0;
+    /// From the current point, which moves to the end of the line.
+    virtual void LineTo(double x, double y, int colour) = 0;
+    virtual void Box(double x1, double y1, double x2, double y2, int colour) = 0;
+    virtual void Circle(double x, double y, double radius, int colour) = 0;
+    /// A picture file, from the top-left corner, `width` by `height` pixels.
+    virtual void Picture(const std::string& file, int width, int height) = 0;
+    /// What stands on another surface becomes the lasting picture of this one.
+    virtual void Keep(Painter& other) = 0;
+};
+
+enum class Pointer { Default, CrossHair, HourGlass, Arrow };
+enum class MouseButton { Left, Right };
+
+/// A surface to draw on. Every painter that is attached gets every operation.
+class Surface : public Control {
+public:
+    using Control::Control;
+    Surface(Form& form, std::string_view name) : Control(form, name) {}
+
+    void Attach(Painter& painter) { painters.push_back(&painter); }
+    void Detach(Painter& painter);
+
+    void Clear();
+    void SetFrame(const ViewFrame& frame);
+    void Point(double x, double y, int colour);
+    void LineTo(double x, double y, int colour);
+    void Box(double x1, double y1, double x2, double y2, int colour);
+    void Circle(double x, double y, double radius, int colour);
+    void Picture(const std::string& file, int width, int height);
+    /// The picture of `other` becomes the lasting picture of this surface; painters pair up in the order of attaching.
+    void Keep(Surface& other);
+
+    const ViewFrame& Frame() const { return frame; }
+    /// Size in pixels of an ordinary screen.
+    int Width() const { return width; }
+    int Height() const { return height; }
+    void SetSize(int width, int height);
+    /// Length of `pixels` pixels in view units.
+    double UnitsWide(double pixels) const;
+    double UnitsHigh(double pixels) const;
+
+    Pointer MousePointer() const { return pointer; }
+    void SetMousePointer(Pointer next) { Put(pointer, next); }
+    /// False while a map is drawn that comes on the screen as a whole.
+    bool AutoRepaint = false;
+
+    std::function<void(MouseButton, double x, double y)> OnMouseDown, OnMouseUp;
+    std::function<void(double x, double y)> OnMouseMove;
+
+private:
+    std::vector<Painter*> painters;
+    ViewFrame frame;
+    int width = 320, height = 240;
+    Pointer pointer = Pointer::Default;
+};
+
+/// A station's picture above the map. Left and top are view coordinates.
+struct PictureSprite {
+    std::string file;
+    int width = 0, height = 0; ///< pixels, as the file says
+    float left = 0, top = 0;
+    bool visible = false;
+};
+
+/// A station's label above the map.
+struct LabelSprite {
+    std::string caption;
+    int colour = colour::White;
+    int ground = colour::Black;
+    bool border = false;
+    float left = 0, top = 0;
+    bool visible = false;
+};
+
+/// Pictures or labels that float above a map, one an index. A watcher is told the row that changed, or RowsCleared
+/// when all may have.
+template <class Sprite> class SpriteArray : public Control {
+public:
+    SpriteArray(Form& form, std::string_view name) : Control(form, name), sprites(1) {}
+    int Count() const { return static_cast<int>(sprites.size()); }
+    bool Exists(int index) const { return index >= 0 && index < Count(); }
+    const Sprite& operator()(int index) const
+    {
+        Require(index);
+        return sprites[index];
+    }
+    /// Puts a sprite in, and makes the array as long as that needs.
+    void Set(int index, const Sprite& sprite)
+    {
+        if (index >= Count()) sprites.resize(index + 1);
+        Require(index);
+        sprites[index] = sprite;
+        Tell({Change::RowReplaced, index});
+    }
+    /// Changes one sprite in place.
+    template <class Edit> void Alter(int index, Edit edit)
+    {
+        Require(index);
+        edit(sprites[index]);
+        Tell({Change::RowReplaced, index});
+    }
+    void Show(int index, bool visible)
+    {
+        if (Exists(index)) Alter(index, [&](Sprite& sprite) { sprite.visible = visible; });
+    }
+    /// Destroys all but element 0.
+    void CutToFirst()
+    {
+        sprites.resize(1);
+        Tell({Change::RowsCleared});
+    }
+
+private:
+    void Require(int index) const
+    {
+        if (!Exists(index)) throw RuntimeFailure(failure::Subscript, "Subscript out of range");
+    }
+    std::vector<Sprite> sprites;
+};
+
+} // namespace halvern

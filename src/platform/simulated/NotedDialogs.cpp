@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/simulated/NotedDialogs.h"
+
+#include <array>
+
+#include "platform/ConsoleText.h"
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+constexpr std::array<const char*, 5> IconWords{"none", "critical", "stop", "question", "information"};
+
+std::string Sentence(std::initializer_list<std::string_view> words, std::initializer_list<std::string_view> texts)
+{
+    std::string line;
+    for (const auto word : words) line += std::string(line.empty() ? "" : " ") + std::string(word);
+    for (const auto text : texts) line += " " + ConsoleQuoted(text);
+    return line;
+}
+
+} // namespace
+
+void NotedDialogs::Line(const std::string& line) const
+{
+    if (Say) Say(line);
+}
+
+std::optional<NotedDialogs::Queued> NotedDialogs::NextAnswer()
+{
+    if (Answers.empty() && AskForAnswer) AskForAnswer();
+    if (Answers.empty()) return {};
+    auto answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+}
+
+std::optional<std::string> NotedDialogs::TextAnswer()
+{
+    const auto answer = NextAnswer();
+    if (!answer || answer->word) return {};
+    return answer->text;
+}
+
+void NotedDialogs::Message(Icon icon, const std::string& text, const std::string& title)
+{
+    Line(Sentence({"message", IconWords[static_cast<std::size_t>(icon)]}, {title, text}));
+}
+
+Answer NotedDialogs::Question(const std::string& text, const std::string& title)
+{
+    Line(Sentence({"question"}, {title, text}));
+    const auto answer = NextAnswer();
+    if (!answer || answer->text == "cancel") return Answer::Cancel;
+    return answer->text == "yes" ? Answer::Yes : Answer::No;
+}
+
+std::optional<std::string> NotedDialogs::Input(const std::string& prompt, const std::string& title,
+                                               const std::string& offered)
+{
+    Line(Sentence({"input"}, {title, prompt, offered}));
+    return TextAnswer();
+}
+
+std::optional<std::string> NotedDialogs::File(const FileRequest& request)
+{
+    Line(Sentence({"file", request.save ? "save" : "open"}, {request.title, request.filter, request.folder}));
+    auto path = TextAnswer();
+    if (!path || path->empty()) return {};
+    if (path->front() != '/' && path->front() != '\\' && !Holds(*path, ":")) {
+        const bool ended = !request.folder.empty() && (request.folder.back() == '/' || request.folder.back() == '\\');
+        path = request.folder + (ended ? "" : "/") + *path;
+    }
+    return path;
+}
+
+std::optional<Font> NotedDialogs::PickFont(const std::string& title, const Font& present)
+{
+    Line(Sentence({"input"}, {title, "Font", present.face + "," + PlainNumber(present.size)}));
+    const auto answer = TextAnswer();
+    if (!answer) return {};
+    const auto parts = SplitAt(*answer);
+    return Font{parts[0], parts.size() > 1 ? LeadingNumber(parts[1]) : present.size};
+}
+
+void NotedDialogs::ShowModal(Form& form)
+{
+    Line("modal " + form.Name());
+    form.Show();
+    if (RunModal && form.Visible()) RunModal(form);
+    if (form.Visible()) form.Hide();
+    Line("closed " + form.Name());
+}
+
+std::string NotedDialogs::Print(const std::string& printer, Control&)
+{
+    Line(Sentence({"printer"}, {printer}));
+    return {};
+}
+
+void NotedDialogs::Browse(const std::string& address)
+{
+    Line(Sentence({"browse"}, {address}));
+}
+
+void NotedDialogs::Help(const std::string& file)
+{
+    Line(Sentence({"help"}, {file}));
+}
+
+void NotedDialogs::ShowText(const std::string& file)
+{
+    Line(Sentence({"help"}, {file}));
+}
+
+void NotedDialogs::Bell()
+{
+    Line("bell");
+}
+
+void NotedDialogs::LetTimePass(int milliseconds)
+{
+    if (PassTime) PassTime(milliseconds);
+}
+
+} // namespace halvern

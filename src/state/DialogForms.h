@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/Controls.h"
+#include "state/Symbols.h"
+
+/// The dialogs.
+namespace halvern {
+
+/// Builds a digipeater path, entry by entry.
+struct AddPathForm : Form {
+    explicit AddPathForm(Controls& all) : Form(all, "AddPathFrm", "Create Path") {}
+    Label PathLbl{*this, "PathLbl"};
+    Choice PathOpt{*this, "PathOpt", {"WIDE1-1", "WIDE2-1", "WIDE2-2", "WIDE3-3", "Digi Call Sign"}};
+    TextField PathCallTxt{*this, "PathCallTxt"};
+    Button PathUpDateCmd{*this, "PathUpDateCmd", "&Update"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+    Button ClearCmd{*this, "ClearCmd", "C&lear"};
+    std::int16_t Hops = 0, Digis = 0;
+};
+
+struct KillMsgForm : Form {
+    explicit KillMsgForm(Controls& all) : Form(all, "KillMsgFrm", "Kill Message") {}
+    List KillLst{*this, "KillLst", ListStyle::MultiRows};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+/// Position, course, speed and comment of an object, as two dialogs have them.
+struct ObjectFieldsForm : Form {
+    using Form::Form;
+    TextField LatDegtxt{*this, "LatDegtxt", "", 2};
+    TextField LatMintxt{*this, "LatMintxt", "", 2};
+    TextField LatDectxt{*this, "LatDectxt", "", 2};
+    TextField LatSigntxt{*this, "LatSigntxt", "", 1};
+    TextField LonDegtxt{*this, "LonDegtxt", "", 3};
+    TextField LonMintxt{*this, "LonMintxt", "", 2};
+    TextField LonDectxt{*this, "LonDectxt", "", 2};
+    TextField LonSigntxt{*this, "LonSigntxt", "", 1};
+    NumberLabel ObjectCourselbl{*this, "ObjectCourselbl", 0, 360, "000"};
+    NumberLabel ObjectSpeedlbl{*this, "ObjectSpeedlbl", 0, 999, "000"};
+    TextField CommentTXT{*this, "CommentTXT", "", 43};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct CreateObjectsForm : ObjectFieldsForm {
+    explicit CreateObjectsForm(Controls& all) : ObjectFieldsForm(all, "CreateObjectsFrm", "Create and Send My Objects")
+    {
+        SymbolCombo.Add("NONE");
+        for (const auto symbol : StationSymbols) SymbolCombo.Add(symbol);
+        SymbolCombo.Preselect(0);
+    }
+    TextField ObjectNameTxt{*this, "ObjectNameTxt", "", 9};
+    List SymbolCombo{*this, "SymbolCombo", ListStyle::Combo};
+    std::string OverlayChar = " ";
+};
+
+struct MoveMyObjectForm : ObjectFieldsForm {
+    explicit MoveMyObjectForm(Controls& all) : ObjectFieldsForm(all, "MoveMyObjectFrm", "Move My Object") {}
+    List ObjectLst{*this, "ObjectLst"};
+};
+
+struct KillMyObjectsForm : Form {
+    explicit KillMyObjectsForm(Controls& all) : Form(all, "KillMyObjectsFrm", "Kill My Object") {}
+    List ObjectLst{*this, "ObjectLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct StpTransObjectsForm : Form {
+    explicit StpTransObjectsForm(Controls& all) : Form(all, "StpTransObjectsFrm", "Stop Sending My Object") {}
+    List ObjectLst{*this, "ObjectLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button ClearCmd{*this, "ClearCmd", "C&lear"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct TakeTransObjForm : Form {
+    explicit TakeTransObjForm(Controls& all) : Form(all, "TakeTransObjFrm", "Take Over Object") {}
+    List OthersObjLst{*this, "OthersObjLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct FindForm : Form {
+    explicit FindForm(Controls& all) : Form(all, "FindFrm", "Find Call Sign") {}
+    TextField FindPosTxt{*this, "FindPosTxt"};
+    TextField FindStatusTxt{*this, "FindStatusTxt"};
+    TextField FindDigiTxt{*this, "FindDigiTxt"};
+    TextField PhgTxt{*this, "PhgTxt"};
+    List RawPacCombo{*this, "RawPacCombo", ListStyle::Combo};
+    Button GoToCmd{*this, "GoToCmd", "&Go To"};
+    Button FindCloseCmd{*this, "FindCloseCmd", "&Close"};
+};
+
+struct FindFoundForm : Form {
+    explicit FindFoundForm(Controls& all) : Form(all, "FindFoundFrm", "Call Signs Found") {}
+    List CallSignLst{*this, "CallSignLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct InformationForm : Form {
+    explicit InformationForm(Controls& all) : Form(all, "InformationFrm", "Information") {}
+    List InformationLst{*this, "InformationLst"};
+    Button CloseCmd{*this, "CloseCmd", "&Close"};
+};
+
+struct BrowserForm : Form {
+    explicit BrowserForm(Controls& all) : Form(all, "browfrm", "Look Up") {}
+    TextField WebBrowser1{*this, "WebBrowser1"};
+    Button BackCommand{*this, "BackCommand", "&Back"};
+    Button FwdCommand{*this, "FwdCommand", "&Forward"};
+    Button BrowClose{*this, "BrowClose", "&Close"};
+};
+
+struct GraphForm : Form {
+    explicit GraphForm(Controls& all) : Form(all, "GraphFrm", "Graph") {}
+    List GraphLst{*this, "GraphLst"};
+    Label Graph1{*this, "Graph1"};
+    std::string BottomTitle, LeftTitle;
+    double UpperBound = 0, LowerBound = 0;
+    Button CloseCmd{*this, "CloseCmd", "&Close"};
+};
+
+struct CompassForm : Form {
+    explicit CompassForm(Controls& all) : Form(all, "CompassFrm", "Wind") {}
+    List CompassLst{*this, "CompassLst"};
+    List DirectionLst{*this, "DirectionLst"};
+    List SpeedLst{*this, "SpeedLst"};
+    Gauge DirGage{*this, "DirGage"};
+    Gauge Slider1{*this, "Slider1"};
+    Button RunSimulation{*this, "RunSimulation", "&Run"};
+    Button CancelButton{*this, "CancelButton", "&Close"};
+};
+
+struct ChosePrinterForm : Form {
+    explicit ChosePrinterForm(Controls& all) : Form(all, "ChosePrinter", "Choose A Printer") {}
+    List PrinterLst{*this, "PrinterLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct PosAlarmForm : Form {
+    explicit PosAlarmForm(Controls& all) : Form(all, "PosAlarmFrm", "Position Alarm") {}
+    List AlarmLst{*this, "AlarmLst", ListStyle::MultiRows};
+    Choice AlarmOpt{*this, "AlarmOpt", {"Alarm On", "Alarm Off"}};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+    std::string PosAlarmMode = "alarm"; ///< or "delete"
+};
+
+struct PosTrackForm : Form {
+    explicit PosTrackForm(Controls& all) : Form(all, "PosTrackFrm", "Position Track") {}
+    List TrackLst{*this, "TrackLst"};
+    Choice TrackOpt{*this, "TrackOpt", {"Track On", "Track Off"}};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct JustSymForm : Form {
+    explicit JustSymForm(Controls& all) : Form(all, "JustSym", "Just One Symbol") {}
+    List SymbolLst{*this, "SymbolLst", ListStyle::Rows, FilterSymbols};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct QueryForm : Form {
+    explicit QueryForm(Controls& all) : Form(all, "QueryFrm", "Query") {}
+    Choice QueryOpt{*this,
+                    "QueryOpt",
+                    {"Query All Stations", "Query All WX Stations", "Query All Igates", "Position/Status", "Position",
+                     "Status", "OutStanding Msg", "ObJects", "Stations Heard Direct", "Have You Heard", "Ping"}};
+    TextField HeardTxt{*this, "HeardTxt"};
+    List CallSignLst{*this, "CallSignLst"};
+    Button OkCmd{*this, "OkCmd", "&OK"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+};
+
+struct FontForm : Form {
+    explicit FontForm(Controls& all) : Form(all, "FontFrm", "Fonts") {}
+    Choice FormOpt{*this,
+                   "FormOpt",
+                   {"Position Form", "Status Form", "Digi Form", "Message Form", "Heard Form", "Raw Received",
+                    "Dx Form", "Weather Form", "Telemetry Form", "Find Form", "Kill Msg Form"}};
+    Button FontOkCmd{*this, "FontOkCmd", "&Font..."};
+    Button CancelCmd{*this, "CancelCmd", "&Close"};
+};
+
+/// Up to twenty calls whose packets go into a history file or come out of one.
+struct HistoryForm : Form {
+    explicit HistoryForm(Controls& all) : Form(all, "Hist", "Halvern History Export Form")
+    {
+        Search1.SetEnabled(false);
+    }
+    ControlArray<TextField> Callsign{
+        *this, "Callsign", 1, {"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", ""}};
+    Button Search1{*this, "Search1", "Export"};
+    Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+    bool HistExport = false;
+};
+
+} // namespace halvern

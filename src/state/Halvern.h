@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "state/ConMdiFrm.h"
+#include "state/DialogForms.h"
+#include "state/Engine.h"
+#include "state/MapFrm.h"
+#include "state/MessageFrm.h"
+#include "state/SetUpfrm.h"
+#include "state/StoreForms.h"
+
+namespace halvern {
+
+/// What the program needs of the world outside, besides its ports and timers, which are controls.
+struct OutsideWorld {
+    const Clock& clock;
+    Dialogs& dialogs;
+    Files& files;
+};
+
+/// The whole running program as data: what the operator sees is the state, and nothing here acts.
+struct Halvern {
+    Halvern(const OutsideWorld& outside, std::string programFolder)
+        : Outside(outside), ProgramFolder(std::move(programFolder))
+    {
+    }
+
+    OutsideWorld Outside;
+    std::string ProgramFolder; ///< the application directory, without a separator at its end
+    Controls All;
+
+    MainForm ConMdiFrm{All};
+    SetUpForm SetUpfrm{All};
+    MapForm MapFrm{All};
+    PositionForm PositionFrm{All};
+    StatusForm StatusFrm{All};
+    DigiForm DigiFrm{All};
+    MessageForm MessageFrm{All};
+    HeardForm HeardFrm{All};
+    TerminalForm TerminalFrm{All};
+    DxForm DxFrm{All};
+    WeatherForm WeatherFrm{All};
+    TelemetryForm TelemetryFrm{All};
+    AddPathForm AddPathFrm{All};
+    KillMsgForm KillMsgFrm{All};
+    CreateObjectsForm CreateObjectsFrm{All};
+    MoveMyObjectForm MoveMyObjectFrm{All};
+    KillMyObjectsForm KillMyObjectsFrm{All};
+    StpTransObjectsForm StpTransObjectsFrm{All};
+    TakeTransObjForm TakeTransObjFrm{All};
+    FindForm FindFrm{All};
+    FindFoundForm FindFoundFrm{All};
+    InformationForm InformationFrm{All};
+    BrowserForm browfrm{All};
+    GraphForm GraphFrm{All};
+    CompassForm CompassFrm{All};
+    ChosePrinterForm ChosePrinter{All};
+    PosAlarmForm PosAlarmFrm{All};
+    PosTrackForm PosTrackFrm{All};
+    JustSymForm JustSym{All};
+    QueryForm QueryFrm{All};
+    FontForm FontFrm{All};
+    HistoryForm Hist{All};
+
+    EngineState Engine;
+    MapState Map;
+
+    // what the program says most often
+    void Tell(Icon icon, const std::string& text) { Outside.dialogs.Message(icon, text); }
+    bool AnyMainPortOpen() const
+    {
+        return ConMdiFrm.PortTnc.Checked() || ConMdiFrm.SoundSoc.Connected() || ConMdiFrm.InternetSoc.Connected() ||
+               ConMdiFrm.Psk63Soc.Connected();
+    }
+};
+
+} // namespace halvern

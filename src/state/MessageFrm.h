@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Controls.h"
+
+namespace halvern {
+
+/// Messages and bulletins, received and sent. `OutMsg` is the queue of what waits for an ack; it is never shown.
+struct MessageForm : Form {
+    explicit MessageForm(Controls& all) : Form(all, "MessageFrm", "Message") {}
+
+    Choice SSTab2{*this, "SSTab2", {"Traffic", "Send", "Bulletins"}};
+    List TrafficLst{*this, "TrafficLst"};
+    List MsgToYouLst{*this, "MsgToYouLst"};
+    List BullLst{*this, "BullLst"};
+    List OutMsg{*this, "OutMsg"};
+    Label Label1{*this, "Label1", "To Callsign"};
+    TextField SendCallTxt{*this, "SendCallTxt", "", 9};
+    List MailUnPath{*this, "MailUnPath", ListStyle::TypedCombo, {"NONE", "WIDE2-2"}, 0};
+    TextField MsgTxt{*this, "MsgTxt", "", 67};
+    Button QueryCmd{*this, "QueryCmd", "&Query..."};
+    Button PSk63HelpCmd{*this, "PSk63HelpCmd", "PSK63 &Help"};
+    Timer Timer1{*this, "Timer1"};
+
+    std::int16_t MsgNumber = 0;  ///< last message number used in this run
+    std::int16_t RetryCycle = 0; ///< minutes in the slow phase of the retries
+    std::string LastPskMsg, LastPskTo;
+};
+
+} // namespace halvern

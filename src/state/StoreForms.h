@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Controls.h"
+
+/// The windows that show a store each. The store holds the rows, in the order the engine gives them; the list beside
+/// it, whose name begins with "Sh", is a copy for display that Refresh renews.
+namespace halvern {
+
+struct PositionForm : Form {
+    explicit PositionForm(Controls& all) : Form(all, "PositionFrm", "Position Form") {}
+    KeyedList PosLst{*this, "PosLst"};
+    List ShPosLst{*this, "ShPosLst"};
+};
+
+struct StatusForm : Form {
+    explicit StatusForm(Controls& all) : Form(all, "StatusFrm", "Status Form") {}
+    KeyedList StatusLst{*this, "StatusLst"};
+    List ShStatusLst{*this, "ShStatusLst"};
+};
+
+struct DigiForm : Form {
+    explicit DigiForm(Controls& all) : Form(all, "DigiFrm", "Digi Form") {}
+    KeyedList DigiLst{*this, "DigiLst"};
+    List ShDigiLst{*this, "ShDigiLst"};
+};
+
+/// Counts by station and UTC hour.
+struct HeardForm : Form {
+    explicit HeardForm(Controls& all) : Form(all, "HeardFrm", "Heard Form") {}
+    Grid HeardGrid{*this, "HeardGrid"};
+};
+
+struct TerminalForm : Form {
+    explicit TerminalForm(Controls& all) : Form(all, "TerminalFrm", "Raw Received") {}
+    List RawPacketLst{*this, "RawPacketLst"};
+    List ShRawPacketLst{*this, "ShRawPacketLst"};
+};
+
+struct DxForm : Form {
+    explicit DxForm(Controls& all) : Form(all, "DxFrm", "Dx Form") {}
+    List ResourceLst{*this, "ResourceLst"};
+    List ShResourceLst{*this, "ShResourceLst"};
+};
+
+/// Telemetry stays in the raw rows; the window is a place in the View menu and in the settings.
+struct TelemetryForm : Form {
+    explicit TelemetryForm(Controls& all) : Form(all, "TelemetryFrm", "Telemetry Form") {}
+};
+
+struct WeatherForm : Form {
+    explicit WeatherForm(Controls& all) : Form(all, "WeatherFrm", "Weather Form") {}
+    TextField CallSignTxt{*this, "CallSignTxt", "CALL SIGN"};
+    Choice GraphOpt{*this, "GraphOpt", {"Temperature", "Barometer", "Wind Speed"}};
+    Button ComputeCmd{*this, "ComputeCmd", "&Compute"};
+    List PacketLst{*this, "PacketLst"};
+};
+
+} // namespace halvern

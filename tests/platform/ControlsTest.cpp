@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Controls.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+struct SmallForm : Form {
+    explicit SmallForm(Controls& all) : Form(all, "SmallFrm", "Small") {}
+    KeyedList Stations{*this, "Stations"};
+    List Ladder{*this, "Ladder", ListStyle::Combo, {"one", "two", "three"}};
+    TextField Call{*this, "Call", "", 6};
+    ControlArray<MenuItem> Windows{*this, "Windows", 1, {"a", "b"}};
+    Timer Clock{*this, "Clock"};
+    Grid Heard{*this, "Heard"};
+};
+
+struct ControlsTest : ::testing::Test {
+    Controls all;
+    SmallForm form{all};
+};
+
+TEST_F(ControlsTest, EveryControlIsFoundByItsName)
+{
+    EXPECT_EQ(all.Find("SmallFrm"), &form);
+    EXPECT_EQ(all.Find("SmallFrm.Call"), &form.Call);
+    EXPECT_EQ(all.Find("SmallFrm.Windows(2)"), &form.Windows(2));
+    EXPECT_EQ(all.Find("SmallFrm.Windows(3)"), nullptr);
+}
+
+TEST_F(ControlsTest, TheFirstRowOfACallWinsHoweverLongTheStoreIs)
+{
+    for (int i = 0; i < 1000; ++i) form.Stations.Add(CallField("Q" + std::to_string(i)) + " row");
+    form.Stations.Add(CallField("Q7") + " a second row of the same call");
+    EXPECT_EQ(form.Stations.Find(CallField("Q7")), 7);
+    EXPECT_EQ(form.Stations.Find(CallField("Q999")), 999);
+    EXPECT_EQ(form.Stations.Find(CallField("q999")), NotFound);
+    form.Stations.Replace(7, CallField("Q8") + " another call now");
+    EXPECT_EQ(form.Stations.Find(CallField("Q7")), 1000);
+    EXPECT_EQ(form.Stations.Find(CallField("Q8")), 7);
+    form.Stations.Remove(7);
+    EXPECT_EQ(form.Stations.Find(CallField("Q8")), 7);
+    EXPECT_EQ(form.Stations.Find(CallField("Q9")), 8);
+    form.Stations.Clear();
+    EXPECT_EQ(form.Stations.Find(CallField("Q9")), NotFound);
+}
+
+TEST_F(ControlsTest, AComboClicksOnlyWhenItsSelectionChangesAListEachTime)
+{
+    int clicks = 0;
+    form.Ladder.OnClick = form.Stations.OnClick = [&] { ++clicks; };
+    form.Ladder.Click(1);
+    form.Ladder.Click(1);
+    EXPECT_EQ(clicks, 1);
+    form.Stations.Add("Q1");
+    form.Stations.Click(0);
+    form.Stations.Click(0);
+    EXPECT_EQ(clicks, 3);
+    EXPECT_THROW(form.Ladder.Click(3), RuntimeFailure);
+    EXPECT_EQ(form.Ladder.Text(), "two");
+}
+
+TEST_F(ControlsTest, AFieldHoldsNoMoreThanItsLongestText)
+{
+    for (const char key : std::string("Q1ABCDE")) form.Call.Press(key);
+    EXPECT_EQ(form.Call.Text(), "Q1ABCD");
+    form.Call.OnKey = [](int& key) { key = 0; };
+    form.Call.Press('x');
+    EXPECT_EQ(form.Call.Text(), "Q1ABCD");
+}
+
+TEST_F(ControlsTest, TheSelectionStaysWithItsRow)
+{
+    for (const auto* row : {"a", "b", "c"}) form.Stations.Add(row);
+    form.Stations.Select(1);
+    form.Stations.Insert("new", 0);
+    EXPECT_EQ(form.Stations.Text(), "b");
+    EXPECT_EQ(form.Stations.Selected(), 2);
+    form.Stations.Remove(2);
+    EXPECT_EQ(form.Stations.Selected(), -1);
+}
+
+TEST_F(ControlsTest, AFailureEndsOneHandlerAndIsTold)
+{
+    std::string told;
+    all.OnFailure = [&](const RuntimeFailure& failure) { told = failure.what(); };
+    bool reached = false;
+    all.Dispatch([&] {
+        form.Heard.Cell(9, 0);
+        reached = true;
+    });
+    EXPECT_FALSE(reached);
+    EXPECT_EQ(told, "Subscript out of range");
+}
+
+TEST_F(ControlsTest, AGridFindsItsRowsAndGrowsByRowsAndColumns)
+{
+    form.Heard.SetCell(1, 0, "Q1ABC");
+    form.Heard.AddRow();
+    form.Heard.SetCell(2, 0, "Q2ABC");
+    form.Heard.AddColumn();
+    EXPECT_EQ(form.Heard.FindRow("Q2ABC", 1), 2);
+    EXPECT_EQ(form.Heard.Cell(2, 2), "");
+    form.Heard.SetSize(2, 2);
+    EXPECT_EQ(form.Heard.FindRow("Q2ABC", 1), NotFound);
+}
+
+TEST(TextTest, NumbersAreReadAndWrittenAsOperatorsWriteThem)
+{
+    struct Case {
+        const char* text;
+        double number;
+    };
+    for (const auto& [text, number] : {Case{" 12.5kn", 12.5},
+                                       {"-7", -7},
+                                       {"+3", 3},
+                                       {".25", 0.25},
+                                       {"", 0},
+                                       {"abc", 0},
+                                       {"1.2.3", 1.2},
+                                       {"-", 0},
+                                       {"5 Min", 5}})
+        EXPECT_EQ(LeadingNumber(text), number) << text;
+    EXPECT_EQ(PlainNumber(-0.5), "-0.5");
+    EXPECT_EQ(SignedNumber(12), " 12");
+    EXPECT_EQ(SignedNumber(-12), "-12");
+    EXPECT_EQ(ZeroFilled(7, 3), "007");
+    EXPECT_EQ(ZeroFilled(-7, 3), "-7");
+    for (const auto& [half, even] : {std::pair{0.5, 0L}, {1.5, 2L}, {2.5, 2L}, {-0.5, 0L}, {12.5, 12L}, {13.5, 14L}})
+        EXPECT_EQ(RoundHalfToEven(half), even) << half;
+}
+
+TEST(TextTest, ColumnsNeverReachPastTheEnd)
+{
+    EXPECT_EQ(Columns("abc", 2, 5), "bc");
+    EXPECT_EQ(Columns("abc", 4, 1), "");
+    EXPECT_EQ(Columns("abc", 0, 1), "");
+    EXPECT_EQ(ColumnAt("abc", 4), '\0');
+    EXPECT_EQ(PositionOf("a:b:c", ':', 3), 4u);
+    EXPECT_EQ(PositionOf("abc", "", 4), 4u);
+    EXPECT_EQ(PositionOf("abc", "x"), 0u);
+    EXPECT_EQ(CallField("N0CALL-12X"), "N0CALL-12");
+}
+
+} // namespace
+} // namespace halvern

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Station.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace halvern::test {
+
+TemporaryFolder::TemporaryFolder()
+{
+    auto pattern = (fs::temp_directory_path() / "halvern-XXXXXX").string();
+    path = ::mkdtemp(pattern.data());
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(path, ignored);
+}
+
+void TemporaryFolder::Put(const std::string& name, std::string_view bytes) const
+{
+    fs::create_directories((fs::path(path) / name).parent_path());
+    std::ofstream(fs::path(path) / name, std::ios::binary) << bytes;
+}
+
+std::string DataFolder()
+{
+    return std::string(HALVERN_SOURCE) + "/data";
+}
+
+std::string TrafficFile(const std::string& name)
+{
+    const char* folder = std::getenv("HALVERN_TRAFFIC");
+    const auto file = fs::path(folder != nullptr ? folder : HALVERN_SOURCE "/../shared/traffic") / name;
+    return fs::exists(file) ? file.string() : std::string{};
+}
+
+Station::Station(std::string programFolder)
+    : halvern({time, dialogs, files}, std::move(programFolder)), ports(halvern.All), map(halvern.MapFrm.Map1),
+      picture(halvern.MapFrm.Pic1)
+{
+    dialogs.Say = [this](const std::string& line) { said.push_back(line); };
+    dialogs.PassTime = [this](int milliseconds) { time.Wait(milliseconds); };
+    time.Drive(halvern.All);
+    ConnectHandlers(halvern);
+}
+
+void Station::SetUp()
+{
+    auto& setUp = halvern.SetUpfrm;
+    const std::pair<TextField*, const char*> texts[] = {
+        {&setUp.CallSignTxt, "Q0OWN"}, {&setUp.LatDegtxt, "40"},   {&setUp.LatMintxt, "49"},  {&setUp.LatDectxt, "14"},
+        {&setUp.LatSigntxt, "N"},      {&setUp.LonDegtxt, "073"},  {&setUp.LonMintxt, "08"},  {&setUp.LonDectxt, "41"},
+        {&setUp.LonSigntxt, "W"},      {&setUp.CommentTXT, "own"}, {&setUp.StatusTXT, "here"}};
+    for (const auto& [field, text] : texts) field->SetText(text);
+    setUp.SymbolCombo.Preselect(setUp.SymbolCombo.IndexOf("House VHF /-"));
+    halvern.Engine.OwnCall = "Q0OWN";
+}
+
+void Station::Hear(std::string, std::string_view) {} // until there is an engine
+
+std::vector<std::string> Station::Rows(const List& list)
+{
+    std::vector<std::string> rows;
+    for (int i = 0; i < list.Count(); ++i) rows.push_back(list.Row(i));
+    return rows;
+}
+
+std::vector<std::string> Station::TakeSaid()
+{
+    return std::exchange(said, {});
+}
+
+} // namespace halvern::test

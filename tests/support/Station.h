@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/Handlers.h"
+#include "platform/simulated/Devices.h"
+#include "platform/simulated/NotedDialogs.h"
+#include "platform/simulated/NotedDrawing.h"
+#include "platform/simulated/Time.h"
+#include "state/Halvern.h"
+
+namespace halvern::test {
+
+/// A folder of its own, gone at the end.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    const std::string& Path() const { return path; }
+    void Put(const std::string& name, std::string_view bytes) const;
+
+private:
+    std::string path;
+};
+
+/// The project's own data as an application directory.
+std::string DataFolder();
+/// Recorded traffic, or an empty text where there is none on this machine.
+std::string TrafficFile(const std::string& name);
+
+/// A station under the simulated platform: handlers connected, nothing loaded yet.
+class Station {
+public:
+    explicit Station(std::string programFolder = DataFolder());
+
+    /// A station of call Q0OWN (SSID 0) near New York, symbol house, no path; row 0 of its stores is itself.
+    void SetUp();
+    /// One line as a port would hand it over.
+    void Hear(std::string line, std::string_view tag = "TNC");
+    /// All rows of a store.
+    static std::vector<std::string> Rows(const List& list);
+    /// What was said since last asked, as console lines.
+    std::vector<std::string> TakeSaid();
+
+    SimulatedTime time;
+    NotedDialogs dialogs;
+    DiskFiles files;
+    Halvern halvern;
+    SimulatedPorts ports;
+    NotedDrawing map, picture;
+
+private:
+    std::vector<std::string> said;
+};
+
+} // namespace halvern::test
