@@ -5,6 +5,8 @@
 #include <fstream>
 #include <utility>
 
+#include "engine/ProcessPacket.h"
+
 namespace fs = std::filesystem;
 
 namespace halvern::test {
@@ -61,7 +63,10 @@ void Station::SetUp()
     halvern.Engine.OwnCall = "Q0OWN";
 }
 
-void Station::Hear(std::string, std::string_view) {} // until there is an engine
+void Station::Hear(std::string line, std::string_view tag)
+{
+    ProcessPacket(halvern, line, tag);
+}
 
 std::vector<std::string> Station::Rows(const List& list)
 {

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include "state/Halvern.h"
+
+namespace halvern {
+
+/// Puts a new station's picture and label on the map.
+///
+/// @param index      its row in `PosLst`
+/// @param dataField  the report from its type character on
+/// @param latitude   degrees, north positive; `longitude` west positive
+/// @throws RuntimeFailure when the picture can't be loaded
+void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const std::string& symFile,
+               std::string_view call, float latitude, float longitude);
+
+/// Moves a station's pair, and shows it.
+void PlaceSymbol(Halvern& halvern, int index, float latitude, float longitude);
+
+/// Loads another picture for a station, and keeps its file in the plot record.
+/// @throws RuntimeFailure when the picture can't be loaded
+void ChangeSymbol(Halvern& halvern, int index, const std::string& symFile);
+
+/// Lays out every station anew for the present view. Reads no file and no row.
+void ReplotStations(Halvern& halvern);
+
+/// Range circles for the stations from row `start` on. @param mode  0 fixed, 1 mobile
+void PlotPhg(Halvern& halvern, int mode, int start);
+
+} // namespace halvern
