@@ -156,6 +156,8 @@ std::vector<std::string_view> LinesOf(std::string_view bytes)
 
 long RoundHalfToEven(double number)
 {
+    constexpr double exact = 9007199254740992.0; // beyond 2^53 there are no halves, and a long might overflow
+    if (!(number > -exact && number < exact)) return number > 0 ? static_cast<long>(exact) : -static_cast<long>(exact);
     const double below = std::floor(number);
     const double rest = number - below;
     auto whole = static_cast<long>(below);

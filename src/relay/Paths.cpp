@@ -7,6 +7,7 @@ namespace halvern {
 namespace {
 
 constexpr int Unreadable = 100;
+constexpr long MostHops = 32767; // counts are 16 bits wide
 constexpr const char* NoGood = "Path No Good";
 
 /// A digit text, or nothing where its value is 0: an alias with "0" counts like one without a number.
@@ -17,17 +18,18 @@ std::string_view NonZero(std::string_view digits)
 
 struct EntryHops {
     bool counts = false; ///< the entry says something about hops
-    int hops = 0;
+    long hops = 0;
 };
 
 /// @param index  0-based place of the entry in its path
 EntryHops HopsOf(std::string_view entry, int index)
 {
-    const bool used = Holds(entry, "*");
-    const auto value = [](std::string_view text) { return static_cast<int>(RoundHalfToEven(LeadingNumber(text))); };
+    bool used = Holds(entry, "*");
+    const auto value = [](std::string_view text) { return RoundHalfToEven(LeadingNumber(text)); };
     if (const auto dash = PositionOf(entry, '-'); dash != 0) {
         const auto wanted = NonZero(Columns(entry, dash - 1, 1));
-        const int difference = value(wanted) - value(Columns(entry, dash + 1));
+        used = Holds(Columns(entry, dash + 1), "*");
+        const long difference = value(wanted) - value(Columns(entry, dash + 1));
         if (!wanted.empty()) return {difference != 0, difference};
         return {used, 1 + index};
     }
@@ -42,14 +44,15 @@ EntryHops HopsOf(std::string_view entry, int index)
 int PathHopCount(std::string_view path)
 {
     if (path == "0" || path == "None") return 0;
-    int hops = 0;
+    long hops = 0;
     int index = 0;
     for (const auto& entry : SplitAt(path)) {
         if (PositionOf(entry, '-') == 1) return Unreadable; // nothing stands before the dash to be read
         const auto [counts, more] = HopsOf(entry, index++);
         if (counts) hops += more;
+        if (hops < -MostHops || hops > MostHops) return Unreadable;
     }
-    return hops;
+    return static_cast<int>(hops);
 }
 
 std::string CheckUnprotoPath(std::string_view path)
