@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/QtSerialDevice.h"
+
+#include <cstdlib>
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include "platform/Text.h"
+#include "platform/qt/Application.h"
+#include "platform/qt/ComPorts.h"
+#include "platform/qt/QtPlatform.h"
+#include "support/Station.h"
+
+namespace halvern {
+namespace {
+
+using test::RunFor;
+using test::RunUntil;
+
+/// The far end of a serial cable: a pseudo-terminal whose other side is a device file.
+class Cable {
+public:
+    Cable() : far(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        ::grantpt(far);
+        ::unlockpt(far);
+        termios raw{};
+        ::tcgetattr(far, &raw);
+        ::cfmakeraw(&raw);
+        ::tcsetattr(far, TCSANOW, &raw);
+    }
+    ~Cable() { Unplug(); }
+    Cable(const Cable&) = delete;
+    Cable& operator=(const Cable&) = delete;
+    std::string Device() const { return ::ptsname(far); }
+    void Send(std::string_view bytes) const
+    {
+        EXPECT_EQ(::write(far, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    std::string Take() const
+    {
+        char bytes[4096];
+        const auto count = ::read(far, bytes, sizeof bytes);
+        return {bytes, static_cast<std::size_t>(count > 0 ? count : 0)};
+    }
+    void Unplug()
+    {
+        if (far >= 0) ::close(far);
+        far = -1;
+    }
+
+private:
+    int far;
+};
+
+struct SerialForm : Form {
+    explicit SerialForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
+    SerialPort Tnc{*this, "Tnc", '\xC0'};
+    SerialPort Gps{*this, "Gps"};
+};
+
+struct SerialTest : ::testing::Test {
+    void Open(SerialPort& port, int number = 1)
+    {
+        port.PortNumber = number;
+        port.Settings = "9600,n,8,1";
+        const auto error = port.Open();
+        ASSERT_FALSE(error) << error->description;
+        port.ReceiveThreshold = 1;
+        port.OnReceive = [&](int code) {
+            EXPECT_EQ(code, ReceivedBytes);
+            events.push_back(port.ReadAll());
+        };
+    }
+    /// The refusal of an open of Com1 at this device.
+    PortError Refused(const std::string& device, const std::string& settings = "9600,n,8,1")
+    {
+        devices = {{1, device}};
+        form.Tnc.PortNumber = 1;
+        form.Tnc.Settings = settings;
+        const auto error = form.Tnc.Open();
+        EXPECT_FALSE(form.Tnc.IsOpen());
+        EXPECT_TRUE(error.has_value());
+        return error.value_or(PortError{});
+    }
+
+    Cable cable;
+    std::map<int, std::string> devices{{1, cable.Device()}};
+    Controls all;
+    SerialForm form{all};
+    QtSerialDevice tnc{form.Tnc, [this] { return devices; }};
+    QtSerialDevice gps{form.Gps, [this] { return devices; }};
+    std::vector<std::string> events;
+};
+
+TEST_F(SerialTest, FramesComeOneAnEventAndBytesGoOutUntouched)
+{
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+    Open(form.Tnc);
+    form.Tnc.Write(bytes);
+    std::string out;
+    EXPECT_TRUE(RunUntil([&] { return (out += cable.Take()).size() >= bytes.size(); }));
+    EXPECT_EQ(out, bytes);
+
+    cable.Send(std::string("\xC0\0fra", 5));
+    RunFor(50);
+    cable.Send("me\xC0\xC0 second\xC0");
+    EXPECT_TRUE(RunUntil([&] { return events.size() >= 4; }));
+    EXPECT_EQ(events, (std::vector<std::string>{"\xC0", std::string("\0frame\xC0", 7), "\xC0", " second\xC0"}));
+}
+
+TEST_F(SerialTest, BytesBelowTheThresholdWaitInThePort)
+{
+    Open(form.Gps);
+    form.Gps.ReceiveThreshold = 0;
+    cable.Send("$GPRMC");
+    EXPECT_TRUE(RunUntil([&] { return form.Gps.Waiting() == 6; }));
+    EXPECT_TRUE(events.empty());
+    form.Gps.DiscardInput();
+    form.Gps.ReceiveThreshold = 4;
+    cable.Send("abc");
+    EXPECT_TRUE(RunUntil([&] { return form.Gps.Waiting() == 3; }));
+    EXPECT_TRUE(events.empty());
+    cable.Send("d");
+    EXPECT_TRUE(RunUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events[0], "abcd");
+}
+
+TEST_F(SerialTest, ADeviceUnpluggedInTheMiddleIsLostQuietlyAndOpensAgain)
+{
+    Open(form.Tnc);
+    cable.Send("one\xC0two");
+    EXPECT_TRUE(RunUntil([&] { return !events.empty(); }));
+    cable.Unplug();
+    EXPECT_TRUE(RunUntil([&] { return !form.Tnc.IsOpen(); }));
+    form.Tnc.Write("lost");
+    form.Tnc.DiscardOutput();
+    EXPECT_EQ(events.back(), "two");
+    form.Tnc.Close();
+
+    const Cable again;
+    devices = {{1, again.Device()}};
+    Open(form.Tnc);
+    events.clear();
+    again.Send("back\xC0");
+    EXPECT_TRUE(RunUntil([&] { return !events.empty(); }));
+    EXPECT_EQ(events[0], "back\xC0");
+}
+
+TEST_F(SerialTest, ARefusedOpenSaysWhatToDo)
+{
+    Open(form.Gps);
+    const auto busy = Refused(cable.Device());
+    EXPECT_EQ(busy.source, "Tnc");
+    EXPECT_TRUE(Holds(busy.description, "Another program")) << busy.description;
+    form.Gps.Close();
+
+    EXPECT_TRUE(Holds(Refused("/dev/no-such-device").description, "plugged in"));
+    EXPECT_TRUE(Holds(Refused("").description, "comports.txt"));
+    EXPECT_TRUE(Holds(Refused("/dev/null").description, "serial device"));
+    EXPECT_TRUE(Holds(Refused(cable.Device(), "fast,n,8,1").description, "another speed"));
+    EXPECT_TRUE(Holds(Refused(cable.Device(), "9600").description, "another speed"));
+}
+
+TEST_F(SerialTest, AMissingPermissionNamesTheGroupToJoin)
+{
+    ASSERT_EQ(::chmod(cable.Device().c_str(), 0), 0);
+    const bool root = ::geteuid() == 0;
+    const int lowered = root ? ::seteuid(65534) : 0;
+    const auto refusal = Refused(cable.Device());
+    ASSERT_EQ(lowered | (root ? ::seteuid(0) : 0), 0);
+    EXPECT_TRUE(Holds(refusal.description, "no permission")) << refusal.description;
+    EXPECT_TRUE(Holds(refusal.description, "adduser")) << refusal.description;
+}
+
+TEST(ComPortsTest, PinnedDevicesKeepTheirNumberAndTheOthersFillUp)
+{
+    const std::vector<std::string> found{"/dev/ttyUSB10", "/dev/ttyUSB2", "/dev/ttyS0", "/dev/ttyACM0"};
+    using Ports = std::map<int, std::string>;
+    EXPECT_EQ(AssignComPorts("", found),
+              (Ports{{1, "/dev/ttyACM0"}, {2, "/dev/ttyS0"}, {3, "/dev/ttyUSB2"}, {4, "/dev/ttyUSB10"}}));
+    EXPECT_EQ(
+        AssignComPorts("# mine\r\n Com2 /dev/ttyUSB10\r\ncom16\t/dev/tnc one\nCom17 /dev/x\nCom0 /dev/y\nCom3\n",
+                       found),
+        (Ports{
+            {1, "/dev/ttyACM0"}, {2, "/dev/ttyUSB10"}, {3, "/dev/ttyS0"}, {4, "/dev/ttyUSB2"}, {16, "/dev/tnc one"}}));
+    EXPECT_EQ(AssignComPorts("", std::vector<std::string>(40, "/dev/ttyS1")).size(), 16u);
+}
+
+TEST(QtPlatformTest, EquipsAStationsPortsAndTimers)
+{
+    const Cable cable;
+    const test::TemporaryFolder folder;
+    folder.Put("comports.txt", "Com3 " + cable.Device() + "\n");
+    Controls all;
+    struct TimedForm : SerialForm {
+        using SerialForm::SerialForm;
+        Timer Clock{*this, "Clock"};
+    } form{all};
+    const QtPlatform platform(all, folder.Path());
+
+    form.Gps.PortNumber = 3;
+    form.Gps.Settings = "4800,n,8,1";
+    EXPECT_FALSE(form.Gps.Open());
+
+    int ticks = 0;
+    form.Clock.OnTick = [&] {
+        if (++ticks == 3) form.Clock.Stop();
+        if (ticks == 1) throw RuntimeFailure(failure::Overflow, "ends this tick only");
+    };
+    form.Clock.SetInterval(10);
+    RunFor(50);
+    EXPECT_EQ(ticks, 0) << "not enabled yet";
+    form.Clock.SetEnabled(true);
+    RunFor(300);
+    EXPECT_EQ(ticks, 3);
+    form.Clock.Start(100);
+    for (int i = 0; i < 10; ++i) {
+        RunFor(20);
+        form.Clock.SetInterval(101 - i % 2); // each change starts the wait anew
+    }
+    EXPECT_EQ(ticks, 3);
+}
+
+} // namespace
+} // namespace halvern

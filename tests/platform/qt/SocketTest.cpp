@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/QtSocketDevice.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+
+#include "platform/qt/Application.h"
+
+namespace halvern {
+namespace {
+
+using test::RunFor;
+using test::RunUntil;
+using Events = std::vector<std::string>;
+
+struct PortForm : Form {
+    explicit PortForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
+    Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, '\n'};
+    Socket Frames{*this, "Frames", "127.0.0.1", 0, 1000, '\xC0'};
+    Socket Raw{*this, "Raw", "127.0.0.1", 0, 1000};
+};
+
+/// A server on this machine, and a port of ours that notes its events.
+struct SocketTest : ::testing::Test {
+    void SetUp() override { ASSERT_TRUE(server.listen(QHostAddress::LocalHost)); }
+
+    void Open(Socket& socket)
+    {
+        events.clear();
+        socket.RemotePort = server.serverPort();
+        socket.OnReceive = [&] { events.push_back(socket.ReadAll()); };
+        ASSERT_EQ(socket.Connect(), 0);
+        ASSERT_TRUE(RunUntil([&] { return server.hasPendingConnections(); }));
+        peer.reset(server.nextPendingConnection());
+        peer->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    }
+    void Send(std::string_view bytes) const
+    {
+        peer->write(bytes.data(), static_cast<qint64>(bytes.size()));
+        peer->flush();
+        QApplication::processEvents();
+    }
+    Events Received(std::size_t count)
+    {
+        EXPECT_TRUE(RunUntil([&] { return events.size() >= count; }));
+        return events;
+    }
+
+    Controls all;
+    PortForm form{all};
+    QtSocketDevice lines{form.Lines}, frames{form.Frames}, raw{form.Raw};
+    QTcpServer server;
+    std::unique_ptr<QTcpSocket> peer;
+    Events events;
+};
+
+/// 1,000 pieces that each end in the mark, with every byte value among them.
+Events Pieces(char mark)
+{
+    Events pieces;
+    for (int i = 0; i < 1000; ++i) {
+        std::string piece = "Q" + std::to_string(i) + ">APHV01:";
+        for (int k = 0; k < i % 40; ++k) piece += static_cast<char>(i * 7 + k * 13);
+        piece.erase(std::remove(piece.begin(), piece.end(), mark), piece.end());
+        pieces.push_back(piece + mark);
+    }
+    return pieces;
+}
+
+std::string Joined(const Events& pieces)
+{
+    std::string stream;
+    for (const auto& piece : pieces) stream += piece;
+    return stream;
+}
+
+TEST_F(SocketTest, EventsAreTheSameHoweverTheStreamIsCut)
+{
+    for (auto* socket : {&form.Lines, &form.Frames}) {
+        const auto pieces = Pieces(*socket->EndMark);
+        const auto stream = Joined(pieces);
+        Open(*socket);
+        Send(stream);
+        EXPECT_EQ(Received(pieces.size()), pieces) << "in one write";
+
+        events.clear();
+        for (const char byte : stream) Send({&byte, 1});
+        EXPECT_EQ(Received(pieces.size()), pieces) << "a byte at a time";
+    }
+    // Each round cuts every line once, at its own column: over all rounds every position of the stream is a cut.
+    const auto pieces = Pieces('\n');
+    Open(form.Lines);
+    for (std::size_t column = 1; column < 64; ++column) {
+        events.clear();
+        std::string rest;
+        for (const auto& piece : pieces) {
+            Send(rest + piece.substr(0, column));
+            rest = piece.size() > column ? piece.substr(column) : std::string();
+        }
+        Send(rest);
+        ASSERT_EQ(Received(pieces.size()), pieces) << "cut at column " << column;
+    }
+}
+
+TEST_F(SocketTest, WithoutAnEndMarkEachArrivalIsAnEvent)
+{
+    Open(form.Raw);
+    Send("half");
+    Received(1);
+    Send("\xC0\n\xFF");
+    EXPECT_EQ(Received(2), (Events{"half", "\xC0\n\xFF"}));
+}
+
+TEST_F(SocketTest, AnUnfinishedLineIsDeliveredAfterFiveQuietSeconds)
+{
+    Open(form.Lines);
+    Send("# no line end");
+    RunFor(4000);
+    EXPECT_TRUE(events.empty());
+    EXPECT_TRUE(RunUntil([&] { return !events.empty(); }, 3000));
+    EXPECT_EQ(events, Events{"# no line end"});
+}
+
+TEST_F(SocketTest, AHangUpComesAfterTheLastBytes)
+{
+    form.Lines.OnDisconnect = [&] {
+        EXPECT_FALSE(form.Lines.Connected());
+        events.push_back("hung up");
+    };
+    Open(form.Lines);
+    Send("one\ntwo\nrest");
+    peer->close();
+    EXPECT_EQ(Received(4), (Events{"one\n", "two\n", "rest", "hung up"}));
+    form.Lines.Write("lost"); // nothing must come of it
+    Open(form.Lines);
+    Send("again\n");
+    EXPECT_EQ(Received(1), Events{"again\n"});
+}
+
+TEST_F(SocketTest, NothingIsDeliveredOnceThePortIsClosed)
+{
+    form.Lines.OnDisconnect = [&] { events.push_back("hung up"); };
+    Open(form.Lines);
+    form.Lines.OnReceive = [&] {
+        events.push_back(form.Lines.ReadAll());
+        form.Lines.Disconnect();
+    };
+    Send("one\ntwo\nthree\nre");
+    RunFor(100);
+    EXPECT_EQ(events, Events{"one\n"});
+    Open(form.Lines);
+    Send("st\n");
+    EXPECT_EQ(Received(1), Events{"st\n"}) << "what an older connection left belongs to nobody";
+}
+
+TEST_F(SocketTest, ADialogInAHandlerDoesNotStopThePortNorMixItsOrder)
+{
+    Open(form.Lines);
+    form.Lines.OnReceive = [&] {
+        events.push_back(form.Lines.ReadAll());
+        if (events.size() != 1) return;
+        RunUntil([&] { return events.size() >= 4; });
+    };
+    Send("one\ntwo\n");
+    Send("three\nfour\n");
+    EXPECT_EQ(Received(4), (Events{"one\n", "two\n", "three\n", "four\n"}));
+}
+
+TEST_F(SocketTest, AConnectThatFailsSaysSoInItsTime)
+{
+    server.close();
+    QElapsedTimer clock;
+    clock.start();
+    for (const auto* host : {"127.0.0.1", "no-such-host.invalid", "192.0.2.1", ""}) {
+        form.Lines.HostName = host;
+        form.Lines.RemotePort = 9;
+        EXPECT_NE(form.Lines.Connect(), 0) << host;
+        EXPECT_FALSE(form.Lines.Connected());
+    }
+    form.Lines.RemotePort = 70000;
+    EXPECT_NE(form.Lines.Connect(), 0);
+    EXPECT_LT(clock.elapsed(), 4500);
+}
+
+TEST_F(SocketTest, BytesGoOutAsTheyAreAndBeforeTheClose)
+{
+    Open(form.Lines);
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+    form.Lines.Write(bytes);
+    form.Lines.Disconnect();
+    EXPECT_TRUE(RunUntil([&] { return peer->state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_EQ(peer->readAll().toStdString(), bytes);
+}
+
+} // namespace
+} // namespace halvern
