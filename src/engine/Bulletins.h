@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include "platform/Controls.h"
+
+namespace halvern {
+
+/// Files a bulletin: an update in the place of the one it updates, a new one among those of its source, lettered ones
+/// by letter and numbered ones by number.
+///
+/// @param row  "source>addressee:text", the addressee beginning "BLN"
+/// @return false for a row that is there already
+bool FileBulletin(List& store, std::string_view row);
+
+/// The first row that equals a row without regard to case, or NotFound.
+int FindSameRow(const List& store, std::string_view row);
+
+} // namespace halvern

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/HeardCount.h"
+
+#include "engine/UtcTime.h"
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+/// "dd/hh:mm", the moment at which a column opens.
+std::string ColumnLabel(const Moment& moment)
+{
+    return ZeroFilled(moment.day, 2) + "/" + ZeroFilled(moment.hour, 2) + ":" + ZeroFilled(moment.minute, 2);
+}
+
+std::string_view DayOf(std::string_view label)
+{
+    return Columns(label, 1, 2);
+}
+
+std::string_view HourOf(std::string_view label)
+{
+    return Columns(label, 4, 2);
+}
+
+/// One column an hour, a day of them: an hour that comes round on another day starts the grid again.
+void TurnThePage(Halvern& halvern, const std::string& now)
+{
+    auto& grid = halvern.HeardFrm.HeardGrid;
+    const auto& first = grid.Cell(0, 1);
+    if (HourOf(first) == HourOf(now) && DayOf(first) != DayOf(now)) {
+        halvern.ConMdiFrm.HeardOnRfLst.Clear();
+        ClearHeardGrid(halvern);
+    }
+    const int last = grid.Cols() - 1;
+    if (HourOf(grid.Cell(0, last)) == HourOf(now)) return;
+    grid.AddColumn();
+    grid.SetCell(0, last + 1, now);
+    for (int row = 1; row < grid.Rows(); ++row) grid.SetCell(row, last + 1, "0");
+}
+
+bool IsOwnPacketAsSent(const Halvern& halvern)
+{
+    const auto& engine = halvern.Engine;
+    return engine.PathText == halvern.SetUpfrm.UnPath.Text() && engine.SourceCall == engine.OwnCall;
+}
+
+} // namespace
+
+void ClearHeardGrid(Halvern& halvern)
+{
+    auto& grid = halvern.HeardFrm.HeardGrid;
+    grid.Clear();
+    grid.SetSize(2, 2);
+    grid.SetCell(0, 0, "Call Sign");
+    grid.SetCell(0, 1, ColumnLabel(UtcNow(halvern.Outside.clock)));
+    grid.SetCell(1, 0, halvern.Engine.OwnCall);
+    grid.SetCell(1, 1, "0");
+}
+
+void CountHeard(Halvern& halvern)
+{
+    if (halvern.Engine.ReviewMode) return;
+    auto& grid = halvern.HeardFrm.HeardGrid;
+    TurnThePage(halvern, ColumnLabel(UtcNow(halvern.Outside.clock)));
+    const int last = grid.Cols() - 1;
+    const int row = grid.FindRow(halvern.Engine.SourceCall, 1);
+    if (row == NotFound) {
+        grid.AddRow();
+        grid.SetCell(grid.Rows() - 1, 0, halvern.Engine.SourceCall);
+        grid.SetCell(grid.Rows() - 1, last, "1");
+    } else if (!IsOwnPacketAsSent(halvern)) {
+        grid.SetCell(row, last, std::to_string(static_cast<long>(LeadingNumber(grid.Cell(row, last))) + 1));
+    }
+    halvern.HeardFrm.SetCaption("Heard Form: Total Stations Heard = " + std::to_string(grid.Rows() - 1));
+}
+
+} // namespace halvern
