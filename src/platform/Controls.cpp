@@ -125,6 +125,14 @@ void Form::Unload()
     Fire(OnUnload);
 }
 
+void Form::PressCloseBox()
+{
+    if (OnCloseBox)
+        OnCloseBox();
+    else
+        Unload();
+}
+
 PropertyTexts Form::Describe() const
 {
     return Before({Quoted("caption", caption)}, Control::Describe());
@@ -138,6 +146,11 @@ PropertyTexts Label::Describe() const
 int NumberLabel::Number() const
 {
     return static_cast<int>(LeadingNumber(Caption()));
+}
+
+void NumberLabel::SetNumber(int number)
+{
+    SetCaption(ZeroFilled(number, width));
 }
 
 MenuItem::MenuItem(Form& form, std::string_view name, std::string caption,

@@ -149,6 +149,7 @@ public:
     Event OnLoad, OnActivate, OnUnload, OnResize;
     /// The operator pressed the close box. Without a handler the form unloads.
     Event OnCloseBox;
+    void PressCloseBox();
 
 private:
     std::string caption;
@@ -177,11 +178,16 @@ using Frame = Label;
 class NumberLabel : public Label {
 public:
     NumberLabel(Form& form, std::string_view name, int least, int most, std::string caption)
-        : Label(form, name, std::move(caption)), least(least), most(most)
+        : Label(form, name, std::move(caption)), least(least), most(most), width(static_cast<int>(Caption().size()))
     {
     }
     const int least, most;
     int Number() const;
+    /// Shows another number, in no fewer digits than the first one had.
+    void SetNumber(int number);
+
+private:
+    const int width;
 };
 
 class Button : public Label {

@@ -15,6 +15,7 @@ namespace halvern {
 class SimulatedLine {
 public:
     std::vector<std::string> TakeSent();
+    bool UpNow() const { return open; }
     /// The next open fails with this number and text.
     void Refuse(int number, std::string text) { refusal = PortError{number, "", std::move(text)}; }
 

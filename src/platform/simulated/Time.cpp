@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/simulated/Time.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace halvern {
@@ -8,12 +9,12 @@ namespace halvern {
 Moment SimulatedTime::LocalTime() const
 {
     const int bias = zone.bias + (zone.daylightInForce && zone.daylightMonth != 0 ? zone.daylightBias : 0);
-    return MomentOf(epochAtStart + elapsed / 1000 - bias * 60);
+    return MomentOf((epochAtStart + elapsed) / 1000 - bias * 60);
 }
 
 void SimulatedTime::SetUtc(const Moment& moment)
 {
-    epochAtStart = SecondsOf(moment) - elapsed / 1000;
+    epochAtStart = SecondsOf(moment) * 1000 - elapsed;
 }
 
 void SimulatedTime::Drive(Controls& controls)
@@ -53,12 +54,12 @@ void SimulatedTime::Wait(std::int64_t milliseconds)
     for (;;) {
         const auto next = NextDue();
         if (next == wheels.end() || next->second.due > end) break;
-        elapsed = next->second.due;
+        elapsed = std::max(elapsed, next->second.due); // a handler that waits itself may have passed others by
         next->second.due += next->second.interval;
         const Timer& timer = *next->first;
         timer.Directory().Dispatch([&] { timer.Tick(); });
     }
-    elapsed = end;
+    elapsed = std::max(elapsed, end);
 }
 
 } // namespace halvern

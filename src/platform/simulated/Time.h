@@ -36,7 +36,7 @@ private:
     std::map<const Timer*, Wheel>::iterator NextDue();
 
     std::int64_t elapsed = 0;
-    std::int64_t epochAtStart = 946684800; ///< seconds UTC when `elapsed` was 0
+    std::int64_t epochAtStart = 946684800000; ///< milliseconds UTC when `elapsed` was 0
     std::int64_t starts = 0;
     TimeZone zone;
     std::map<const Timer*, Wheel> wheels;

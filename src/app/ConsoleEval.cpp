@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ConsoleEval.h"
+
+#include <algorithm>
+
+#include "app/ConsoleLine.h"
+#include "engine/PositionText.h"
+#include "map/SymbolFile.h"
+#include "platform/ConsoleText.h"
+#include "platform/Text.h"
+#include "ports/Kiss.h"
+#include "relay/Paths.h"
+
+namespace halvern {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+struct Function {
+    std::string_view name;
+    std::size_t arguments;
+    std::string (*run)(Halvern& halvern, const Texts& arguments);
+};
+
+const Function Functions[] = {
+    {"LatTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LatTextToDegrees(args[0])); }},
+    {"LonTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LonTextToDegrees(args[0])); }},
+    {"SymbolFileName", 2,
+     [](Halvern& halvern, const Texts& args) {
+         const auto file = SymbolFileName(halvern.ProgramFolder, WholeNumber(args[0]), WholeNumber(args[1]));
+         return ConsoleQuoted(RelativeToProgram(halvern, file));
+     }},
+    {"KissUnescape", 1,
+     [](Halvern&, const Texts& args) {
+         auto frame = args[0];
+         KissUnescape(frame);
+         return ConsoleQuoted(frame);
+     }},
+    {"PathHopCount", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(PathHopCount(args[0])); }},
+    {"CheckUnprotoPath", 1, [](Halvern&, const Texts& args) { return ConsoleQuoted(CheckUnprotoPath(args[0])); }},
+};
+
+} // namespace
+
+std::string Evaluate(Halvern& halvern, const std::string& name, const Texts& arguments)
+{
+    const auto function = std::ranges::find(Functions, name, &Function::name);
+    if (function == std::end(Functions)) throw ConsoleError("there is no function " + name);
+    if (function->arguments != arguments.size())
+        throw ConsoleError(name + " takes " + std::to_string(function->arguments) + " arguments");
+    return name + " " + function->run(halvern, arguments);
+}
+
+std::string RelativeToProgram(const Halvern& halvern, const std::string& file)
+{
+    auto path = file;
+    if (path.starts_with(halvern.ProgramFolder)) path.erase(0, halvern.ProgramFolder.size());
+    std::ranges::replace(path, '\\', '/');
+    if (path.size() != file.size() && path.starts_with('/')) path.erase(0, 1);
+    return path;
+}
+
+} // namespace halvern

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// halvern-console: the station, driven by lines of text on standard input.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QSocketNotifier>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <deque>
+#include <memory>
+
+#include "app/ConsoleSession.h"
+#include "app/Handlers.h"
+
+namespace halvern {
+namespace {
+
+/// Standard input as lines, read while the event loop runs.
+class LineReader {
+public:
+    LineReader() : notifier(STDIN_FILENO, QSocketNotifier::Read)
+    {
+        QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { Read(); });
+    }
+
+    /// Waits for a line, and runs events meanwhile. @return nothing at the end, or as soon as `stop` is true
+    std::optional<std::string> Next(const std::function<bool()>& stop)
+    {
+        std::fflush(stdout);
+        while (lines.empty() && !ended && !stop()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (lines.empty() || stop()) return {};
+        auto line = std::move(lines.front());
+        lines.pop_front();
+        return line;
+    }
+
+private:
+    void Read()
+    {
+        char bytes[65536];
+        const auto count = ::read(STDIN_FILENO, bytes, sizeof bytes);
+        if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
+        if (count <= 0) {
+            ended = true;
+            notifier.setEnabled(false);
+            if (!unfinished.empty()) lines.push_back(std::exchange(unfinished, {}));
+            return;
+        }
+        unfinished.append(bytes, static_cast<std::size_t>(count));
+        std::size_t start = 0;
+        for (auto end = unfinished.find('\n'); end != std::string::npos; end = unfinished.find('\n', start)) {
+            lines.push_back(unfinished.substr(start, end - start));
+            start = end + 1;
+        }
+        unfinished.erase(0, start);
+    }
+
+    QSocketNotifier notifier;
+    std::deque<std::string> lines;
+    std::string unfinished;
+    bool ended = false;
+};
+
+struct Options {
+    bool simulate = false;
+    bool windows = false;
+    std::string directory;
+};
+
+Options ReadOptions(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription("The station, driven by lines of text on standard input.");
+    parser.addHelpOption();
+    parser.addOption({"simulate", "Simulate the clock, the serial ports and the sockets."});
+    parser.addOption({"windows", "Show the windows too."});
+    parser.addPositionalArgument("DIRECTORY", "The application directory.", "[DIRECTORY]");
+    parser.process(application);
+    const auto directories = parser.positionalArguments();
+    if (directories.size() > 1) parser.showHelp(2);
+    return {parser.isSet("simulate"), parser.isSet("windows"), directories.value(0).toStdString()};
+}
+
+void PassRealTime(std::int64_t milliseconds)
+{
+    std::fflush(stdout);
+    QEventLoop loop;
+    QTimer::singleShot(std::chrono::milliseconds(milliseconds), &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+int RunConsole(const Options& options)
+{
+    SystemClock systemClock;
+    SimulatedTime simulatedTime;
+    NotedDialogs dialogs;
+    DiskFiles files;
+    const Clock& clock = options.simulate ? static_cast<const Clock&>(simulatedTime) : systemClock;
+    Halvern halvern({clock, dialogs, files}, options.directory);
+    NotedDrawing map(halvern.MapFrm.Map1), picture(halvern.MapFrm.Pic1);
+    std::optional<SimulatedPorts> ports;
+
+    LineReader input;
+    ConsoleWorld world{halvern, dialogs, map, picture};
+    world.Print = [](const std::string& line) { std::printf("%s\n", line.c_str()); };
+    world.NextLine = [&](const std::function<bool()>& stop) { return input.Next(stop); };
+    world.PassTime = PassRealTime;
+    if (options.simulate) {
+        simulatedTime.Drive(halvern.All);
+        world.time = &simulatedTime;
+        world.ports = &ports.emplace(halvern.All);
+    }
+    ConnectHandlers(halvern);
+    return ConsoleSession(std::move(world)).Run();
+}
+
+} // namespace
+} // namespace halvern
+
+int main(int count, char** arguments)
+{
+    const QApplication application(count, arguments);
+    return halvern::RunConsole(halvern::ReadOptions(application));
+}
