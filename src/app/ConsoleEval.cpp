@@ -2,9 +2,13 @@
 #include "app/ConsoleEval.h"
 
 #include <algorithm>
+#include <limits>
+#include <span>
 
 #include "app/ConsoleLine.h"
+#include "engine/DecodeMicE.h"
 #include "engine/PositionText.h"
+#include "engine/SplitSentence.h"
 #include "map/SymbolFile.h"
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"
@@ -22,6 +26,34 @@ struct Function {
     std::string (*run)(Halvern& halvern, const Texts& arguments);
 };
 
+/// Several results, one behind the other.
+std::string Quoted(std::span<const std::string> texts)
+{
+    std::string all;
+    for (const auto& text : texts) all += (all.empty() ? "" : " ") + ConsoleQuoted(text);
+    return all;
+}
+
+std::string EvalSplitSentence(Halvern&, const Texts& args)
+{
+    const int wanted = WholeNumber(args[1]);
+    if (wanted < 0 || wanted > std::numeric_limits<std::int16_t>::max())
+        throw ConsoleError(args[1] + " is no number of fields");
+    auto count = static_cast<std::int16_t>(wanted);
+    Texts fields;
+    SplitSentence(args[0], fields, count);
+    if (count <= 0) return ConsoleNumber(count);
+    return ConsoleNumber(count) + " " + Quoted(std::span(fields).subspan(1));
+}
+
+std::string EvalDecodeMicE(Halvern&, const Texts& args)
+{
+    auto info = args[1];
+    MicEFields fields;
+    DecodeMicE(args[0], info, fields);
+    return info == "PacketNoGood" ? ConsoleQuoted(info) : Quoted(std::span(fields).subspan(1));
+}
+
 const Function Functions[] = {
     {"LatTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LatTextToDegrees(args[0])); }},
     {"LonTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LonTextToDegrees(args[0])); }},
@@ -30,6 +62,8 @@ const Function Functions[] = {
          const auto file = SymbolFileName(halvern.ProgramFolder, WholeNumber(args[0]), WholeNumber(args[1]));
          return ConsoleQuoted(RelativeToProgram(halvern, file));
      }},
+    {"SplitSentence", 2, EvalSplitSentence},
+    {"DecodeMicE", 2, EvalDecodeMicE},
     {"KissUnescape", 1,
      [](Halvern&, const Texts& args) {
          auto frame = args[0];

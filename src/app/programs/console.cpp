@@ -2,17 +2,22 @@
 // halvern-console: the station, driven by lines of text on standard input.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <deque>
 #include <memory>
+#include <span>
 
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
+#include "platform/qt/QtPlatform.h"
 
 namespace halvern {
 namespace {
@@ -63,6 +68,17 @@ private:
     bool ended = false;
 };
 
+/// Windows need an application with a screen, or with a picture of one; without them there may be neither.
+std::unique_ptr<QCoreApplication> MakeApplication(int& count, char** arguments)
+{
+    const std::span words(arguments, static_cast<std::size_t>(count));
+    const bool windows = std::ranges::any_of(words, [](const char* word) { return word == std::string("--windows"); });
+    if (!windows) return std::make_unique<QCoreApplication>(count, arguments);
+    const bool screen = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (!screen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QApplication>(count, arguments);
+}
+
 struct Options {
     bool simulate = false;
     bool windows = false;
@@ -101,6 +117,7 @@ int RunConsole(const Options& options)
     Halvern halvern({clock, dialogs, files}, options.directory);
     NotedDrawing map(halvern.MapFrm.Map1), picture(halvern.MapFrm.Pic1);
     std::optional<SimulatedPorts> ports;
+    std::optional<QtPlatform> real;
 
     LineReader input;
     ConsoleWorld world{halvern, dialogs, map, picture};
@@ -111,6 +128,8 @@ int RunConsole(const Options& options)
         simulatedTime.Drive(halvern.All);
         world.time = &simulatedTime;
         world.ports = &ports.emplace(halvern.All);
+    } else {
+        real.emplace(halvern.All, options.directory);
     }
     ConnectHandlers(halvern);
     return ConsoleSession(std::move(world)).Run();
@@ -121,6 +140,6 @@ int RunConsole(const Options& options)
 
 int main(int count, char** arguments)
 {
-    const QApplication application(count, arguments);
-    return halvern::RunConsole(halvern::ReadOptions(application));
+    const auto application = halvern::MakeApplication(count, arguments);
+    return halvern::RunConsole(halvern::ReadOptions(*application));
 }
