@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "config/StartUp.h"
+#include "platform/Text.h"
 #include "support/Console.h"
 
 namespace halvern::test {
@@ -126,6 +126,187 @@ TEST_F(ConsoleSessionTest, TypingRunsTheRulesForKeysForChangesAndForLeaving)
     events.clear();
     Answers({"set SendCallTxt \"q\"", "key SendCallTxt 98", "key SendCallTxt 100"});
     EXPECT_EQ(events, "enter,,Q,leaveQB,QBD,");
+}
+
+TEST_F(ConsoleSessionTest, ListsChoicesAndNumbersTakeWhatTheyHave)
+{
+    auto& setUp = halvern.SetUpfrm;
+    int clicks = 0;
+    setUp.PortLst.OnClick = setUp.DeadOnOpt.OnClick = [&] { ++clicks; };
+    const auto answers = Answers({"set SetUpfrm.PortLst \"Com3\"", "select SetUpfrm.DeadOnOpt 1", "set SSIDLBL \"9\"",
+                                  "set ObjectNameTxt \"abcdefghijk\"", "set SetUpfrm.UnPath \"DIGI\"",
+                                  "set CreateObjectsFrm.ObjectCourselbl \"45\""});
+    EXPECT_THAT(answers, ElementsAre());
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(setUp.PortLst.Selected(), 2);
+    EXPECT_EQ(setUp.SSIDLBL.Caption(), "9");
+    EXPECT_EQ(halvern.CreateObjectsFrm.ObjectNameTxt.Text(), "abcdefghi");
+    EXPECT_EQ(setUp.UnPath.Text(), "DIGI");
+    EXPECT_EQ(setUp.UnPath.Selected(), -1);
+    EXPECT_EQ(halvern.CreateObjectsFrm.ObjectCourselbl.Caption(), "045");
+    Answers({"select SetUpfrm.PortLst -1"});
+    EXPECT_EQ(setUp.PortLst.Selected(), -1);
+}
+
+TEST_F(ConsoleSessionTest, MarkingLeavesExactlyTheseRowsMarked)
+{
+    auto& list = halvern.KillMsgFrm.KillLst;
+    for (const auto* row : {"a", "b", "c"}) list.Add(row);
+    Answers({"mark KillLst 0 1", "mark KillLst 2 1"});
+    EXPECT_EQ((std::vector{list.Marked(0), list.Marked(1), list.Marked(2)}), (std::vector{false, true, true}));
+}
+
+TEST_F(ConsoleSessionTest, LinesActWhileAModalFormIsUp)
+{
+    auto& form = halvern.FindFrm;
+    halvern.ConMdiFrm.FindCallSignMenu.OnClick = [&] { station.dialogs.ShowModal(form); };
+    form.FindCloseCmd.OnClick = [&] { form.Hide(); };
+    EXPECT_THAT(Answers({"click FindCallSignMenu", "get FindFrm", "click FindFrm.FindCloseCmd", "get FindFrm"}),
+                ElementsAre("modal FindFrm", R"(FindFrm caption="Find Call Sign" enabled=yes visible=yes)",
+                            "closed FindFrm", R"(FindFrm caption="Find Call Sign" enabled=yes visible=no)"));
+    EXPECT_THAT(Answers({"click FindCallSignMenu", "close FindFrm", "echo \"\""}),
+                ElementsAre("modal FindFrm", "closed FindFrm", "echo \"\""));
+    EXPECT_THAT(Answers({"click FindCallSignMenu"}), ElementsAre("modal FindFrm", "closed FindFrm")); // no more lines
+}
+
+TEST_F(ConsoleSessionTest, AQuestionTakesAQueuedAnswerOrTheNextLine)
+{
+    std::vector<std::string> given;
+    auto& dialogs = station.dialogs;
+    halvern.FindFrm.GoToCmd.OnClick = [&] { given.push_back(dialogs.Input("Who?", "T", "me").value_or("cancelled")); };
+    halvern.FindFrm.FindCloseCmd.OnClick = [&] {
+        given.push_back(std::to_string(static_cast<int>(dialogs.Question("Well?", "T"))));
+    };
+    const std::string click = "click FindFrm.GoToCmd", asked = R"(input "T" "Who?" "me")";
+    const std::string press = "click FindFrm.FindCloseCmd", question = R"(question "T" "Well?")";
+    EXPECT_THAT(Answers({"answer \"queued\"", click}), ElementsAre(asked));
+    EXPECT_THAT(Answers({click, "", "# remark", "answer \"\""}), ElementsAre(asked));
+    EXPECT_THAT(Answers({click, "answer cancel"}), ElementsAre(asked));
+    EXPECT_THAT(Answers({click, "echo \"another line\""}), ElementsAre(asked, "echo \"another line\""));
+    EXPECT_THAT(Answers({click, "answer bad"}), ElementsAre(asked, StartsWith("error: ")));
+    EXPECT_THAT(Answers({click}), ElementsAre(asked));
+    EXPECT_THAT(Answers({press, "answer yes", press, "answer no", press, "answer cancel", press}),
+                ElementsAre(question, question, question, question));
+    EXPECT_THAT(given,
+                ElementsAre("queued", "", "cancelled", "cancelled", "cancelled", "cancelled", "0", "1", "2", "2"));
+}
+
+TEST_F(ConsoleSessionTest, TimePassesOnlyWhenTold)
+{
+    std::string ticks;
+    auto& slow = halvern.ConMdiFrm.Timer2;
+    auto& fast = halvern.ConMdiFrm.GpsTimer;
+    const auto seconds = [&] { return std::to_string(station.time.LocalTime().second) + " "; };
+    slow.OnTick = [&] {
+        ticks += "slow" + seconds();
+        fast.Stop();
+    };
+    fast.OnTick = [&] { ticks += "fast" + seconds(); };
+    slow.Start(3000);
+    fast.Start(1500);
+    Answers({"wait 500", "now \"2010-06-01 12:00:10\"", "wait 999"});
+    EXPECT_EQ(ticks, "");
+    EXPECT_EQ(station.time.LocalTime(), (Moment{2010, 6, 1, 12, 0, 10}));
+    Answers({"wait 1"});
+    EXPECT_EQ(station.time.LocalTime().second, 11);
+    EXPECT_EQ(ticks, "fast11 ");
+    Answers({"wait 10000"});
+    EXPECT_EQ(ticks, "fast11 slow12 slow15 slow18 "); // of two that are due together the one started first
+}
+
+TEST_F(ConsoleSessionTest, TimeNeverRunsBackWhenAHandlerWaits)
+{
+    halvern.ConMdiFrm.Timer2.OnTick = [&] {
+        halvern.ConMdiFrm.Timer2.Stop();
+        station.dialogs.LetTimePass(5000);
+    };
+    halvern.ConMdiFrm.Timer2.Start(1000);
+    Answers({"wait 2000"});
+    EXPECT_EQ(station.time.Elapsed(), 6000);
+}
+
+TEST_F(ConsoleSessionTest, BytesArriveAsOneEventAndWritesAreToldOnce)
+{
+    auto& socket = halvern.ConMdiFrm.InternetSoc;
+    socket.OnReceive = [&] { socket.Write("got " + socket.ReadAll()); };
+    EXPECT_THAT(Answers({"receive InternetSoc \"x\""}), ElementsAre(StartsWith("error: ")));
+    socket.Connect();
+    socket.OnDisconnect = [&] { halvern.Tell(Icon::Information, "gone"); };
+    EXPECT_THAT(Answers({"receive InternetSoc \"a\\r\\nb\"", "receive InternetSoc \"\\xc0\"", "sent InternetSoc",
+                         "sent InternetSoc", "hangup InternetSoc", "get InternetSoc"}),
+                ElementsAre(R"(InternetSoc "got a\r\nb")", R"(InternetSoc "got \xC0")",
+                            R"(message information "Halvern" "gone")", "InternetSoc open=no"));
+}
+
+TEST_F(ConsoleSessionTest, ARefusalHoldsForOneOpen)
+{
+    auto& serial = halvern.ConMdiFrm.MSComm1;
+    auto& socket = halvern.ConMdiFrm.SoundSoc;
+    Answers({"refuse MSComm1 8005 \"Port already open\"", "refuse SoundSoc 24061 \"refused\""});
+    const auto error = serial.Open();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number, 8005);
+    EXPECT_EQ(error->description, "Port already open");
+    EXPECT_EQ(socket.Connect(), 24061);
+    EXPECT_FALSE(serial.Open());
+    EXPECT_EQ(socket.Connect(), 0);
+}
+
+TEST_F(ConsoleSessionTest, AHandlerThatFailsIsAMessageAndNoError)
+{
+    halvern.FindFrm.GoToCmd.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
+    const auto played = CarryOut(station, {"click FindFrm.GoToCmd", "echo \"on\""});
+    EXPECT_THAT(played.answers, ElementsAre(R"(message critical "Halvern" "Error # 6 Overflow")", "echo \"on\""));
+    EXPECT_EQ(played.status, 0);
+}
+
+TEST_F(ConsoleSessionTest, ThePointerReachesTheMapInItsOwnCoordinates)
+{
+    std::string events;
+    auto& map = halvern.MapFrm.Map1;
+    const auto note = [&](const char* what, double x, double y) {
+        events += what + ConsoleNumber(x) + "," + ConsoleNumber(y) + " ";
+    };
+    map.OnMouseDown = [&](MouseButton button, double x, double y) {
+        note(button == MouseButton::Left ? "left" : "right", x, y);
+    };
+    map.OnMouseMove = [&](double x, double y) { note("move", x, y); };
+    map.OnMouseUp = [&](MouseButton, double x, double y) { note("up", x, y); };
+    Answers({"mouse down 95.5 38 left", "mouse down -1e2 0 right", "mouse move .5 -1", "mouse up 1 2 right"});
+    EXPECT_EQ(events, "left95.5,38 right-100,0 move0.5,-1 up1,2 ");
+}
+
+TEST_F(ConsoleSessionTest, WhatWasDrawnIsToldInOrderAndForgotten)
+{
+    auto& map = halvern.MapFrm.Map1;
+    map.Clear();
+    map.SetFrame({100, 50, 90, 40});
+    map.Point(95, 45, 2);
+    map.LineTo(94.25, 44, 2);
+    map.Box(1, 2, 3, 4, 15);
+    map.Circle(1, 2, 0.1, 4);
+    map.Picture(halvern.ProgramFolder + "\\bitmap\\a.bmp", 3, 4);
+    EXPECT_THAT(Answers({"drawn MapFrm.Map1", "drawn Map1", "drawn Pic1"}),
+                ElementsAre("MapFrm.Map1 clear", "MapFrm.Map1 frame 100,50 90,40", "MapFrm.Map1 point 95,45 2",
+                            "MapFrm.Map1 line 94.25,44 2", "MapFrm.Map1 box 1,2 3,4 15", "MapFrm.Map1 circle 1,2 0.1 4",
+                            R"(MapFrm.Map1 picture "bitmap/a.bmp")"));
+}
+
+TEST_F(ConsoleSessionTest, FunctionsAnswerWithTextsAndNumbers)
+{
+    struct Case {
+        const char *line, *answer;
+    };
+    for (const auto& [line, answer] : {
+             Case{R"(LatTextToDegrees "4049.14N")", "LatTextToDegrees 40.819"},
+             {R"(LonTextToDegrees "07308.41E")", "LonTextToDegrees -73.1401667"},
+             {R"(SplitSentence "$GPRMC,a,b,c,d,e,f,12.5,0*7F" "9")",
+              R"(SplitSentence 9 "$GPRMC" "a" "b" "c" "d" "e" "f" "012" "000")"},
+             {R"(SplitSentence "$GPGGA,1,2" 3)", "SplitSentence -1"},
+             {R"(DecodeMicE "short" "x")", R"(DecodeMicE "PacketNoGood")"},
+         }) {
+        EXPECT_THAT(Answers({std::string("eval ") + line}), ElementsAre(answer));
+    }
 }
 
 } // namespace
