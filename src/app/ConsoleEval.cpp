@@ -6,6 +6,8 @@
 #include <span>
 
 #include "app/ConsoleLine.h"
+#include "config/Passcode.h"
+#include "config/PositionField.h"
 #include "engine/DecodeMicE.h"
 #include "engine/PositionText.h"
 #include "engine/SplitSentence.h"
@@ -72,6 +74,11 @@ const Function Functions[] = {
      }},
     {"PathHopCount", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(PathHopCount(args[0])); }},
     {"CheckUnprotoPath", 1, [](Halvern&, const Texts& args) { return ConsoleQuoted(CheckUnprotoPath(args[0])); }},
+    {"APRSPasscode", 1, [](Halvern&, const Texts& args) { return ConsoleQuoted(APRSPasscode(args[0])); }},
+    {"ValidatePositionField", 2,
+     [](Halvern& halvern, const Texts& args) {
+         return ConsoleQuoted(ValidatePositionField(halvern, args[0], args[1]));
+     }},
 };
 
 } // namespace

@@ -1,10 +1,93 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Handlers.h"
 
+#include "config/ChildWindows.h"
+#include "config/SetupFields.h"
+#include "config/SetupForm.h"
+#include "config/SetupLists.h"
+#include "config/StartUp.h"
+
 namespace halvern {
+namespace {
+
+void ConnectWindows(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.OnLoad = [&] { LoadMainWindow(halvern); };
+    main.OnActivate = [&] { ActivateMainWindow(halvern); };
+    main.OnCloseBox = [&] { EndProgram(halvern); };
+    main.EndApp.OnClick = [&] { EndProgram(halvern); };
+    main.SetupMenu.OnClick = [&] { halvern.SetUpfrm.Show(); };
+    main.GetHelpMenu.OnClick = [&] { ShowHelp(halvern); };
+    main.AboutHalvernMenu.OnClick = [&] { ShowAbout(halvern); };
+    for (int window = 1; window <= ChildWindows; ++window) {
+        main.FrmMenu(window).OnClick = [&halvern, window] { ToggleWindow(halvern, window); };
+        ChildWindow(halvern, window).OnCloseBox = [&halvern, window] { ToggleWindow(halvern, window); };
+    }
+}
+
+void ConnectStationTab(Halvern& halvern)
+{
+    auto& form = halvern.SetUpfrm;
+    form.CallSignTxt.OnLeave = [&] { RaiseCase(form.CallSignTxt); };
+    for (TextField* field : {&form.LatDegtxt, &form.LatMintxt, &form.LatDectxt, &form.LatSigntxt, &form.LonDegtxt,
+                             &form.LonMintxt, &form.LonDectxt, &form.LonSigntxt})
+        field->OnChange = [&form] { ShowPositionInPacketForm(form); };
+    for (TextField* field : {&form.LatSigntxt, &form.LonSigntxt})
+        field->OnChange = [&form, field] {
+            RaiseCase(*field);
+            ShowPositionInPacketForm(form);
+        };
+    form.SymbolCombo.OnClick = [&] { PickSymbol(halvern, form.SymbolCombo, form.OverlayChar); };
+    form.UnPath.OnClick = [&] { ChoosePath(form); };
+    form.UnPath.OnChange = [&] { RefuseTypedPath(halvern); };
+    form.AddCom.OnClick = [&] { AddPath(halvern); };
+    form.DeleteCom.OnClick = [&] { DeletePath(halvern); };
+    form.AddGrp.OnClick = [&] { AddGroup(halvern); };
+    form.ChangeGrp.OnClick = [&] { ChangeGroup(halvern); };
+    form.DeleteGrp.OnClick = [&] { DeleteGroup(halvern); };
+}
+
+void ConnectOtherTabs(Halvern& halvern)
+{
+    auto& form = halvern.SetUpfrm;
+    form.WxSourceOpt.OnClick = [&] { SwitchWeatherSource(form); };
+    form.Drive1.OnClick = [&] { PickDrive(halvern); };
+    form.Dir1.OnClick = [&] { PickFolder(form); };
+    form.Dir1.OnPath = [&] { ListFolders(halvern); };
+    form.File1.OnPath = [&] { ListFiles(halvern); };
+    form.WxHelpCmd.OnClick = [&] { ShowHelpText(halvern, "WxHelp.txt"); };
+    form.AprsMode.OnClick = [&] { SwitchMode(halvern); };
+    form.GpsOpt.OnClick = [&] { SwitchGps(form); };
+    form.MyAliasOpt.OnClick = [&] { SwitchAlias(halvern); };
+    form.IgateOpt.OnClick = [&] { SwitchIgate(form); };
+    form.IgateBIOpt.OnClick = [&] { SwitchIgateBothWays(form); };
+    form.BudsAddCmd.OnClick = [&] { AddBuddy(halvern); };
+    form.BudsDelCmd.OnClick = [&] { DeleteCaller(form.IgateBudsCombo); };
+    form.WxAddCmd.OnClick = [&] { AddWeatherCaller(halvern); };
+    form.WxDelCmd.OnClick = [&] { DeleteCaller(form.WxMessCombo); };
+    form.IgateHelpCmd.OnClick = [&] { ShowHelpText(halvern, "IgateHelp.txt"); };
+}
+
+void ConnectSetUp(Halvern& halvern)
+{
+    auto& form = halvern.SetUpfrm;
+    form.OnLoad = [&] { LoadSetUp(halvern); };
+    form.OnActivate = [&] { ActivateSetUp(halvern); };
+    form.OnCloseBox = [&] { CloseSetUp(halvern); };
+    form.TabOkCmd.OnClick = [&] { AcceptSetUp(halvern); };
+    form.TabCancelCmd.OnClick = [&] { CancelSetUp(halvern); };
+    form.HelpCmd.OnClick = [&] { ShowHelp(halvern); };
+    ConnectStationTab(halvern);
+    ConnectOtherTabs(halvern);
+}
+
+} // namespace
 
 void ConnectHandlers(Halvern& halvern)
 {
+    ConnectWindows(halvern);
+    ConnectSetUp(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

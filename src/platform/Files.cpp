@@ -98,6 +98,12 @@ bool DiskFiles::Exists(const std::string& path) const
     return fs::is_regular_file(Resolved(path), error);
 }
 
+bool DiskFiles::FolderExists(const std::string& path) const
+{
+    std::error_code error;
+    return fs::is_directory(Resolved(path), error);
+}
+
 std::optional<std::string> DiskFiles::Read(const std::string& path) const
 {
     if (!Exists(path)) return {};

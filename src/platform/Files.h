@@ -22,6 +22,7 @@ class Files {
 public:
     virtual ~Files() = default;
     virtual bool Exists(const std::string& path) const = 0;
+    virtual bool FolderExists(const std::string& path) const = 0;
     /// @return nothing where the file is missing or can't be read.
     virtual std::optional<std::string> Read(const std::string& path) const = 0;
     /// Writes a new file that then takes the old one's place, so that there is never half a file.
@@ -43,6 +44,7 @@ public:
 class DiskFiles final : public Files {
 public:
     bool Exists(const std::string& path) const override;
+    bool FolderExists(const std::string& path) const override;
     std::optional<std::string> Read(const std::string& path) const override;
     std::string Write(const std::string& path, std::string_view bytes) override;
     bool Remove(const std::string& path) override;

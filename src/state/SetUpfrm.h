@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <string>
+#include <vector>
+
 #include "platform/Controls.h"
 #include "state/Lists.h"
 #include "state/Symbols.h"
@@ -129,6 +133,9 @@ struct SetUpForm : Form {
     // Working variables
     std::string MyAlias = "1234567890"; ///< the alias that is digipeated for; a text that no path holds means none
     std::string OverlayChar;            ///< empty or a blank for none
+    std::vector<std::string> Recorded;  ///< the values at the form's activation, which Cancel puts back
+    int PathIndex = 0;                  ///< the entry of `UnPath` that was chosen last
+    bool SettingUp = false;             ///< the form's own code is setting its controls
 
     /// What the switch "gate from the Internet to radio" enables and disables.
     std::array<Control*, 13> GatingControls()

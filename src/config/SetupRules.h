@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "state/Halvern.h"
+
+/// What the setup form checks before its values count.
+namespace halvern {
+
+/// The alias of a station that digipeats for nobody: a text that no path holds.
+inline constexpr const char* NoAlias = "1234567890";
+inline constexpr const char* FillInAlias = "WIDE1-1";
+
+/// The first thing that is wrong with the station's settings, in the words that the operator gets, or an empty text.
+std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath);
+
+/// Tells the operator the first thing that is wrong. @return "OK" or "NOT OK".
+std::string ValidateSetup(Halvern& halvern);
+
+/// The rules that the OK button has for the ports. A conflict of the GPS switches the GPS off again.
+///
+/// @return false where the operator was told about a conflict
+bool PortsAgree(Halvern& halvern);
+
+/// The two of those rules that the Save button asks, which switch nothing off.
+bool PortsAgreeForSaving(Halvern& halvern);
+
+/// Own call and alias as the form's fields have them now.
+void TakeOwnCallAndAlias(Halvern& halvern);
+
+} // namespace halvern
