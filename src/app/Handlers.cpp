@@ -6,6 +6,7 @@
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
 #include "config/StartUp.h"
+#include "map/FirstMap.h"
 
 namespace halvern {
 namespace {
@@ -20,6 +21,7 @@ void ConnectWindows(Halvern& halvern)
     main.SetupMenu.OnClick = [&] { halvern.SetUpfrm.Show(); };
     main.GetHelpMenu.OnClick = [&] { ShowHelp(halvern); };
     main.AboutHalvernMenu.OnClick = [&] { ShowAbout(halvern); };
+    halvern.MapFrm.OnActivate = [&] { FirstMapActivation(halvern); };
     for (int window = 1; window <= ChildWindows; ++window) {
         main.FrmMenu(window).OnClick = [&halvern, window] { ToggleWindow(halvern, window); };
         ChildWindow(halvern, window).OnCloseBox = [&halvern, window] { ToggleWindow(halvern, window); };
