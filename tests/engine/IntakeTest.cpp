@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include "engine/PacketHeader.h"
+#include "engine/ResetStores.h"
+#include "engine/UtcTime.h"
+#include "support/Station.h"
+
+namespace halvern {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct Intake : ::testing::Test {
+    Intake() { station.SetUp(); }
+    std::vector<std::string> Raw() { return test::Station::Rows(station.halvern.TerminalFrm.RawPacketLst); }
+    std::vector<std::string> Status() { return test::Station::Rows(station.halvern.StatusFrm.StatusLst); }
+    test::Station station;
+};
+
+TEST(PacketHeader, SayWhoSentToWhomByWhichPath)
+{
+    struct Case {
+        const char* header;
+        const char* read; ///< source, dest and path with bars between; empty: no header
+    };
+    for (const auto& [header, read] : {
+             Case{"Q1A>APR:", "Q1A|APR:|"},
+             {"Q1ABC-12>APRS,WIDE1-1,WIDE2-1:", "Q1ABC-12|APRS|WIDE1-1,WIDE2-1"},
+             {"Q1ABC>APRS,X:", "Q1ABC|APRS|X"},
+             {"Q1ABC>APRS,:", ""},
+             {"Q1ABC>APRS,AB,Q2ABC:", ""},
+             {"Q1ABC>APRS,ABC,Q:", ""},
+             {"Q1ABC>APRS,ABC,QQ:", "Q1ABC|APRS|ABC,QQ"},
+             {"Q1ABC>,WIDE1-1:", ""},
+             {"Q1ABC>A,WIDE1-1:", ""},
+             {"Q1>APRS:", ""},
+             {"Q123456789>APRS:", ""},
+             {"Q12345678>APRS:", "Q12345678|APRS:|"},
+             {"Q1A>:", ""},
+         }) {
+        const auto parts = ReadPacketHeader(header);
+        const auto text =
+            parts ? std::string(parts->source) + "|" + std::string(parts->dest) + "|" + std::string(parts->path)
+                  : std::string();
+        EXPECT_EQ(text, read) << header;
+    }
+}
+
+TEST_F(Intake, LinesThatAreNoPacketsLeaveNoRow)
+{
+    for (const auto* line :
+         {"# server comment: a>b", "no colon > here", "no arrow: here", "Q1A>AP:x", "Q1ABC>APRS:", ""})
+        station.Hear(line);
+    EXPECT_THAT(Raw(), IsEmpty());
+    station.Hear("Q1A>APR:\r>hel\nlo\r\n");
+    EXPECT_THAT(Raw(), ElementsAre("Q1A>APR:>hello"));
+    EXPECT_EQ(station.halvern.ConMdiFrm.StatusBar1.Caption(), "Q1A>APR:>hello");
+}
+
+TEST_F(Intake, WeatherRowsGetTheirTime)
+{
+    station.time.SetUtc({2026, 11, 22, 9, 8, 7});
+    const std::string timed = "22090807";
+    for (const auto* info :
+         {"_10090556c220", "#F7003402", "*7007", "!!006B00", "$ULTW0000", "!4903.50N/07201.75W_220",
+          "-903.50N//07201.75W_220", "@092345z4903.50N/07201.75W_220", "/092345z4903.50N/07201.75W_220"}) {
+        station.Hear("Q1ABC>APRS,WIDE:" + std::string(info));
+        EXPECT_EQ(Raw().back(), "Q1ABC>APRS,WIDE:" + std::string(info) + timed);
+    }
+    for (const auto* info : {"$GPRMC,1", "!4903.50N/07201.75W-x", "=4903.50N/07201.75W_220", ">status"}) {
+        station.Hear("Q1ABC>APRS,WIDE:" + std::string(info));
+        EXPECT_EQ(Raw().back(), "Q1ABC>APRS,WIDE:" + std::string(info));
+    }
+}
+
+TEST_F(Intake, AThirdPartyPacketLeavesOnlyWhatItCarries)
+{
+    station.Hear("Q1ABC>APRS,WIDE1-1:}Q2ABC>APRS,TCPIP,Q1ABC*:}Q3ABC>APRS,TCPIP*:>inner");
+    EXPECT_THAT(Raw(), ElementsAre("Q3ABC>APRS,TCPIP*:>inner"));
+    EXPECT_THAT(Status(), ElementsAre("Q3ABC     >inner"));
+    EXPECT_THAT(test::Station::Rows(station.halvern.DigiFrm.DigiLst), ElementsAre("Q3ABC     TCPIP*"));
+    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 0), NotFound);
+}
+
+TEST_F(Intake, TheModeDecidesWhichDestinationsAreLetIn)
+{
+    station.Hear("Q1ABC>APRS:>no path in mode normal");
+    station.Hear("Q2ABC>FOO,WIDE1-1:>unknown destination");
+    station.halvern.SetUpfrm.AprsMode.Preselect(1);
+    station.halvern.Engine.OwnDest = SpecialDestination;
+    station.Hear("Q3ABC>SPC:>no path");
+    station.Hear("Q4ABC>SPC,WIDE1-1:>special");
+    station.Hear("Q5ABC>APRS,WIDE1-1:>not special");
+    EXPECT_THAT(Status(), ElementsAre("Q1ABC     >no path in mode normal", "Q4ABC     >special"));
+}
+
+TEST_F(Intake, ResourcesAreFiledInEveryModeAndNotCounted)
+{
+    station.halvern.Engine.ReviewMode = true;
+    station.Hear("Q1ABC>RESORC,WIDE1-1:DX de Q1ABC");
+    EXPECT_THAT(test::Station::Rows(station.halvern.DxFrm.ResourceLst), ElementsAre("DX de Q1ABC"));
+    EXPECT_THAT(Raw(), IsEmpty());
+}
+
+TEST_F(Intake, ABannerInFrontOfAPositionIsCutOff)
+{
+    station.Hear("Q1ABC>BEACON,WIDE:TheNet X-1J4 (QQ)!4903.50N/07201.75W#node");
+    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 1);
+    station.Hear("Q2ABC>BEACON,WIDE:TheNet and a banner that is much too long (QQ)!4903.50N/07201.75W#node");
+    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 1);
+}
+
+TEST_F(Intake, UnknownTypesNeverOverwriteAStatus)
+{
+    station.Hear("Q1ABC>APRS,WIDE:<some beacon");
+    station.Hear("Q1ABC>APRS,WIDE:[another");
+    station.Hear("Q2ABC>APRS,WIDE:>a status");
+    station.Hear("Q2ABC>APRS,WIDE:<some beacon");
+    EXPECT_THAT(Status(), ElementsAre("Q1ABC     [another", "Q2ABC     >a status"));
+    for (const auto* info : {"#raw", "%x", ")item", "*p", "T#001,1,2", "_weather"})
+        station.Hear("Q3ABC>APRS,WIDE:" + std::string(info));
+    EXPECT_EQ(Status().size(), 2u);
+}
+
+TEST_F(Intake, TheOwnStatusAlwaysStandsInTheFirstRow)
+{
+    station.time.SetUtc({2026, 11, 22, 9, 8, 7});
+    station.Hear("Q1ABC>APRS,WIDE:>other");
+    station.Hear("Q0OWN>APRS,WIDE:>mine");
+    EXPECT_THAT(Status(), ElementsAre("Q0OWN     >220908zmine"));
+}
+
+// --- the heard grid --------------------------------------------------------------------------------------------------
+
+struct HeardGridTest : Intake {
+    HeardGridTest()
+    {
+        station.time.SetUtc({2026, 11, 22, 9, 30, 0});
+        ResetStores(station.halvern, "Clear");
+    }
+    void HearAt(int day, int hour, const std::string& call)
+    {
+        station.time.SetUtc({2026, 11, day, hour, 5, 0});
+        station.Hear(call + ">APRS,WIDE:>x");
+    }
+    std::string Row(int row)
+    {
+        std::string text;
+        auto& grid = station.halvern.HeardFrm.HeardGrid;
+        for (int column = 0; column < grid.Cols(); ++column) text += (column ? "|" : "") + grid.Cell(row, column);
+        return text;
+    }
+};
+
+TEST_F(HeardGridTest, CountsByStationAndHour)
+{
+    HearAt(22, 9, "Q1ABC");
+    HearAt(22, 9, "Q1ABC");
+    HearAt(22, 10, "Q2ABC");
+    HearAt(22, 10, "Q1ABC");
+    EXPECT_EQ(Row(0), "Call Sign|22/09:30|22/10:05");
+    EXPECT_EQ(Row(1), "Q0OWN|0|0");
+    EXPECT_EQ(Row(2), "Q1ABC|2|1");
+    EXPECT_EQ(Row(3), "Q2ABC||1");
+    EXPECT_EQ(station.halvern.HeardFrm.Caption(), "Heard Form: Total Stations Heard = 3");
+}
+
+TEST_F(HeardGridTest, StartsAgainWhenTheFirstHourComesRound)
+{
+    HearAt(22, 23, "Q1ABC");
+    station.halvern.ConMdiFrm.HeardOnRfLst.Add("Q1ABC    0");
+    HearAt(23, 8, "Q1ABC");
+    EXPECT_EQ(Row(0), "Call Sign|22/09:30|22/23:05|23/08:05");
+    HearAt(23, 9, "Q2ABC");
+    EXPECT_EQ(Row(0), "Call Sign|23/09:05");
+    EXPECT_EQ(Row(2), "Q2ABC|1");
+    EXPECT_EQ(station.halvern.ConMdiFrm.HeardOnRfLst.Count(), 0);
+}
+
+TEST_F(HeardGridTest, OwnPacketsAsSentAreNotCounted)
+{
+    station.halvern.SetUpfrm.UnPath.Select(1);
+    station.Hear("Q0OWN>APHV01,WIDE2-2:>as sent");
+    EXPECT_EQ(Row(1), "Q0OWN|0");
+    station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>as repeated");
+    EXPECT_EQ(Row(1), "Q0OWN|1");
+    station.halvern.Engine.ReviewMode = true;
+    station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>played back");
+    EXPECT_EQ(Row(1), "Q0OWN|1");
+}
+
+// --- the clock and the resets ----------------------------------------------------------------------------------------
+
+TEST(UtcTime, FollowsTheZoneThatIsInForce)
+{
+    EXPECT_EQ(UtcOffsetSeconds({.bias = 300}), -18000);
+    EXPECT_EQ(UtcOffsetSeconds({.daylightInForce = true, .bias = 300, .daylightBias = -60, .daylightMonth = 3}),
+              -14400);
+    EXPECT_EQ(UtcOffsetSeconds({.daylightInForce = true, .bias = 300, .daylightBias = -60}), -18000);
+    SimulatedTime clock;
+    clock.SetZone({.bias = 300});
+    EXPECT_EQ(UtcNow(clock, {2026, 12, 31, 22, 30, 15}), (Moment{2027, 1, 1, 3, 30, 15}));
+    clock.SetUtc({2024, 2, 29, 0, 10, 0});
+    EXPECT_EQ(clock.LocalTime(), (Moment{2024, 2, 28, 19, 10, 0}));
+    EXPECT_EQ(UtcNow(clock), (Moment{2024, 2, 29, 0, 10, 0}));
+}
+
+struct Resets : Intake {
+    Resets()
+    {
+        station.Hear("Q0OWN>APHV01,WIDE2-2:=4049.14N/07308.41W-own", "MAP");
+        station.Hear("Q0OWN>APHV01,WIDE2-2:>here", "MAP");
+        station.Hear("Q1ABC>APRS,WIDE:!4903.50N/07201.75W-other");
+        station.Hear("Q1ABC>APRS,WIDE::Q2ABC    :traffic{1");
+        station.halvern.MessageFrm.Timer1.Start(4000);
+    }
+};
+
+TEST_F(Resets, ThePlaybacksKeepTheRawRowsAndTheSymbolFilterKeepsTheMessages)
+{
+    auto& halvern = station.halvern;
+    const int raw = halvern.TerminalFrm.RawPacketLst.Count();
+    halvern.Engine.ReviewMode = true;
+    ResetStores(halvern, "JustOk");
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Row(0).substr(0, 11), "Q0OWN     =");
+    EXPECT_EQ(halvern.StatusFrm.StatusLst.Count(), 1);
+    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 1);
+    EXPECT_TRUE(halvern.MessageFrm.Timer1.Running());
+    ResetStores(halvern, "ImportLog");
+    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 0);
+    EXPECT_FALSE(halvern.MessageFrm.Timer1.Running());
+    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), raw);
+    EXPECT_TRUE(halvern.Engine.ReviewMode);
+}
+
+TEST_F(Resets, AnyOtherWordEmptiesEverythingButTheOwnStation)
+{
+    auto& halvern = station.halvern;
+    ResetStores(halvern, "Clear");
+    EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own", "Q0OWN>APHV01:>here"));
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
+    EXPECT_EQ(Status().size(), 1u);
+    EXPECT_FALSE(halvern.Engine.ReviewMode);
+    EXPECT_FALSE(halvern.ConMdiFrm.RestoreMenu.Enabled());
+}
+
+TEST(EmptyStores, StayEmptyAtAResetUntilTheNextOwnBeacon)
+{
+    test::Station station;
+    station.SetUp();
+    ResetStores(station.halvern, "Clear");
+    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 0);
+    EXPECT_EQ(station.halvern.TerminalFrm.RawPacketLst.Count(), 0);
+}
+
+TEST_F(Resets, AFullRawStoreStartsAgainAndTheLineIsLost)
+{
+    auto& raw = station.halvern.TerminalFrm.RawPacketLst;
+    while (raw.Count() <= 32700) raw.Add("Q1ABC>APRS,WIDE:>filler");
+    station.Hear("Q3ABC>APRS,WIDE:>lost");
+    EXPECT_EQ(raw.Count(), 2);
+    EXPECT_EQ(Status().size(), 1u);
+}
+
+} // namespace
+} // namespace halvern
