@@ -25,6 +25,7 @@ public:
     void MakeUnreadable(const std::string& path) { unreadable.insert(Resolved(path)); }
 
     bool Exists(const std::string& path) const override { return under.Exists(path); }
+    bool FolderExists(const std::string& path) const override { return under.FolderExists(path); }
     std::optional<std::string> Read(const std::string& path) const override;
     std::string Write(const std::string& path, std::string_view bytes) override;
     bool Remove(const std::string& path) override { return under.Remove(path); }
