@@ -134,15 +134,15 @@ TEST_F(ConsoleSessionTest, ListsChoicesAndNumbersTakeWhatTheyHave)
     int clicks = 0;
     setUp.PortLst.OnClick = setUp.DeadOnOpt.OnClick = [&] { ++clicks; };
     const auto answers = Answers({"set SetUpfrm.PortLst \"Com3\"", "select SetUpfrm.DeadOnOpt 1", "set SSIDLBL \"9\"",
-                                  "set ObjectNameTxt \"abcdefghijk\"", "set SetUpfrm.UnPath \"DIGI\"",
+                                  "set ObjectNameTxt \"abcdefghijk\"", "set MessageFrm.MailUnPath \"DIGI\"",
                                   "set CreateObjectsFrm.ObjectCourselbl \"45\""});
     EXPECT_THAT(answers, ElementsAre());
     EXPECT_EQ(clicks, 2);
     EXPECT_EQ(setUp.PortLst.Selected(), 2);
     EXPECT_EQ(setUp.SSIDLBL.Caption(), "9");
     EXPECT_EQ(halvern.CreateObjectsFrm.ObjectNameTxt.Text(), "abcdefghi");
-    EXPECT_EQ(setUp.UnPath.Text(), "DIGI");
-    EXPECT_EQ(setUp.UnPath.Selected(), -1);
+    EXPECT_EQ(halvern.MessageFrm.MailUnPath.Text(), "DIGI");
+    EXPECT_EQ(halvern.MessageFrm.MailUnPath.Selected(), -1);
     EXPECT_EQ(halvern.CreateObjectsFrm.ObjectCourselbl.Caption(), "045");
     Answers({"select SetUpfrm.PortLst -1"});
     EXPECT_EQ(setUp.PortLst.Selected(), -1);
