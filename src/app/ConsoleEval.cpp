@@ -14,7 +14,8 @@
 #include "map/SymbolFile.h"
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"
-#include "ports/Kiss.h"
+#include "ports/Ax25.h"
+#include "relay/Digipeater.h"
 #include "relay/Paths.h"
 
 namespace halvern {
@@ -56,6 +57,14 @@ std::string EvalDecodeMicE(Halvern&, const Texts& args)
     return info == "PacketNoGood" ? ConsoleQuoted(info) : Quoted(std::span(fields).subspan(1));
 }
 
+std::string EvalDigiSubstitute(Halvern&, const Texts& args)
+{
+    auto path = args[0];
+    auto count = static_cast<std::int16_t>(WholeNumber(args[1]));
+    DigiSubstitute(path, count, args[2], args[3]);
+    return ConsoleQuoted(path) + " " + std::to_string(count);
+}
+
 const Function Functions[] = {
     {"LatTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LatTextToDegrees(args[0])); }},
     {"LonTextToDegrees", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(LonTextToDegrees(args[0])); }},
@@ -72,6 +81,12 @@ const Function Functions[] = {
          KissUnescape(frame);
          return ConsoleQuoted(frame);
      }},
+    {"KissFrameToText", 1,
+     [](Halvern&, const Texts& args) {
+         const auto frame = ReadFrame(args[0]);
+         return ConsoleQuoted(frame ? TextOf(*frame) : "NG");
+     }},
+    {"DigiSubstitute", 4, EvalDigiSubstitute},
     {"PathHopCount", 1, [](Halvern&, const Texts& args) { return ConsoleNumber(PathHopCount(args[0])); }},
     {"CheckUnprotoPath", 1, [](Halvern&, const Texts& args) { return ConsoleQuoted(CheckUnprotoPath(args[0])); }},
     {"APRSPasscode", 1, [](Halvern&, const Texts& args) { return ConsoleQuoted(APRSPasscode(args[0])); }},

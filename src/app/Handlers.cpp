@@ -7,6 +7,9 @@
 #include "config/SetupLists.h"
 #include "config/StartUp.h"
 #include "map/FirstMap.h"
+#include "ports/InternetPort.h"
+#include "ports/SoundPort.h"
+#include "ports/TncPort.h"
 
 namespace halvern {
 namespace {
@@ -84,12 +87,24 @@ void ConnectSetUp(Halvern& halvern)
     ConnectOtherTabs(halvern);
 }
 
+void ConnectPorts(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.PortTnc.OnClick = [&] { OpenCloseTnc(halvern); };
+    main.MSComm1.OnReceive = [&](int code) { ReceiveFromTnc(halvern, code); };
+    main.PortIp.OnClick = [&] { OpenCloseInternet(halvern); };
+    main.InternetSoc.OnReceive = [&] { ReceiveFromInternet(halvern); };
+    main.SoundCardMenu.OnClick = [&] { OpenCloseSound(halvern); };
+    main.SoundSoc.OnReceive = [&] { ReceiveFromSound(halvern); };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
 {
     ConnectWindows(halvern);
     ConnectSetUp(halvern);
+    ConnectPorts(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

@@ -1,15 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/Kiss.h"
 
+#include <utility>
+
+#include "engine/ProcessPacket.h"
+#include "platform/Text.h"
+#include "relay/Digipeater.h"
+#include "relay/Igate.h"
+
 namespace halvern {
 
-std::string KissFrameToText(Halvern&, std::string)
+std::string KissFrameToText(Halvern& halvern, std::string frame)
 {
-    return "NG";
+    auto read = ReadFrame(std::move(frame));
+    if (!read) return "NG";
+    if (!read->path.empty()) Digipeat(halvern, *read);
+    return TextOf(std::move(*read));
 }
 
-void KissUnescape(std::string&) {}
-
-void SendPacket(Halvern&, std::string_view, std::string_view, std::string_view, std::string&, std::string_view) {}
+void ReceiveKissBytes(Halvern& halvern, std::string& buffer, std::string_view bytes, std::string_view tag)
+{
+    buffer += bytes;
+    const auto end = PositionOf(buffer, FrameEnd, 2);
+    if (end == 0) return;
+    if (end == 2) {
+        buffer.erase(0, 1);
+        return;
+    }
+    std::string frame(Columns(buffer, 3, end - 3));
+    buffer.erase(0, end); // first of all: a message box on the way lets the next bytes come in
+    if (frame.ends_with('\r')) frame.pop_back();
+    auto line = KissFrameToText(halvern, std::move(frame));
+    if (line == "NG") return;
+    ProcessPacket(halvern, line, tag);
+    if (halvern.Engine.IgateOn) RfGateStep(halvern, line);
+}
 
 } // namespace halvern

@@ -4,26 +4,21 @@
 #include <string>
 #include <string_view>
 
+#include "ports/Ax25.h"
+#include "ports/SendPacket.h"
 #include "state/Halvern.h"
 
 namespace halvern {
 
 /// Turns a received AX.25 UI frame, KISS framing removed, into "SRC>DEST,PATH:INFO"; "NG" for any other frame.
-///
-/// The digipeater runs inside and may transmit. Source: AX.25 2.2, section 3; KISS by Chepponis and Karn.
+/// The digipeater runs inside and may transmit.
 std::string KissFrameToText(Halvern& halvern, std::string frame);
 
-/// Undoes the KISS escapes in place: 219 220 is 192, 219 221 is 219; 219 before anything else swallows it.
-void KissUnescape(std::string& frame);
-
-/// Sends a packet on the radio ports; the one road to them. A call, an SSID or a path that does not fit an AX.25
-/// frame is told to the operator, and nothing is sent.
+/// Takes what has arrived on a KISS port and hands on at most one packet: the next one waits for the next arrival.
+/// The first two bytes of a frame are taken for its opening FEND and its command byte and not looked at.
 ///
-/// @param dest, src  calls with an optional "-SSID"
-/// @param path       at most 8 entries with commas between, "*" behind a used one; empty for none
-/// @param payload    the information field; on return it holds the escaped form
-/// @param port       empty: every open radio port; "TNC"; any other word: the sound card
-void SendPacket(Halvern& halvern, std::string_view dest, std::string_view src, std::string_view path,
-                std::string& payload, std::string_view port);
+/// @param buffer  what came before and is not consumed yet
+/// @param tag     "TNC" or "SOUND"
+void ReceiveKissBytes(Halvern& halvern, std::string& buffer, std::string_view bytes, std::string_view tag);
 
 } // namespace halvern

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Station.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 #include <utility>
 
 #include "engine/ProcessPacket.h"
+#include "platform/Text.h"
+#include "ports/Ax25.h"
 
 namespace fs = std::filesystem;
 
@@ -41,6 +45,26 @@ std::string TrafficFile(const std::string& name)
     return fs::exists(file) ? file.string() : std::string{};
 }
 
+std::string FrameOf(std::string_view line)
+{
+    const auto colon = line.find(':');
+    const auto header = line.substr(0, colon);
+    const auto arrow = header.find('>');
+    const auto comma = std::min(header.find(','), header.size());
+    return BuildFrame(header.substr(arrow + 1, comma - arrow - 1), header.substr(0, arrow), Columns(header, comma + 2),
+                      line.substr(colon + 1))
+        .bytes;
+}
+
+std::string LineOfFrame(const std::string& bytes)
+{
+    if (bytes.size() < 3 || bytes.substr(0, 2) != std::string("\xC0\0", 2) || bytes.back() != '\xC0') return bytes;
+    auto frame = ReadFrame(bytes.substr(2, bytes.size() - 3));
+    if (!frame) return bytes;
+    frame->used = 0;
+    return TextOf(*frame);
+}
+
 Station::Station(std::string programFolder)
     : halvern({time, dialogs, files}, std::move(programFolder)), ports(halvern.All), map(halvern.MapFrm.Map1),
       picture(halvern.MapFrm.Pic1)
@@ -66,6 +90,29 @@ void Station::SetUp()
 void Station::Hear(std::string line, std::string_view tag)
 {
     ProcessPacket(halvern, line, tag);
+}
+
+void Station::OpenTnc()
+{
+    halvern.ConMdiFrm.PortTnc.Click();
+    if (!halvern.ConMdiFrm.MSComm1.IsOpen()) throw std::logic_error("the TNC port did not open");
+}
+
+void Station::HearOnTnc(const std::string& line)
+{
+    halvern.ConMdiFrm.MSComm1.Arrived(FrameOf(line));
+}
+
+std::vector<std::string> Station::SentByRadio()
+{
+    auto sent = SentBy(halvern.ConMdiFrm.MSComm1);
+    for (auto& bytes : sent) bytes = LineOfFrame(bytes);
+    return sent;
+}
+
+std::vector<std::string> Station::SentBy(const Port& port)
+{
+    return ports.Line(port)->TakeSent();
 }
 
 std::vector<std::string> Station::Rows(const List& list)

@@ -30,6 +30,10 @@ private:
 
 /// The project's own data as an application directory.
 std::string DataFolder();
+/// A KISS frame, both FENDs included, for "SRC>DEST,PATH:INFO".
+std::string FrameOf(std::string_view line);
+/// What a KISS frame with both its FENDs says; every used entry of the path keeps its "*".
+std::string LineOfFrame(const std::string& bytes);
 /// Recorded traffic, or an empty text where there is none on this machine.
 std::string TrafficFile(const std::string& name);
 
@@ -42,6 +46,14 @@ public:
     void SetUp();
     /// One line as a port would hand it over.
     void Hear(std::string line, std::string_view tag = "TNC");
+    /// Presses the toggle of the TNC port and expects it to open.
+    void OpenTnc();
+    /// One frame as the TNC hands it over: the text line is what was said on the air.
+    void HearOnTnc(const std::string& line);
+    /// Text lines of the packets that went out by the TNC since last asked; what is no frame stands as its bytes.
+    std::vector<std::string> SentByRadio();
+    /// What was written to a port since last asked.
+    std::vector<std::string> SentBy(const Port& port);
     /// All rows of a store.
     static std::vector<std::string> Rows(const List& list);
     /// What was said since last asked, as console lines.

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ports/InternetPort.h"
+
+#include "engine/OwnTexts.h"
+#include "engine/ProcessPacket.h"
+#include "platform/Text.h"
+#include "ports/PortRules.h"
+#include "relay/Igate.h"
+
+namespace halvern {
+namespace {
+
+/// Why the port can't open now, or nullptr.
+const char* Obstacle(const Halvern& halvern)
+{
+    if (halvern.ConMdiFrm.GpsMenu.Checked())
+        return "You cannot open the TCP/IP port while the GPS Port is open. Please close the GPS port then open the "
+               "TCP/IP Port.";
+    if (halvern.SetUpfrm.IntDomainCombo.Text().empty())
+        return "You have to select a APRServer name first. Please go to the setup form internet tab and either type "
+               "in a server name or select one from the list.";
+    if (halvern.SetUpfrm.APRServePortTxt.Text().empty())
+        return "You have to select a APRServer Port number first. Please go to the setup form internet tab and type "
+               "in a Port nunber.";
+    return nullptr;
+}
+
+bool Connect(Halvern& halvern)
+{
+    constexpr long highestPort = 65535;
+    auto& socket = halvern.ConMdiFrm.InternetSoc;
+    const long port = RoundHalfToEven(LeadingNumber(halvern.SetUpfrm.APRServePortTxt.Text()));
+    if (port < 1 || port > highestPort) return false;
+    socket.HostName = Trimmed(halvern.SetUpfrm.IntDomainCombo.Text());
+    socket.RemotePort = static_cast<int>(port);
+    return socket.Connect() == 0;
+}
+
+void LogIn(Halvern& halvern)
+{
+    auto& form = halvern.ConMdiFrm;
+    const auto& setUp = halvern.SetUpfrm;
+    form.InternetSoc.Write("user " + halvern.Engine.OwnCall + " pass " + setUp.APRServePassTxt.Text() +
+                           " vers HALVERN 01 filter " + setUp.APRServeFilterTxt.Text() + std::string(CrLf));
+    form.ServerLoggedIn = true;
+    form.Timer2.Start(1);
+}
+
+} // namespace
+
+void OpenCloseInternet(Halvern& halvern)
+{
+    auto& form = halvern.ConMdiFrm;
+    if (form.PortIp.Checked()) return ClosePort(halvern, MainPort::Internet);
+    const char* refusal = Obstacle(halvern);
+    if (refusal == nullptr && !Connect(halvern)) refusal = "Internet connection failed.";
+    if (refusal != nullptr) return halvern.Tell(Icon::Critical, refusal);
+    form.ServerLoggedIn = false;
+    PortOpened(halvern, MainPort::Internet);
+}
+
+void ReceiveFromInternet(Halvern& halvern)
+{
+    auto line = halvern.ConMdiFrm.InternetSoc.ReadAll();
+    if (!halvern.ConMdiFrm.ServerLoggedIn) return LogIn(halvern);
+    ProcessPacket(halvern, line, "TCPIP");
+    InternetGateStep(halvern, line);
+}
+
+void SendToInternet(Halvern& halvern, std::string_view payload)
+{
+    halvern.ConMdiFrm.InternetSoc.Write(OwnLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, "TCPIP*", payload) +
+                                        std::string(CrLf));
+}
+
+} // namespace halvern

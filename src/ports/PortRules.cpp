@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ports/PortRules.h"
+
+#include <algorithm>
+#include <array>
+
+#include "ports/GpsPort.h"
+#include "ports/WeatherPort.h"
+
+namespace halvern {
+namespace {
+
+constexpr int DecayInterval = 60000; // milliseconds
+constexpr int RawPacketsWindow = 7;
+
+struct PortRule {
+    MainPort port;
+    MenuItem MainForm::*mark;
+    bool radio;                        ///< beacons from its opening on, and keeps a GPS port open
+    MenuItem MainForm::*ownMenu;       ///< a menu item that appears with the port
+    bool menuStays;                    ///< it disappears only with the last port of all
+    const char *opened, *closed;       ///< what the status bar says
+    bool (*up)(const MainForm&);       ///< what counts as open for the other main ports
+    bool (*carrying)(const MainForm&); ///< what counts as open for the GPS port
+    void (*disconnect)(MainForm&);
+};
+
+template <Socket MainForm::*socket> bool Connected(const MainForm& form)
+{
+    return (form.*socket).Connected();
+}
+
+template <Socket MainForm::*socket> void Disconnect(MainForm& form)
+{
+    (form.*socket).Disconnect();
+}
+
+const std::array<PortRule, 4> Rules{{
+    {MainPort::Tnc, &MainForm::PortTnc, true, nullptr, false, "TNC Port Open", "TNC Port Closed",
+     [](const MainForm& form) { return form.PortTnc.Checked(); },
+     [](const MainForm& form) { return form.MSComm1.IsOpen(); }, [](MainForm& form) { form.MSComm1.Close(); }},
+    {MainPort::Internet, &MainForm::PortIp, false, &MainForm::CgiFinduMenu, true, "TCP/IP Port Open",
+     "TCP/IP Port Closed", Connected<&MainForm::InternetSoc>, Connected<&MainForm::InternetSoc>,
+     Disconnect<&MainForm::InternetSoc>},
+    {MainPort::Sound, &MainForm::SoundCardMenu, true, nullptr, false, "Sound Card Port Open", "Sound Card Port Closed",
+     Connected<&MainForm::SoundSoc>, Connected<&MainForm::SoundSoc>, Disconnect<&MainForm::SoundSoc>},
+    {MainPort::Psk63, &MainForm::Psk63Menu, true, &MainForm::CLRMsgTxtMenu, false, "PSK63 Port Open",
+     "PSK63 Port Closed", Connected<&MainForm::Psk63Soc>, Connected<&MainForm::Psk63Soc>,
+     Disconnect<&MainForm::Psk63Soc>},
+}};
+
+const PortRule& RuleOf(MainPort port)
+{
+    return *std::ranges::find(Rules, port, &PortRule::port);
+}
+
+void ShutDownTransmitter(Halvern& halvern)
+{
+    auto& form = halvern.ConMdiFrm;
+    for (Timer* timer : {&form.Timer2, &halvern.MessageFrm.Timer1, &form.NetDecayTmr}) timer->Stop();
+    form.MyObjectsMenu.SetVisible(false);
+    if (form.WeatherMenu.Checked()) OpenCloseWeather(halvern);
+}
+
+} // namespace
+
+void PortOpened(Halvern& halvern, MainPort port)
+{
+    auto& form = halvern.ConMdiFrm;
+    const auto& rule = RuleOf(port);
+    (form.*rule.mark).SetChecked(true);
+    form.MyObjectsMenu.SetVisible(true);
+    if (rule.ownMenu != nullptr) (form.*rule.ownMenu).SetVisible(true);
+    form.FrmMenu(RawPacketsWindow).SetEnabled(true);
+    form.NetDecayTmr.Start(DecayInterval);
+    if (rule.radio && !form.GpsMenu.Checked()) form.Timer2.Start(1);
+    form.StatusBar1.SetCaption(rule.opened);
+}
+
+void ClosePort(Halvern& halvern, MainPort port)
+{
+    auto& form = halvern.ConMdiFrm;
+    const auto& rule = RuleOf(port);
+    const auto another = [&](const PortRule& each) { return each.port != port && each.up(form); };
+    const auto carries = [&](const PortRule& each) { return each.port != port && each.radio && each.carrying(form); };
+
+    (form.*rule.mark).SetChecked(false);
+    const bool last = std::ranges::none_of(Rules, another);
+    if (rule.ownMenu != nullptr && (last || !rule.menuStays)) (form.*rule.ownMenu).SetVisible(false);
+    if (last) ShutDownTransmitter(halvern);
+    rule.disconnect(form);
+    form.StatusBar1.SetCaption(rule.closed);
+    if (rule.radio && form.GpsMenu.Checked() && std::ranges::none_of(Rules, carries)) OpenCloseGps(halvern);
+}
+
+} // namespace halvern

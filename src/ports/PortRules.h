@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "state/Halvern.h"
+
+/// What the ports have to do with each other when one of them opens or closes.
+namespace halvern {
+
+/// The ports that carry packets.
+enum class MainPort { Tnc, Internet, Sound, Psk63 };
+
+/// Everything that follows a successful open: the check mark, the menus, the timers, the word in the status bar.
+void PortOpened(Halvern& halvern, MainPort port);
+
+/// Closes a port that is checked as open. With the last main port the timers of the transmitter stop and the weather
+/// port closes; with the last radio port the GPS port closes.
+void ClosePort(Halvern& halvern, MainPort port);
+
+} // namespace halvern

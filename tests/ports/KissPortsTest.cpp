@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include "ports/Kiss.h"
+#include "support/Station.h"
+
+namespace halvern::test {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const auto Fend = "\xC0"s;
+
+struct KissPorts : testing::Test {
+    KissPorts() { station.SetUp(); }
+    Station station;
+    Halvern& halvern = station.halvern;
+    MainForm& main = halvern.ConMdiFrm;
+    std::vector<std::string> Raw() { return Station::Rows(halvern.TerminalFrm.RawPacketLst); }
+};
+
+TEST_F(KissPorts, HandOnOneFrameAnArrival)
+{
+    const auto first = FrameOf("Q0AAA>APRS:>one"), second = FrameOf("Q0BBB>APRS:>two");
+    station.OpenTnc();
+    main.MSComm1.Arrived(first + second);
+    EXPECT_THAT(Raw(), ElementsAre("Q0AAA>APRS:>one"));
+    main.MSComm1.Arrived(Fend);
+    EXPECT_THAT(Raw(), SizeIs(2));
+    EXPECT_EQ(main.KissRxBuffer, Fend);
+
+    // what the sound card engine sends is kept apart, and takes the same road
+    main.SoundCardMenu.Click();
+    main.SoundSoc.Arrived(FrameOf("Q0CCC>APRS:>three"));
+    EXPECT_THAT(Raw(), SizeIs(3));
+    EXPECT_EQ(main.KissRxBuffer, Fend);
+}
+
+TEST_F(KissPorts, FindTheFrameInWhateverComes)
+{
+    const auto frame = FrameOf("Q0AAA>APRS:>one");
+    const auto inside = frame.substr(1); // without its opening FEND
+    const struct {
+        const char* what;
+        std::vector<std::string> arrivals;
+        std::size_t heard;
+    } cases[] = {
+        {"in pieces", {frame.substr(0, 1), frame.substr(1, 20), frame.substr(21)}, 1},
+        {"a FEND too many", {Fend + frame, "x"}, 1},
+        {"two FENDs too many", {Fend + Fend + frame, "x", "y"}, 1},
+        {"noise before costs the frame behind it", {"noise" + frame, frame, "x"}, 1},
+        {"one FEND between two", {frame, inside}, 1},
+        {"a carriage return behind", {frame.substr(0, frame.size() - 1) + "\r" + Fend}, 1},
+        {"another command and port", {Fend + "\x17" + frame.substr(2)}, 1},
+        {"no frame", {Fend + "\0garbage"s + Fend}, 0},
+    };
+    for (const auto& each : cases) {
+        Station fresh;
+        fresh.SetUp();
+        fresh.OpenTnc();
+        for (const auto& bytes : each.arrivals) fresh.halvern.ConMdiFrm.MSComm1.Arrived(bytes);
+        const auto raw = Station::Rows(fresh.halvern.TerminalFrm.RawPacketLst);
+        EXPECT_EQ(raw, std::vector<std::string>(each.heard, "Q0AAA>APRS:>one")) << each.what;
+    }
+}
+
+TEST_F(KissPorts, ListenOnlyToReceivedBytes)
+{
+    station.OpenTnc();
+    main.MSComm1.ReceiveThreshold = 0;
+    station.HearOnTnc("Q0AAA>APRS:>one");
+    main.MSComm1.OnReceive(7);
+    EXPECT_THAT(Raw(), IsEmpty());
+    main.MSComm1.OnReceive(ReceivedBytes);
+    EXPECT_THAT(Raw(), SizeIs(1));
+}
+
+TEST_F(KissPorts, SendOnEveryOpenPortOrOnTheOneNamed)
+{
+    const auto send = [&](std::string_view port) {
+        std::string payload = "x";
+        SendPacket(halvern, "APHV01", "Q0OWN", "", payload, port);
+        return std::pair(station.SentBy(main.MSComm1).size(), station.SentBy(main.SoundSoc).size());
+    };
+    using Counts = std::pair<std::size_t, std::size_t>;
+    EXPECT_EQ(send(""), Counts(0, 0));
+    main.SoundCardMenu.Click();
+    EXPECT_EQ(send(""), Counts(0, 1));
+    station.OpenTnc();
+    EXPECT_EQ(send(""), Counts(1, 1));
+    EXPECT_EQ(send("TNC"), Counts(1, 0));
+    EXPECT_EQ(send("SOUND"), Counts(0, 1));
+    station.ports.SocketOf(main.SoundSoc)->HangUp();
+    EXPECT_EQ(send(""), Counts(1, 0));
+    EXPECT_EQ(send("SOUND"), Counts(0, 0));
+}
+
+TEST_F(KissPorts, LeaveTheEscapedPayloadWithTheCaller)
+{
+    std::string payload = "a\xC0z";
+    SendPacket(halvern, "AP", "A", "", payload, "");
+    EXPECT_EQ(payload, "a\xC0z") << "nothing is open: nothing was sent";
+    station.OpenTnc();
+    SendPacket(halvern, "AP-16", "A", "", payload, "");
+    EXPECT_EQ(payload, "a\xC0z") << "refused";
+    EXPECT_THAT(station.TakeSaid(),
+                ElementsAre(testing::StartsWith("message critical \"Halvern\" \"Your Destination")));
+    SendPacket(halvern, "AP", "A", "", payload, "");
+    EXPECT_EQ(payload, "a\xDB\xDCz");
+    EXPECT_THAT(station.SentByRadio(), ElementsAre("A>AP:a\xC0z"));
+}
+
+} // namespace
+} // namespace halvern::test
