@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Picture.h"
+
+#include "Output.h"
+
+#include <gdal_priv.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+
+namespace halvern::mapmaker {
+
+namespace {
+
+constexpr std::array<std::array<short, 3>, 16> Palette{{{0, 0, 0},
+                                                        {0, 0, 170},
+                                                        {0, 170, 0},
+                                                        {0, 170, 170},
+                                                        {170, 0, 0},
+                                                        {170, 0, 170},
+                                                        {170, 85, 0},
+                                                        {170, 170, 170},
+                                                        {85, 85, 85},
+                                                        {85, 85, 255},
+                                                        {85, 255, 85},
+                                                        {85, 255, 255},
+                                                        {255, 85, 85},
+                                                        {255, 85, 255},
+                                                        {255, 255, 85},
+                                                        {255, 255, 255}}};
+
+/// A raster of colour numbers.
+class Raster {
+public:
+    Raster(int width, int height) : width_(width), height_(height), pixels_(static_cast<std::size_t>(width * height)) {}
+
+    void Line(double x1, double y1, double x2, double y2, int colour)
+    {
+        const int steps = 1 + static_cast<int>(std::max(std::abs(x2 - x1), std::abs(y2 - y1)));
+        for (int i = 0; i <= steps; ++i) {
+            const int x = static_cast<int>(x1 + (x2 - x1) * i / steps);
+            const int y = static_cast<int>(y1 + (y2 - y1) * i / steps);
+            if (x >= 0 && x < width_ && y >= 0 && y < height_)
+                pixels_[static_cast<std::size_t>(y * width_ + x)] = static_cast<std::uint8_t>(colour);
+        }
+    }
+
+    std::uint8_t* Pixels() { return pixels_.data(); }
+
+private:
+    int width_;
+    int height_;
+    std::vector<std::uint8_t> pixels_;
+};
+
+struct Closer {
+    void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
+};
+
+void WriteGif(const std::filesystem::path& file, Raster& raster, int width, int height)
+{
+    GDALAllRegister();
+    GDALDriver* memory = GetGDALDriverManager()->GetDriverByName("MEM");
+    GDALDriver* gif = GetGDALDriverManager()->GetDriverByName("GIF");
+    if (!memory || !gif) throw std::runtime_error("this GDAL can't write GIF files");
+    const std::unique_ptr<GDALDataset, Closer> picture(memory->Create("", width, height, 1, GDT_Byte, nullptr));
+    GDALRasterBand* band = picture->GetRasterBand(1);
+    GDALColorTable colours;
+    for (int i = 0; i < static_cast<int>(Palette.size()); ++i) {
+        const auto& [red, green, blue] = Palette[static_cast<std::size_t>(i)];
+        const GDALColorEntry entry{red, green, blue, 255};
+        colours.SetColorEntry(i, &entry);
+    }
+    band->SetColorTable(&colours);
+    if (band->RasterIO(GF_Write, 0, 0, width, height, raster.Pixels(), width, height, GDT_Byte, 0, 0) != CE_None)
+        throw std::runtime_error(file.string() + ": the picture can't be made");
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
+    if (!std::unique_ptr<GDALDataset, Closer>(
+            gif->CreateCopy(file.c_str(), picture.get(), FALSE, nullptr, nullptr, nullptr)))
+        throw std::runtime_error(file.string() + ": can't be written");
+}
+
+} // namespace
+
+void DrawPicture(const std::filesystem::path& gif, const Box& frame, int width, int height,
+                 const std::vector<DrawnLine>& lines)
+{
+    Raster raster(width, height);
+    const auto x = [&](const Vertex& place) { return (frame.left - place.lon) / (frame.left - frame.right) * width; };
+    const auto y = [&](const Vertex& place) { return (frame.top - place.lat) / (frame.top - frame.bottom) * height; };
+    for (const DrawnLine& line : lines)
+        for (const Path& piece : Clip(line.vertices, frame))
+            for (std::size_t i = 1; i < piece.size(); ++i)
+                raster.Line(x(piece[i - 1]), y(piece[i - 1]), x(piece[i]), y(piece[i]), line.colour);
+    WriteGif(gif, raster, width, height);
+    char text[96];
+    std::snprintf(text, sizeof text, "%.6g\n%.6g\n%.6g\n%.6g\n", frame.top, -frame.left, frame.bottom, -frame.right);
+    std::filesystem::path calibration = gif;
+    WriteWhole(calibration.replace_extension(".txt"), text);
+}
+
+} // namespace halvern::mapmaker

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "VectorFile.h"
+
+#include "Output.h"
+
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <stdexcept>
+
+namespace halvern::mapmaker {
+
+namespace {
+
+constexpr std::size_t ProgressSteps = 100;
+
+struct Closer {
+    void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
+};
+
+struct Destroyer {
+    void operator()(OGRCoordinateTransformation* way) const { OGRCoordinateTransformation::DestroyCT(way); }
+};
+
+using Transformation = std::unique_ptr<OGRCoordinateTransformation, Destroyer>;
+
+/// The way from a layer's coordinates to longitude and latitude; none when they are that already or nothing is said.
+Transformation WayToDegrees(const std::filesystem::path& file, const OGRLayer& layer)
+{
+    const OGRSpatialReference* from = const_cast<OGRLayer&>(layer).GetSpatialRef();
+    if (!from) return nullptr;
+    OGRSpatialReference degrees;
+    degrees.SetWellKnownGeogCS("WGS84");
+    degrees.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    OGRSpatialReference source = *from;
+    source.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    Transformation way(OGRCreateCoordinateTransformation(&source, &degrees));
+    if (!way)
+        throw std::runtime_error(file.string() + ": no way is known from the coordinates of its layer \"" +
+                                 const_cast<OGRLayer&>(layer).GetName() + "\" to degrees");
+    return way;
+}
+
+void CollectPaths(const OGRGeometry& geometry, std::vector<Path>& paths)
+{
+    switch (wkbFlatten(geometry.getGeometryType())) {
+    case wkbLineString:
+    case wkbLinearRing: {
+        Path path;
+        for (const OGRPoint& point : *geometry.toLineString()) path.push_back({point.getY(), -point.getX()});
+        if (path.size() > 1) paths.push_back(std::move(path));
+        return;
+    }
+    case wkbPolygon:
+        for (const OGRLinearRing* ring : *geometry.toPolygon()) CollectPaths(*ring, paths);
+        return;
+    case wkbMultiLineString:
+    case wkbMultiPolygon:
+    case wkbGeometryCollection:
+        for (const OGRGeometry* part : *geometry.toGeometryCollection()) CollectPaths(*part, paths);
+        return;
+    default:
+        return;
+    }
+}
+
+/// A name fit for the rest of a line in a map file.
+std::string OneLine(std::string name)
+{
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    return name.substr(0, 80);
+}
+
+void AddFeature(const OGRFeature& feature, const std::string& layer, OGRCoordinateTransformation* way,
+                const Rules& rules, std::vector<DrawnLine>& lines)
+{
+    const auto fieldOf = [&](const std::string& name) -> std::string {
+        const int index = feature.GetFieldIndex(name.c_str());
+        return index < 0 ? "" : const_cast<OGRFeature&>(feature).GetFieldAsString(index);
+    };
+    const std::optional<Look> look = rules.LookOf(layer, fieldOf);
+    if (!look || !feature.GetGeometryRef()) return;
+    const std::unique_ptr<OGRGeometry> geometry(feature.GetGeometryRef()->getLinearGeometry());
+    if (!geometry || (way && geometry->transform(way) != OGRERR_NONE)) return;
+    std::vector<Path> paths;
+    CollectPaths(*geometry, paths);
+    const std::string name = look->nameField.empty() ? "" : OneLine(fieldOf(look->nameField));
+    for (Path& path : paths) lines.push_back({look->colour, name, std::move(path)});
+}
+
+} // namespace
+
+std::vector<DrawnLine> ReadVectorFile(const std::filesystem::path& file, const Rules& rules)
+{
+    GDALAllRegister();
+    const std::unique_ptr<GDALDataset, Closer> dataset(
+        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    if (!dataset) throw std::runtime_error(file.string() + ": GDAL can't read this as a vector file");
+    std::map<OGRLayer*, Transformation> ways;
+    std::vector<DrawnLine> lines;
+    Progress progress("Reading " + file.filename().string(), ProgressSteps);
+    std::size_t shown = 0;
+    OGRLayer* layer = nullptr;
+    double done = 0;
+    while (const std::unique_ptr<OGRFeature> feature{dataset->GetNextFeature(&layer, &done, nullptr, nullptr)}) {
+        if (!ways.contains(layer)) ways[layer] = WayToDegrees(file, *layer);
+        AddFeature(*feature, layer->GetName(), ways[layer].get(), rules, lines);
+        for (; static_cast<double>(shown) < done * ProgressSteps; ++shown) progress.Step();
+    }
+    return lines;
+}
+
+} // namespace halvern::mapmaker
