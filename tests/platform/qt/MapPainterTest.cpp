@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/qt/MapPainter.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include "platform/qt/Application.h"
+#include "platform/qt/Palette.h"
+#include "state/MapFrm.h"
+#include "support/Station.h"
+
+namespace halvern {
+namespace {
+
+/// Contrast of two colours, 1 to 21, by the measure of the Web Content Accessibility Guidelines.
+double Contrast(const QColor& a, const QColor& b)
+{
+    const auto light = [](const QColor& colour) {
+        const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+    };
+    const double first = light(a), second = light(b);
+    return std::max(first, second) / std::min(first, second);
+}
+
+TEST(PaletteTest, EveryColourIsReadableOnBlackAndLikeNoOther)
+{
+    for (int number = colour::Blue; number <= colour::BrightWhite; ++number) {
+        EXPECT_GE(Contrast(PaletteColour(number), PaletteColour(colour::Black)), 5.5) << number;
+        for (int other = colour::Black; other < number; ++other) {
+            const auto a = PaletteColour(number), b = PaletteColour(other);
+            const int apart =
+                std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
+            EXPECT_GE(apart, 60) << number << " and " << other;
+        }
+    }
+    EXPECT_EQ(PaletteColour(-1), PaletteColour(99));
+}
+
+/// A map of 40 by 20 degrees on 400 by 200 pixels. A whole degree is the middle of each tenth pixel, from 20 west at
+/// the left and 10 north at the top.
+struct MapPainterTest : ::testing::Test {
+    MapPainterTest()
+    {
+        for (auto* surface : {&form.Map1, &form.Pic1}) {
+            surface->SetSize(400, 200);
+            surface->SetFrame({20.05, 10.05, -19.95, -9.95});
+        }
+        map.OnChange = [this] { ++changes; };
+    }
+    /// The colour number at a place, 0 for the ground.
+    int At(MapPainter& painter, int x, int y, qreal ratio = 1)
+    {
+        const auto pixel = painter.Image({400, 200}, ratio)
+                               .pixelColor(static_cast<int>((x + 0.5) * ratio), static_cast<int>((y + 0.5) * ratio));
+        int nearest = 0;
+        for (int number = 0; number < 16; ++number) {
+            const auto candidate = PaletteColour(number);
+            if (Distance(pixel, candidate) < Distance(pixel, PaletteColour(nearest))) nearest = number;
+        }
+        return nearest;
+    }
+    static int Distance(const QColor& a, const QColor& b)
+    {
+        return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
+    }
+    static void Line(Surface& surface, double x1, double y1, double x2, double y2, int colour)
+    {
+        surface.Point(x1, y1, colour);
+        surface.LineTo(x2, y2, colour);
+    }
+
+    Controls all;
+    MapForm form{all};
+    MapPainter map{form.Map1}, twin{form.Pic1};
+    int changes = 0;
+};
+
+TEST_F(MapPainterTest, LinesStandWhereTheFramePutsThem)
+{
+    Line(form.Map1, 20, 0, -20, 0, colour::Red);       // from the left border to the right, in the middle
+    form.Map1.LineTo(-20, -5, colour::Yellow);         // goes on from there in another colour
+    form.Map1.LineTo(15, -5, colour::Yellow);          //
+    Line(form.Map1, 10, 500, 10, -500, colour::Green); // crosses the whole map, from far outside
+    Line(form.Map1, 500, 5, 400, 5, colour::Blue);     // is all outside
+    for (const qreal ratio : {1.0, 2.0}) {
+        EXPECT_EQ(At(map, 200, 100, ratio), colour::Red);
+        EXPECT_EQ(At(map, 200, 150, ratio), colour::Yellow);
+        EXPECT_EQ(At(map, 100, 20, ratio), colour::Green);
+        EXPECT_EQ(At(map, 200, 50, ratio), colour::Black);
+        EXPECT_EQ(At(map, 40, 150, ratio), colour::Black);
+    }
+    EXPECT_EQ(map.Image({1200, 600}).pixelColor(601, 301), map.Image({400, 200}).pixelColor(200, 100))
+        << "another size draws the list anew";
+}
+
+TEST_F(MapPainterTest, KeepSharesTheFinishedPictureAndItsOwnLinesGo)
+{
+    Line(form.Map1, 20, 5, -20, 5, colour::Red);
+    Line(form.Pic1, 20, 0, -20, 0, colour::Green);
+    form.Map1.Keep(form.Pic1);
+    EXPECT_EQ(At(map, 200, 50), colour::Black);
+    EXPECT_EQ(At(map, 200, 100), colour::Green);
+    EXPECT_EQ(map.Image({400, 200}).constBits(), twin.Image({400, 200}).constBits()) << "one picture for both";
+
+    form.Map1.Circle(0, 0, 5, colour::White);
+    EXPECT_EQ(At(map, 150, 100), colour::White);
+    EXPECT_EQ(At(map, 220, 100), colour::Green);
+    EXPECT_EQ(At(twin, 150, 100), colour::Green);
+
+    Line(form.Pic1, 20, -5, -20, -5, colour::Red);
+    EXPECT_EQ(At(twin, 300, 150), colour::Red);
+    EXPECT_EQ(At(map, 300, 150), colour::Black) << "what is drawn later on the twin stays there";
+    form.Pic1.Clear();
+    EXPECT_EQ(At(map, 220, 100), colour::Green);
+    form.Map1.Clear();
+    EXPECT_EQ(At(map, 220, 100), colour::Black);
+    EXPECT_EQ(At(map, 150, 100), colour::Black);
+}
+
+TEST_F(MapPainterTest, WatchersAreToldOnceUntilTheyLook)
+{
+    map.Image({400, 200});
+    changes = 0;
+    for (int i = 0; i < 100; ++i) Line(form.Map1, 20, 0, -20, 0, colour::Red);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(At(map, 200, 100), colour::Red);
+    Line(form.Map1, 20, 5, -20, 5, colour::Green);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(At(map, 200, 50), colour::Green) << "drawn on top of what was looked at";
+}
+
+TEST_F(MapPainterTest, TheRubberBandIsTheLastBoxAndIsSeenOnAnyGround)
+{
+    EXPECT_FALSE(map.Band({400, 200}));
+    form.Map1.Box(10, 5, 0, -5, colour::BrightWhite);
+    form.Map1.Box(10, 5, -10, -5, colour::BrightWhite);
+    ASSERT_TRUE(map.Band({400, 200}));
+    EXPECT_EQ(map.Band({400, 200})->toRect(), QRect(101, 51, 200, 100));
+    EXPECT_EQ(At(map, 100, 100), colour::Black) << "the picture itself stays clean";
+    for (const auto ground : {Qt::white, Qt::black}) {
+        QImage image(400, 200, QImage::Format_RGB32);
+        image.fill(ground);
+        const auto before = image;
+        QPainter painter(&image);
+        MapPainter::DrawBand(painter, *map.Band({400, 200}));
+        painter.end();
+        EXPECT_NE(image, before);
+    }
+    form.Map1.Clear();
+    EXPECT_FALSE(map.Band({400, 200}));
+}
+
+TEST_F(MapPainterTest, APictureCoversItsShareOfTheSurface)
+{
+    const test::TemporaryFolder folder;
+    QImage file(10, 10, QImage::Format_RGB32);
+    file.fill(PaletteColour(colour::Yellow));
+    ASSERT_TRUE(file.save(QString::fromStdString(folder.Path() + "/Chart.png")));
+    form.Map1.Picture(folder.Path() + "\\chart.PNG", 200, 200);
+    form.Map1.Picture(folder.Path() + "/missing.png", 400, 200);
+    EXPECT_EQ(At(map, 100, 100), colour::Yellow);
+    EXPECT_EQ(At(map, 300, 100), colour::Black);
+}
+
+} // namespace
+} // namespace halvern
