@@ -10,6 +10,7 @@
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
+#include "relay/Beacon.h"
 
 namespace halvern {
 namespace {
@@ -98,6 +99,13 @@ void ConnectPorts(Halvern& halvern)
     main.SoundSoc.OnReceive = [&] { ReceiveFromSound(halvern); };
 }
 
+void ConnectTransmitter(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.Timer2.OnTick = [&] { BeaconTick(halvern); };
+    main.BeaconMenu.OnClick = [&] { BeaconNow(halvern); };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
@@ -105,6 +113,7 @@ void ConnectHandlers(Halvern& halvern)
     ConnectWindows(halvern);
     ConnectSetUp(halvern);
     ConnectPorts(halvern);
+    ConnectTransmitter(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

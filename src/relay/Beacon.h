@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "state/Halvern.h"
+
+/// The station's own position and status: fast at first, then at a rate that follows from the length of the path.
+namespace halvern {
+
+/// `Timer2` has run out: sends what is due and sets the next interval. The interval is the state of the schedule: 1,
+/// 8000, 16000, 32000, then 60000 ms, at which every `BeaconRate`th minute has a beacon.
+///
+/// A weather symbol or a bad path ends in a timer that stays off.
+void BeaconTick(Halvern& halvern);
+
+/// Sends the position in row 0 of the store at once, on every open port, without touching the schedule.
+void BeaconNow(Halvern& halvern);
+
+} // namespace halvern

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "relay/Beacon.h"
+
+#include <gmock/gmock.h>
+
+#include "relay/Paths.h"
+#include "support/Station.h"
+
+namespace halvern::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(Paths, AreCheckedAndCounted)
+{
+    const struct {
+        const char *path, *checked;
+        int hops;
+    } cases[] = {
+        {"RELAY", "RELAY*", 1},           {"WIDE1-1", "WIDE1*", 2},
+        {"WIDE2-2", "WIDE2*", 3},         {"WIDE3-3", "WIDE3*", 4},
+        {"RELAY,WIDE", "RELAY,WIDE*", 2}, {"WIDE1-1,WIDE2-1", "WIDE1,WIDE2*", 5},
+        {"Q0ABC-7", "Q0ABC-7*", 1},       {"Q0ABC-7,WIDE2-1", "Q0ABC-7,WIDE2*", 4},
+        {"WIDE10-1", "WIDE10*", 1}, // only the last digit counts
+        {"A-1", "Path No Good", 0},       {"-1", "Path No Good", 0},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(CheckUnprotoPath(each.path), each.checked);
+        EXPECT_EQ(PathHopCount(each.checked), each.hops) << each.checked;
+    }
+    const std::pair<const char*, int> heard[] = {{"None", 0},
+                                                 {"0", 0},
+                                                 {"Q0ABC,WIDE2-1", 1},
+                                                 {"Q0ABC*,WIDE2-1", 2},
+                                                 {"WIDE2-2", 0},
+                                                 {"Q0ABC,Q0DEF-5*", 2},
+                                                 {"-5", 100},
+                                                 {"WIDE2-99999999999", 100},
+                                                 {"", 0}};
+    for (const auto& [path, hops] : heard) EXPECT_EQ(PathHopCount(path), hops) << path;
+}
+
+struct Beacons : testing::Test {
+    Beacons() { station.SetUp(); }
+    /// What left by any port until `end`, in seconds since the start: "8 radio LINE".
+    std::vector<std::string> Air(std::int64_t end)
+    {
+        std::vector<std::string> air;
+        for (std::int64_t second = station.time.Elapsed() / 1000; second <= end; ++second) {
+            station.time.Wait(second * 1000 + 1 - station.time.Elapsed());
+            const auto note = [&](const char* port, const std::vector<std::string>& sent) {
+                for (const auto& bytes : sent) air.push_back(std::to_string(second) + " " + port + " " + bytes);
+            };
+            note("radio", station.SentByRadio());
+            note("internet", station.SentBy(main.InternetSoc));
+            note("psk63", station.SentBy(main.Psk63Soc));
+        }
+        return air;
+    }
+    /// The seconds at which something left by a port.
+    static std::vector<int> Times(const std::vector<std::string>& air, const std::string& port)
+    {
+        std::vector<int> times;
+        for (const auto& line : air)
+            if (line.find(" " + port + " ") != std::string::npos) times.push_back(std::stoi(line));
+        times.erase(std::unique(times.begin(), times.end()), times.end());
+        return times;
+    }
+    Station station;
+    Halvern& halvern = station.halvern;
+    MainForm& main = halvern.ConMdiFrm;
+};
+
+const std::string Position = "=4049.14N/07308.41W-PHG5130 own";
+
+TEST_F(Beacons, ADayBeginsFastAndSettlesToItsRate)
+{
+    station.OpenTnc();
+    auto air = Air(24 * 3600);
+    std::vector<int> expected{0, 8, 24, 56};
+    for (int second = 116; second <= 24 * 3600; second += 600) expected.push_back(second);
+    EXPECT_EQ(Times(air, "radio"), expected);
+    ASSERT_EQ(air.size(), 2 * expected.size());
+    EXPECT_EQ(air[0], "0 radio Q0OWN>APHV01:" + Position);
+    EXPECT_EQ(air[1], "0 radio Q0OWN>APHV01:>here");
+    EXPECT_THAT(Times(air, "internet"), IsEmpty());
+    EXPECT_EQ(main.Timer2.Interval(), 60000);
+}
+
+TEST_F(Beacons, TheEngineHearsTheStatusFirst)
+{
+    station.OpenTnc();
+    station.time.Wait(1);
+    EXPECT_THAT(Station::Rows(halvern.TerminalFrm.RawPacketLst),
+                ElementsAre("Q0OWN>APHV01:>here", "Q0OWN>APHV01:" + Position));
+}
+
+TEST_F(Beacons, EveryPortHasItsOwnForm)
+{
+    halvern.SetUpfrm.UnPath.Preselect(1); // WIDE2-2
+    halvern.SetUpfrm.CommentTXT.SetText("a\xC0\xDB\xFF");
+    main.InternetSoc.Connect();
+    main.ServerLoggedIn = true;
+    main.Psk63Soc.Connect();
+    station.OpenTnc();
+    const std::string plain = "=4049.14N/07308.41W-PHG5130 a\xC0\xDB\xFF";
+    const std::string escaped = "=4049.14N/07308.41W-PHG5130 a\xDB\xDC\xDB\xDD\xFF";
+    const std::vector<std::string> first{"0 radio Q0OWN>APHV01,WIDE2-2:" + plain, "0 radio Q0OWN>APHV01,WIDE2-2:>here",
+                                         // what radio has escaped stays so for the rest of the tick
+                                         "0 internet Q0OWN>APHV01,TCPIP*:" + escaped + "\r\n",
+                                         "0 internet Q0OWN>APHV01,TCPIP*:>here\r\n"};
+    EXPECT_EQ(Air(0), first);
+    const auto second = Air(8);
+    ASSERT_THAT(second, SizeIs(6));
+    EXPECT_EQ(second[4], "8 psk63 Q0OWN>APHV01,WIDE2-2:" + plain + "\r\n");
+    EXPECT_EQ(second[5], "8 psk63 Q0OWN>APHV01,WIDE2-2:>here\r\n");
+}
+
+TEST_F(Beacons, Psk63BeaconsEveryFiveMinutes)
+{
+    main.Psk63Soc.Connect();
+    main.Timer2.Start(1);
+    const auto times = Times(Air(1200), "psk63");
+    // the second of the fast ones, then the sixth steady tick and every fifth one from there
+    EXPECT_EQ(times, (std::vector<int>{8, 116 + 5 * 60, 116 + 10 * 60, 116 + 15 * 60}));
+}
+
+TEST_F(Beacons, TheDialectOfMarksSpeaksCharacterByCharacter)
+{
+    const auto marked = [](const std::string& text) {
+        std::string bytes;
+        for (const char character : text) bytes += std::string("\x19") + character;
+        return bytes;
+    };
+    halvern.SetUpfrm.Psk63PortTxt.SetText("3122");
+    halvern.SetUpfrm.UnPath.Preselect(1);
+    halvern.Engine.Psk63Reply = "DONE";
+    main.Psk63Soc.Connect();
+    main.Timer2.Start(8000);
+    station.time.Wait(8000);
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE\r"),
+                                                           marked("SSSSSQ0OWN>APHV01:>hereEEEEE"), "\x1ATX\x1B"));
+    EXPECT_EQ(halvern.Engine.Psk63Reply, "");
+    halvern.Engine.Psk63Busy = true;
+    main.Timer2.Start(8000);
+    station.time.Wait(8000);
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), IsEmpty());
+    halvern.Engine.Psk63Busy = false;
+    main.BeaconMenu.Click();
+    EXPECT_THAT(station.SentBy(main.Psk63Soc),
+                ElementsAre(marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE"), "\x1ATX\x1B"));
+}
+
+TEST_F(Beacons, FollowThePathInTheirRate)
+{
+    const std::pair<const char*, int> rates[] = {{"RELAY", 10},      {"WIDE1-1", 20},         {"WIDE2-2", 30},
+                                                 {"RELAY,WIDE", 20}, {"WIDE1-1,WIDE2-1", 30}, {"NONE", 10}};
+    for (const auto& [path, rate] : rates) {
+        halvern.SetUpfrm.UnPath.Add(path);
+        halvern.SetUpfrm.UnPath.Preselect(halvern.SetUpfrm.UnPath.IndexOf(path));
+        main.Timer2.Start(1);
+        station.time.Wait(1);
+        EXPECT_EQ(halvern.Engine.BeaconRate, rate) << path;
+    }
+    // a count that the new rate has left behind goes on without a beacon
+    halvern.Engine.BeaconMinutes = 12;
+    main.Timer2.Start(60000);
+    station.OpenTnc();
+    main.Timer2.Start(60000);
+    station.time.Wait(3600 * 1000);
+    EXPECT_EQ(halvern.Engine.BeaconMinutes, 72);
+    EXPECT_THAT(station.SentByRadio(), IsEmpty());
+    halvern.Engine.BeaconMinutes = 32767;
+    station.time.Wait(60000);
+    EXPECT_FALSE(main.Timer2.Enabled());
+    EXPECT_THAT(station.TakeSaid(), testing::Contains("message critical \"Halvern\" \"Error # 6 Overflow\""));
+}
+
+TEST_F(Beacons, ABadPathClosesThePortsOnce)
+{
+    halvern.SetUpfrm.UnPath.Add("A-1");
+    halvern.SetUpfrm.UnPath.Preselect(2);
+    halvern.SetUpfrm.IntDomainCombo.SetText("feed.example");
+    for (MenuItem* item : {&main.PortTnc, &main.SoundCardMenu, &main.PortIp}) item->Click();
+    main.Psk63Soc.Connect();
+    station.time.Wait(10);
+    EXPECT_FALSE(main.PortTnc.Checked() || main.SoundCardMenu.Checked() || main.PortIp.Checked());
+    EXPECT_TRUE(main.Psk63Soc.Connected());
+    EXPECT_FALSE(main.Timer2.Enabled());
+    EXPECT_THAT(station.TakeSaid(), ElementsAre(testing::HasSubstr("critical \"Halvern\" \"An Error has been")));
+    EXPECT_THAT(station.SentByRadio(), IsEmpty());
+    // the operator insists
+    halvern.Engine.BeaconRate = 20;
+    station.OpenTnc();
+    station.time.Wait(10);
+    EXPECT_THAT(station.SentByRadio(), SizeIs(2));
+    EXPECT_EQ(halvern.Engine.BeaconRate, 20);
+}
+
+TEST_F(Beacons, AWeatherSymbolStopsTheSchedule)
+{
+    const auto& symbols = halvern.SetUpfrm.SymbolCombo;
+    int weather = 0;
+    while (!symbols.Row(weather).ends_with("/_")) ++weather;
+    halvern.SetUpfrm.SymbolCombo.Preselect(weather);
+    station.OpenTnc();
+    station.time.Wait(100000);
+    main.BeaconMenu.Click();
+    EXPECT_THAT(station.SentByRadio(), IsEmpty());
+    EXPECT_FALSE(main.Timer2.Enabled());
+    EXPECT_EQ(main.Timer2.Interval(), 1);
+}
+
+TEST_F(Beacons, BeaconNowSendsTheStoredPositionAlone)
+{
+    station.Hear("Q0OWN>APHV01:!4100.00N/07200.00W-moved", "MAP");
+    station.OpenTnc();
+    main.Timer2.Stop();
+    main.InternetSoc.Connect();
+    main.Psk63Soc.Connect();
+    main.BeaconMenu.Click();
+    const auto* const payload = "=4100.00N/07200.00W-moved";
+    EXPECT_THAT(station.SentByRadio(), ElementsAre(std::string("Q0OWN>APHV01:") + payload));
+    EXPECT_THAT(station.SentBy(main.InternetSoc), ElementsAre(std::string("Q0OWN>APHV01,TCPIP*:") + payload + "\r\n"));
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(std::string("Q0OWN>APHV01:") + payload + "\r\n"));
+    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 1);
+}
+
+} // namespace
+} // namespace halvern::test
