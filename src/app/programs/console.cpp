@@ -2,6 +2,7 @@
 // halvern-console: the station, driven by lines of text on standard input.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -10,10 +11,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <deque>
 #include <memory>
 #include <span>
+#include <tuple>
 
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
@@ -28,6 +31,7 @@ public:
     LineReader() : notifier(STDIN_FILENO, QSocketNotifier::Read)
     {
         QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { Read(); });
+        EndAtSignals();
     }
 
     /// Waits for a line, and runs events meanwhile. @return nothing at the end, or as soon as `stop` is true
@@ -40,6 +44,9 @@ public:
         lines.pop_front();
         return line;
     }
+
+    /// A signal asked the program to end.
+    bool Stopped() const { return stopped; }
 
 private:
     void Read()
@@ -62,10 +69,27 @@ private:
         unfinished.erase(0, start);
     }
 
+    /// Who ends the program from outside ends its input, and the station closes as it should.
+    void EndAtSignals()
+    {
+        if (::pipe(signalPipe) != 0) return;
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            std::signal(signal, [](int) { std::ignore = ::write(signalPipe[1], "", 1); });
+        signalled = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
+        QObject::connect(signalled.get(), &QSocketNotifier::activated, [this] {
+            signalled->setEnabled(false);
+            lines.clear();
+            ended = stopped = true;
+        });
+    }
+
+    inline static int signalPipe[2];
+    std::unique_ptr<QSocketNotifier> signalled;
     QSocketNotifier notifier;
     std::deque<std::string> lines;
     std::string unfinished;
     bool ended = false;
+    bool stopped = false;
 };
 
 /// Windows need an application with a screen, or with a picture of one; without them there may be neither.
@@ -76,7 +100,9 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& count, char** arguments)
     if (!windows) return std::make_unique<QCoreApplication>(count, arguments);
     const bool screen = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     if (!screen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QApplication>(count, arguments);
+    auto application = std::make_unique<QApplication>(count, arguments);
+    QApplication::setQuitOnLastWindowClosed(false); // the input says when it is over
+    return application;
 }
 
 struct Options {
@@ -99,12 +125,14 @@ Options ReadOptions(const QCoreApplication& application)
     return {parser.isSet("simulate"), parser.isSet("windows"), directories.value(0).toStdString()};
 }
 
-void PassRealTime(std::int64_t milliseconds)
+void PassRealTime(std::int64_t milliseconds, const std::function<bool()>& stop)
 {
     std::fflush(stdout);
-    QEventLoop loop;
-    QTimer::singleShot(std::chrono::milliseconds(milliseconds), &loop, &QEventLoop::quit);
-    loop.exec();
+    const QDeadlineTimer deadline(milliseconds);
+    QTimer alarm;
+    alarm.setTimerType(Qt::PreciseTimer);
+    alarm.start(std::chrono::milliseconds(milliseconds));
+    while (!deadline.hasExpired() && !stop()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 int RunConsole(const Options& options)
@@ -123,7 +151,9 @@ int RunConsole(const Options& options)
     ConsoleWorld world{halvern, dialogs, map, picture};
     world.Print = [](const std::string& line) { std::printf("%s\n", line.c_str()); };
     world.NextLine = [&](const std::function<bool()>& stop) { return input.Next(stop); };
-    world.PassTime = PassRealTime;
+    world.PassTime = [&](std::int64_t milliseconds) {
+        PassRealTime(milliseconds, [&] { return halvern.Engine.Ended || input.Stopped(); });
+    };
     if (options.simulate) {
         simulatedTime.Drive(halvern.All);
         world.time = &simulatedTime;
