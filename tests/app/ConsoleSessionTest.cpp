@@ -309,5 +309,17 @@ TEST_F(ConsoleSessionTest, FunctionsAnswerWithTextsAndNumbers)
     }
 }
 
+TEST(ConsoleRunTest, TheStationEndsWithItsInputOrAtAWord)
+{
+    for (const char* last : {"echo \"end\"", "quit", "close ConMdiFrm"}) {
+        const TemporaryFolder folder;
+        LinkData(folder);
+        Station ended(folder.Path());
+        auto played = Play(ended, {last, "nonsense behind the end"});
+        EXPECT_TRUE(ended.halvern.Engine.Ended) << last;
+        EXPECT_EQ(played.status, std::string(last).starts_with("echo") ? 1 : 0) << last;
+    }
+}
+
 } // namespace
 } // namespace halvern::test

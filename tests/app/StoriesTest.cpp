@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Every tests/stories/NAME.txt is a console script; NAME.expected beside it is what the console answers.
+// Two words are the player's own: "include NAME" stands for the lines of parts/NAME.txt, "restart" ends the station and
+// starts another one in the same directory.
 // HALVERN_REWRITE_STORIES=1 in the environment writes the answers anew; read what changed before you keep it.
 #include <gtest/gtest.h>
 
@@ -45,26 +47,48 @@ std::string Lasting(std::string answer, const std::string& folder)
     return std::regex_replace(answer, duration, "$1 S s");
 }
 
+/// The lines of a script with what it includes, one list a run of the station.
+using Runs = std::vector<std::vector<std::string>>;
+void ReadScript(const fs::path& file, Runs& runs)
+{
+    ASSERT_TRUE(fs::exists(file)) << file;
+    std::istringstream text(TextOf(file));
+    for (std::string line; std::getline(text, line);) {
+        if (line.starts_with("include "))
+            ReadScript(Folder / "parts" / (line.substr(8) + ".txt"), runs);
+        else if (line == "restart")
+            runs.emplace_back();
+        else
+            runs.back().push_back(line);
+    }
+}
+
+/// Puts the folder of recorded traffic into the lines that name it. @return false where there is none
+bool PutTrafficIn(Runs& runs)
+{
+    const auto traffic = TrafficFile("");
+    for (auto& run : runs)
+        for (auto& line : run) {
+            if (line.find("TRAFFIC/") != std::string::npos && traffic.empty()) return false;
+            ReplaceAll(line, "TRAFFIC/", traffic);
+        }
+    return true;
+}
+
 struct Stories : ::testing::TestWithParam<std::string> {};
 
 TEST_P(Stories, TheStationAnswersAsItDid)
 {
-    auto script = TextOf(Folder / (GetParam() + ".txt"));
-    if (script.find("TRAFFIC/") != std::string::npos) {
-        const auto traffic = TrafficFile("");
-        if (traffic.empty()) GTEST_SKIP() << "no recorded traffic on this machine";
-        ReplaceAll(script, "TRAFFIC/", traffic);
-    }
+    Runs runs(1);
+    ReadScript(Folder / (GetParam() + ".txt"), runs);
+    if (!PutTrafficIn(runs)) GTEST_SKIP() << "no recorded traffic on this machine";
     const TemporaryFolder folder;
     LinkData(folder);
-    Station station(folder.Path());
-    std::vector<std::string> lines;
-    std::istringstream text(script);
-    for (std::string line; std::getline(text, line);) lines.push_back(line);
-
     std::string answers;
-    for (const auto& answer : Play(station, lines).answers) answers += Lasting(answer, folder.Path()) + "\n";
-
+    for (const auto& run : runs) {
+        Station station(folder.Path());
+        for (const auto& answer : Play(station, run).answers) answers += Lasting(answer, folder.Path()) + "\n";
+    }
     const auto expected = Folder / (GetParam() + ".expected");
     if (std::getenv("HALVERN_REWRITE_STORIES") != nullptr) std::ofstream(expected, std::ios::binary) << answers;
     EXPECT_EQ(answers, TextOf(expected));

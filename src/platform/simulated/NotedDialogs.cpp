@@ -2,6 +2,7 @@
 #include "platform/simulated/NotedDialogs.h"
 
 #include <array>
+#include <utility>
 
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"
@@ -87,9 +88,15 @@ void NotedDialogs::ShowModal(Form& form)
 {
     Line("modal " + form.Name());
     form.Show();
+    bool up = true;
+    const auto noteHiding = [&](const Change&) {
+        if (!form.Visible() && std::exchange(up, false)) Line("closed " + form.Name());
+    };
+    const int watch = form.Watch(noteHiding);
     if (RunModal && form.Visible()) RunModal(form);
-    if (form.Visible()) form.Hide();
-    Line("closed " + form.Name());
+    form.Hide();
+    noteHiding({});
+    form.Unwatch(watch);
 }
 
 std::string NotedDialogs::Print(const std::string& printer, Control&)
