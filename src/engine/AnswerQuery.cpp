@@ -102,7 +102,7 @@ void AnswerHeardDirect(Halvern& halvern, std::string_view)
 int HeardRow(const Grid& grid, std::string_view query)
 {
     for (int row = 1; row < grid.Rows(); ++row)
-        if (const auto& call = grid.Cell(row, 0); Columns(query, 8, call.size()) == call) return row;
+        if (const auto& call = grid.Cell(row, 0); !call.empty() && Columns(query, 8, call.size()) == call) return row;
     return NotFound;
 }
 
