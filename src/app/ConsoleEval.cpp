@@ -37,12 +37,17 @@ std::string Quoted(std::span<const std::string> texts)
     return all;
 }
 
+/// A count as the program has it, in 16 bits.
+std::int16_t Count(const std::string& text)
+{
+    const int count = WholeNumber(text);
+    if (count < 0 || count > std::numeric_limits<std::int16_t>::max()) throw ConsoleError(text + " is no count");
+    return static_cast<std::int16_t>(count);
+}
+
 std::string EvalSplitSentence(Halvern&, const Texts& args)
 {
-    const int wanted = WholeNumber(args[1]);
-    if (wanted < 0 || wanted > std::numeric_limits<std::int16_t>::max())
-        throw ConsoleError(args[1] + " is no number of fields");
-    auto count = static_cast<std::int16_t>(wanted);
+    auto count = Count(args[1]);
     Texts fields;
     SplitSentence(args[0], fields, count);
     if (count <= 0) return ConsoleNumber(count);
@@ -60,7 +65,7 @@ std::string EvalDecodeMicE(Halvern&, const Texts& args)
 std::string EvalDigiSubstitute(Halvern&, const Texts& args)
 {
     auto path = args[0];
-    auto count = static_cast<std::int16_t>(WholeNumber(args[1]));
+    auto count = Count(args[1]);
     DigiSubstitute(path, count, args[2], args[3]);
     return ConsoleQuoted(path) + " " + std::to_string(count);
 }

@@ -304,6 +304,11 @@ TEST_F(ConsoleSessionTest, FunctionsAnswerWithTextsAndNumbers)
               R"(SplitSentence 9 "$GPRMC" "a" "b" "c" "d" "e" "f" "012" "000")"},
              {R"(SplitSentence "$GPGGA,1,2" 3)", "SplitSentence -1"},
              {R"(DecodeMicE "short" "x")", R"(DecodeMicE "PacketNoGood")"},
+             {R"(KissUnescape "a\xDB\xDC\xDB\xDD\xDBx")", R"(KissUnescape "a\xC0\xDB")"},
+             {R"(KissFrameToText "too short")", R"(KissFrameToText "NG")"},
+             {R"(DigiSubstitute ",WIDE1-1,WIDE2-1" 0 "WIDE1-1" "Q0OWN")", R"(DigiSubstitute ",Q0OWN*,WIDE2-1" 1)"},
+             {R"(APRSPasscode "N0CALL")", R"(APRSPasscode "13023")"},
+             {R"(ValidatePositionField "40" "Degrees of Latitude")", R"(ValidatePositionField "OK")"},
          }) {
         EXPECT_THAT(Answers({std::string("eval ") + line}), ElementsAre(answer));
     }
