@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <tuple>
 
 #include "platform/Text.h"
 
@@ -100,6 +101,23 @@ Form::Form(Controls& directory, std::string name, std::string caption)
     : Control(directory, std::move(name)), caption(std::move(caption))
 {
     SetVisible(false);
+}
+
+void Form::SetPlace(const halvern::Place& where)
+{
+    const auto sizeOf = [](const halvern::Place& any) { return std::tuple(any.width, any.height, any.state); };
+    const bool resized = sizeOf(where) != sizeOf(place);
+    Put(place, where);
+    if (resized) Fire(OnResize);
+}
+
+void Form::SetClientSize(int width, int height)
+{
+    if (width == clientWidth && height == clientHeight) return;
+    clientWidth = width;
+    clientHeight = height;
+    Tell({});
+    Fire(OnResize);
 }
 
 void Form::Load()

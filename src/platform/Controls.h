@@ -109,6 +109,8 @@ void Fire(const std::function<void(Arguments...)>& slot, Values&&... values)
 }
 using Event = std::function<void()>;
 
+inline constexpr int TwipsPerPixel = 15;
+
 /// Where a window stands: in twips, 15 to a pixel of an ordinary screen. `state`: 0 normal, 1 minimised, 2 maximised.
 struct Place {
     int height = 3600;
@@ -116,6 +118,7 @@ struct Place {
     int top = 0;
     int width = 4800;
     int state = 0;
+    static constexpr int Minimised = 1;
     bool operator==(const Place&) const = default;
 };
 
@@ -134,7 +137,13 @@ public:
     const std::string& Caption() const { return caption; }
     void SetCaption(std::string text) { Put(caption, text); }
     const halvern::Place& Place() const { return place; }
-    void SetPlace(const halvern::Place& where) { Put(place, where); }
+    /// Moves or sizes the window; `OnResize` runs if its size or its state changed.
+    void SetPlace(const halvern::Place& where);
+    /// Inner size in pixels: what the window has told last, or what the place gives where there is no window.
+    int ClientWidth() const { return clientWidth > 0 ? clientWidth : place.width / TwipsPerPixel; }
+    int ClientHeight() const { return clientHeight > 0 ? clientHeight : place.height / TwipsPerPixel; }
+    /// What a real window tells whenever its inner size changes; `OnResize` runs.
+    void SetClientSize(int width, int height);
 
     /// Brings the form up: loads it at the first time (`OnLoad`), shows it, then runs `OnActivate`.
     void Show();
@@ -154,6 +163,7 @@ public:
 private:
     std::string caption;
     halvern::Place place;
+    int clientWidth = 0, clientHeight = 0;
     bool loaded = false;
 };
 

@@ -23,6 +23,7 @@ private:
 namespace failure {
 inline constexpr int Overflow = 6;
 inline constexpr int Subscript = 9;
+inline constexpr int DivisionByZero = 11;
 inline constexpr int FileNotFound = 53;
 inline constexpr int FileAlreadyOpen = 55;
 inline constexpr int DiskFull = 61;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,8 @@ public:
     virtual void Keep(Painter& other) = 0;
 };
 
+/// How a box meets what is drawn already: the box of a drag takes itself away with Invert before it is drawn anew.
+enum class DrawMode { Copy, Invert };
 enum class Pointer { Default, CrossHair, HourGlass, Arrow };
 enum class MouseButton { Left, Right };
 
@@ -87,6 +90,9 @@ public:
     void SetMousePointer(Pointer next) { Put(pointer, next); }
     /// False while a map is drawn that comes on the screen as a whole.
     bool AutoRepaint = false;
+    DrawMode Mode = DrawMode::Copy;
+    /// Asks whoever shows the surface to show it again.
+    void Repaint() { Tell({}); }
 
     std::function<void(MouseButton, double x, double y)> OnMouseDown, OnMouseUp;
     std::function<void(double x, double y)> OnMouseMove;
@@ -142,6 +148,13 @@ public:
         Require(index);
         edit(sprites[index]);
         Tell({Change::RowReplaced, index});
+    }
+    /// Changes the first `count` sprites by `edit(index, sprite)`; watchers are told once.
+    template <class Edit> void AlterFirst(int count, Edit edit)
+    {
+        count = std::min(count, Count());
+        for (int i = 0; i < count; ++i) edit(i, sprites[i]);
+        Tell({Change::RowsCleared});
     }
     void Show(int index, bool visible)
     {

@@ -51,10 +51,17 @@ double LeadingNumber(std::string_view text)
 
 std::string PlainNumber(double number)
 {
-    char buffer[64];
+    char buffer[400];            // the smallest number has some 340 digits
     if (number == 0) number = 0; // no "-0"
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed).ptr;
     return std::abs(number) < 1e17 ? std::string(buffer, end) : ConsoleNumber(number);
+}
+
+std::string PlainFloat(float number)
+{
+    char buffer[64];
+    if (number == 0) number = 0;
+    return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed).ptr};
 }
 
 std::string SignedNumber(double number)

@@ -28,6 +28,8 @@ double LeadingNumber(std::string_view text);
 
 /// A number in shortest decimal form, a dot as the point, no leading zero dropped: 0.5, -2, 1024.
 std::string PlainNumber(double number);
+/// The same for a 32-bit number: no more digits than tell it from its neighbours.
+std::string PlainFloat(float number);
 
 /// A number with the place of its sign in front: a blank, or the minus.
 std::string SignedNumber(double number);
