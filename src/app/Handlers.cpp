@@ -7,6 +7,10 @@
 #include "config/SetupLists.h"
 #include "config/StartUp.h"
 #include "map/FirstMap.h"
+#include "map/Geometry.h"
+#include "map/MapCommand.h"
+#include "map/MapMouse.h"
+#include "map/Redraw.h"
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
@@ -25,7 +29,6 @@ void ConnectWindows(Halvern& halvern)
     main.SetupMenu.OnClick = [&] { halvern.SetUpfrm.Show(); };
     main.GetHelpMenu.OnClick = [&] { ShowHelp(halvern); };
     main.AboutHalvernMenu.OnClick = [&] { ShowAbout(halvern); };
-    halvern.MapFrm.OnActivate = [&] { FirstMapActivation(halvern); };
     for (int window = 1; window <= ChildWindows; ++window) {
         main.FrmMenu(window).OnClick = [&halvern, window] { ToggleWindow(halvern, window); };
         ChildWindow(halvern, window).OnCloseBox = [&halvern, window] { ToggleWindow(halvern, window); };
@@ -106,6 +109,37 @@ void ConnectTransmitter(Halvern& halvern)
     main.BeaconMenu.OnClick = [&] { BeaconNow(halvern); };
 }
 
+void ConnectMap(Halvern& halvern)
+{
+    auto& form = halvern.MapFrm;
+    form.OnActivate = [&] { FirstMapActivation(halvern); };
+    form.OnResize = [&] { ResizeMap(halvern); };
+    form.Map1.OnMouseDown = [&](MouseButton button, double x, double y) { MapMouseDown(halvern, button, x, y); };
+    form.Map1.OnMouseMove = [&](double x, double y) { MapMouseMove(halvern, x, y); };
+    form.Map1.OnMouseUp = [&](MouseButton button, double x, double y) { MapMouseUp(halvern, button, x, y); };
+}
+
+void ConnectMapMenu(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.ScaleCombo.OnClick = [&] { RangeSelected(halvern); };
+    main.HomeMenu.OnClick = [&] { GoHome(halvern); };
+    main.RefreshMapMenu.OnClick = [&] { halvern.MapFrm.Map1.Repaint(); };
+    main.PanMapMenu.OnClick = [&] { MapCommand(halvern, "PanMap"); };
+    main.ZoomLastMenu.OnClick = [&] { MapCommand(halvern, "ZoomLast"); };
+    main.ZoomUSAmenu.OnClick = [&] { MapCommand(halvern, "ZoomUSA"); };
+    main.FindCallSignMenu.OnClick = [&] { MapCommand(halvern, "FindCallSign"); };
+    main.PrintMapMenu.OnClick = [&] { MapCommand(halvern, "PrintMap"); };
+    main.SaveBitMapMenu.OnClick = [&] { MapCommand(halvern, "SaveBitMap"); };
+    main.UsgsMapMenu.OnClick = [&] { MapCommand(halvern, "UsgsMap"); };
+    main.DosMapMenu.OnClick = [&] { MapCommand(halvern, "DosMap"); };
+    main.BitMapMenu.OnClick = [&] { MapCommand(halvern, "BitMap"); };
+    for (int i = main.Toolbar1Button.First(); i <= main.Toolbar1Button.Last(); ++i)
+        main.Toolbar1Button(i).OnClick = [&halvern, &button = main.Toolbar1Button(i)] {
+            MapCommand(halvern, button.Caption());
+        };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
@@ -114,6 +148,8 @@ void ConnectHandlers(Halvern& halvern)
     ConnectSetUp(halvern);
     ConnectPorts(halvern);
     ConnectTransmitter(halvern);
+    ConnectMapMenu(halvern);
+    ConnectMap(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

@@ -1,8 +1,52 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/FirstMap.h"
 
-namespace halvern {
+#include "engine/OwnTexts.h"
+#include "engine/ProcessPacket.h"
+#include "map/DosMap.h"
+#include "map/Geometry.h"
+#include "platform/Text.h"
 
-void FirstMapActivation(Halvern&) {}
+namespace halvern {
+namespace {
+
+constexpr const char* Done = "n";
+
+/// The first drawing of a run. Setting the geometry selects a step of the ladder, but the selectors are still being
+/// filled, so that this click draws nothing.
+void DrawFirstMap(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    if (!main.BitMapMenu.Checked()) {
+        halvern.Map.MapSyncPending = true;
+        MapSetGeometry(halvern);
+    }
+    if (!halvern.Engine.ConfigLoaded) {
+        DrawDosMap(halvern, halvern.ProgramFolder + R"(\DOSMAPS\USA.MAP)");
+        return;
+    }
+    if (main.DosMapMenu.Checked()) ShowDosMap(halvern, DosMapTexts::FirstActivation);
+}
+
+} // namespace
+
+void FirstMapActivation(Halvern& halvern)
+{
+    auto& form = halvern.MapFrm;
+    if (form.Activated == Done) return;
+    const auto& setUp = halvern.SetUpfrm;
+    const auto call = OwnCallOf(setUp);
+    const auto path = PathOrNothing(setUp.UnPath.Text());
+    auto position = OwnLine(call, NormalDestination, path, OwnPosition(setUp));
+    auto status = OwnLine(call, NormalDestination, path, OwnStatus(setUp));
+    halvern.HeardFrm.HeardGrid.SetCell(1, 0, call);
+    halvern.HeardFrm.HeardGrid.SetCell(1, 1, "0");
+    DrawFirstMap(halvern);
+    if (halvern.Engine.Ended) return;
+    ProcessPacket(halvern, position, "MAP");
+    ProcessPacket(halvern, status, "MAP");
+    halvern.Map.MapSyncPending = false;
+    form.Activated = Done;
+}
 
 } // namespace halvern

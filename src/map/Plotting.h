@@ -7,6 +7,9 @@
 
 namespace halvern {
 
+/// The plot record of a station. @throws RuntimeFailure where there is none
+StationPlotRecord& PlotRecord(Halvern& halvern, int index);
+
 /// Puts a new station's picture and label on the map.
 ///
 /// @param index      its row in `PosLst`
@@ -25,6 +28,10 @@ void ChangeSymbol(Halvern& halvern, int index, const std::string& symFile);
 
 /// Lays out every station anew for the present view. Reads no file and no row.
 void ReplotStations(Halvern& halvern);
+
+/// What every line map ends with: the picture of `Pic1` becomes the lasting one of `Map1`, and the stations find their
+/// places in the new view, unless this was the first map of the run, which has no stations yet.
+void FinishLineMap(Halvern& halvern);
 
 /// Range circles for the stations from row `start` on. @param mode  0 fixed, 1 mobile
 void PlotPhg(Halvern& halvern, int mode, int start);

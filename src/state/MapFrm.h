@@ -2,9 +2,11 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Controls.h"
+#include "platform/Files.h"
 #include "platform/Surface.h"
 
 namespace halvern {
@@ -50,7 +52,8 @@ struct MapState {
     bool MapLinesDrawn = false;
 
     std::vector<StationPlotRecord> StationPlot;
-    int PopStation = 0; ///< the station whose pop-up menu is open
+    std::unordered_map<std::string, PixelSize> PictureSizes; ///< of the symbol files that were loaded in this run
+    int PopStation = 0;                                      ///< the station whose pop-up menu is open
     std::string FindCall;
 };
 

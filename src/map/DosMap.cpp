@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "map/DosMap.h"
+
+#include "config/StartUp.h"
+#include "map/DosMapFile.h"
+#include "map/Geometry.h"
+#include "map/Plotting.h"
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+constexpr const char* WhereMapsAre = " The archive dosmap.zip with all maps is where you got Halvern from.";
+constexpr const char* ReportMap = " Please report the name of the map.";
+constexpr double WorldMapRange = 4096;
+
+std::string MapFolder(const Halvern& halvern)
+{
+    return halvern.ProgramFolder + R"(\dosmaps\)";
+}
+
+void EndWith(Halvern& halvern, Icon icon, const std::string& text)
+{
+    halvern.Tell(icon, text);
+    EndProgram(halvern);
+}
+
+void CentreOnUsa(MapState& view)
+{
+    view.MapCenterLat = UsaCenterLat;
+    view.MapCenterLon = UsaCenterLon;
+    view.MapRange = UsaRange;
+    KeepView(view);
+}
+
+std::string WorldMap(Halvern& halvern)
+{
+    const auto folder = MapFolder(halvern);
+    const auto& files = halvern.Outside.files;
+    if (files.Exists(folder + "world.map")) return folder + "WORLD.MAP";
+    halvern.Tell(Icon::Information, std::string("The Dos map file world.map is not found. Halvern will now try to "
+                                                "display the usa.map at 1024 map range.") +
+                                        WhereMapsAre);
+    if (!files.Exists(folder + "usa.map")) {
+        EndWith(halvern, Icon::Stop,
+                std::string("usa.map is not found. Halvern will now close when you click on the ok button.") +
+                    WhereMapsAre);
+        return {};
+    }
+    CentreOnUsa(halvern.Map);
+    halvern.Map.MapSyncPending = true;
+    MapSetGeometry(halvern);
+    return folder + "USA.Map";
+}
+
+/// Draws on the map and on its twin.
+class BothSurfaces final : public MapLines {
+public:
+    explicit BothSurfaces(MapForm& form) : map(form.Map1), twin(form.Pic1) {}
+    void Start(double x, double y, int colour) override
+    {
+        map.Point(x, y, colour);
+        twin.Point(x, y, colour);
+    }
+    void LineTo(double x, double y, int colour) override
+    {
+        map.LineTo(x, y, colour);
+        twin.LineTo(x, y, colour);
+    }
+
+private:
+    Surface& map;
+    Surface& twin;
+};
+
+/// What the map's name field has room for: the file name, where it is of the short kind.
+std::string ShortName(const std::string& path)
+{
+    const auto end = path.substr(path.size() - std::min<std::size_t>(12, path.size()));
+    const auto mark = PositionOf(end, '\\');
+    return end.substr(mark);
+}
+
+void ShowUsaInstead(Halvern& halvern, DosMapTexts texts)
+{
+    CentreOnUsa(halvern.Map);
+    halvern.Map.MapSyncPending = false; // the selector keeps the step that the operator asked for
+    MapSetGeometry(halvern);
+    const auto result = DrawDosMap(halvern, halvern.ProgramFolder + R"(\DOSMAPS\USA.MAP)");
+    if (texts == DosMapTexts::FirstActivation || !result.empty()) return;
+    EndWith(halvern, Icon::Stop,
+            "Dos Map usa.map not found. You may have deleted it from the " + halvern.ProgramFolder +
+                R"(\dosmaps directory. Halvern will now close when you click on the ok butto.)" + WhereMapsAre);
+}
+
+void TellNoMapInList(Halvern& halvern, DosMapTexts texts)
+{
+    const char* const advice = texts == DosMapTexts::Redraw ? ". You may have to edit maplist1.hvn file to make"
+                                                            : " If may have to edit maplist1.hvn to make";
+    halvern.Tell(Icon::Information, "For your map center and map range no Dos Map was found in the " +
+                                        halvern.ProgramFolder + R"(\maplist1.hvn file)" + advice +
+                                        " the map you are trying to display work. Halvern will now draw the usa.map "
+                                        "at 1024 map range.");
+}
+
+/// @return whether the USA shall be drawn instead
+bool TellFailure(Halvern& halvern, const std::string& result, DosMapTexts texts)
+{
+    if (result.empty()) {
+        halvern.Tell(Icon::Information,
+                     "Dos Map file not found. You may have deleted it from the " + halvern.ProgramFolder +
+                         R"(\dosmaps directory. Halvern will now draw the usa.map at 1024 map range.)");
+        return true;
+    }
+    if (result != "ERROR" || texts == DosMapTexts::FirstActivation) return false;
+    halvern.Tell(Icon::Stop, "A Dos map file error has occured. " + halvern.ConMdiFrm.dMapTxt.Text() +
+                                 " Has an error." + ReportMap);
+    return true;
+}
+
+} // namespace
+
+std::string ChooseDosMap(Halvern& halvern)
+{
+    if (halvern.Map.MapRange >= WorldMapRange) return WorldMap(halvern);
+    const auto list = halvern.Outside.files.Read(halvern.ProgramFolder + R"(\maplist\maplist1.hvn)");
+    if (!list) {
+        EndWith(halvern, Icon::Information,
+                std::string("The Dos Map Maplist file maplist1.hvn is not found. Halvern will now close when you "
+                            "click on the ok button.") +
+                    WhereMapsAre);
+        return {};
+    }
+    const auto name = NearestMap(*list, halvern.ConMdiFrm.ScaleCombo.Selected() - 1, halvern.Map.MapCenterLat,
+                                 halvern.Map.MapCenterLon);
+    return name.empty() ? std::string{} : MapFolder(halvern) + name + ".map";
+}
+
+std::string DrawDosMap(Halvern& halvern, const std::string& path)
+{
+    const auto bytes = halvern.Outside.files.Read(path);
+    if (!bytes) return {};
+    halvern.ConMdiFrm.dMapTxt.SetText(ShortName(path));
+    BothSurfaces surfaces(halvern.MapFrm);
+    std::string format;
+    const auto end = ReadMapLines(*bytes, surfaces, format);
+    if (end == MapFileEnd::UnknownFormat) {
+        halvern.Tell(Icon::Information, "Halvern will only work with ASCII and Line Format APRSdos maps. The type of "
+                                        "this map is " +
+                                            format + " Which is not supported.");
+        return {};
+    }
+    if (end == MapFileEnd::Damaged) return "ERROR";
+    FinishLineMap(halvern);
+    return "AOK";
+}
+
+void ShowDosMap(Halvern& halvern, DosMapTexts texts)
+{
+    const auto path = ChooseDosMap(halvern);
+    if (halvern.Engine.Ended) return;
+    if (path.empty()) {
+        TellNoMapInList(halvern, texts);
+        return ShowUsaInstead(halvern, texts);
+    }
+    if (TellFailure(halvern, DrawDosMap(halvern, path), texts)) ShowUsaInstead(halvern, texts);
+}
+
+} // namespace halvern
