@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QSocketNotifier>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include <unistd.h>
@@ -14,13 +15,17 @@
 #include <csignal>
 #include <cstdio>
 #include <deque>
+#include <filesystem>
 #include <memory>
 #include <span>
 #include <tuple>
 
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
+#include "platform/ApplicationFolder.h"
 #include "platform/qt/QtPlatform.h"
+
+namespace fs = std::filesystem;
 
 namespace halvern {
 namespace {
@@ -111,6 +116,13 @@ struct Options {
     std::string directory;
 };
 
+/// The desktop program's folder.
+std::string OwnFolder()
+{
+    const auto userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return ApplicationFolder(QCoreApplication::applicationDirPath().toStdString(), userData.toStdString());
+}
+
 Options ReadOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
@@ -122,7 +134,9 @@ Options ReadOptions(const QCoreApplication& application)
     parser.process(application);
     const auto directories = parser.positionalArguments();
     if (directories.size() > 1) parser.showHelp(2);
-    return {parser.isSet("simulate"), parser.isSet("windows"), directories.value(0).toStdString()};
+    auto directory = directories.isEmpty() ? OwnFolder() : fs::absolute(directories[0].toStdString()).string();
+    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
+    return {parser.isSet("simulate"), parser.isSet("windows"), directory};
 }
 
 void PassRealTime(std::int64_t milliseconds, const std::function<bool()>& stop)
