@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <memory>
+
+#include <gmock/gmock.h>
+
+#include <QProcess>
+#include <QTcpSocket>
+
+#include "config/Passcode.h"
+#include "platform/Text.h"
+#include "platform/qt/Application.h"
+#include "platform/qt/QtSocketDevice.h"
+#include "support/Station.h"
+
+namespace halvern {
+namespace {
+
+using test::RunFor;
+using test::RunUntil;
+using ::testing::ElementsAre;
+
+/// halvern-feed as a program of its own, with three packets to play.
+struct FeedTest : ::testing::Test {
+    void Start(QStringList options)
+    {
+        folder.Put("packets.txt",
+                   "# a remark is not played\nQ1AAA>APRS:>one\r\nQ1BBB>APRS:>tw\xF6\n\nQ1CCC>APRS:>three");
+        options << "--port"
+                << "0" << QString::fromStdString(folder.Path() + "/packets.txt");
+        feed.setProcessChannelMode(QProcess::MergedChannels);
+        feed.start(HALVERN_BUILD "/halvern-feed", options);
+        ASSERT_TRUE(RunUntil([&] { return Said("listening on 127.0.0.1:"); })) << output;
+        const auto at = output.find("127.0.0.1:") + 10;
+        port = static_cast<int>(LeadingNumber(output.substr(at)));
+    }
+    ~FeedTest() override
+    {
+        feed.kill();
+        feed.waitForFinished();
+    }
+    bool Said(const std::string& words)
+    {
+        output += feed.readAll().toStdString();
+        return Holds(output, words);
+    }
+
+    test::TemporaryFolder folder;
+    QProcess feed;
+    std::string output;
+    int port = 0;
+};
+
+/// A client that is a plain socket.
+struct Client {
+    Client(int port, const std::string& login)
+    {
+        socket.connectToHost("127.0.0.1", static_cast<quint16>(port));
+        Send(login);
+    }
+    void Send(const std::string& line) { socket.write((line + "\r\n").c_str()); }
+    bool Hears(const std::string& line)
+    {
+        return RunUntil([&] { return Holds(heard += socket.readAll().toStdString(), line + "\r\n"); });
+    }
+    QTcpSocket socket;
+    std::string heard;
+};
+
+TEST_F(FeedTest, AStationLogsInAndHearsTheFile)
+{
+    Start({"--rate", "200"});
+    test::Station station;
+    station.SetUp();
+    auto& setUp = station.halvern.SetUpfrm;
+    QtSocketDevice real(station.halvern.ConMdiFrm.InternetSoc);
+    setUp.IntDomainCombo.SetText("127.0.0.1");
+    setUp.APRServePortTxt.SetText(std::to_string(port));
+    setUp.APRServePassTxt.SetText(APRSPasscode("Q0OWN"));
+    setUp.APRServeFilterTxt.SetText("r/40/-73/100");
+    station.halvern.ConMdiFrm.PortIp.Click();
+    ASSERT_TRUE(station.halvern.ConMdiFrm.PortIp.Checked());
+    const auto& raw = station.halvern.TerminalFrm.RawPacketLst;
+    EXPECT_TRUE(RunUntil([&] { return raw.Count() == 3; }));
+    EXPECT_THAT(test::Station::Rows(raw), ElementsAre("Q1AAA>APRS:>one", "Q1BBB>APRS:>tw\xF6", "Q1CCC>APRS:>three"));
+    EXPECT_TRUE(RunUntil([&] { return Said("Q0OWN has heard all 3 lines"); }));
+    EXPECT_TRUE(Said("is Q0OWN, verified")) << output;
+    station.halvern.ConMdiFrm.PortIp.Click();
+    EXPECT_TRUE(RunUntil([&] { return Said("Q0OWN gone"); }));
+}
+
+TEST_F(FeedTest, TheFileIsPlayedAtItsRateAndInALoop)
+{
+    Start({"--rate", "20", "--loop"});
+    Client client(port, "user Q2AAA pass -1");
+    EXPECT_TRUE(client.Hears("# logresp Q2AAA unverified, server HALVERN-FEED"));
+    RunFor(1000);
+    client.Hears("");
+    const auto lines = std::count(client.heard.begin(), client.heard.end(), '\n') - 2;
+    EXPECT_GE(lines, 16);
+    EXPECT_LE(lines, 24);
+    EXPECT_FALSE(Said("has heard all"));
+}
+
+TEST_F(FeedTest, ClientsHearEachOtherButNotThemselves)
+{
+    Start({"--check-login"});
+    Client one(port, "user Q2AAA-9 pass " + APRSPasscode("Q2AAA"));
+    Client two(port, "user q2bbb pass " + APRSPasscode("Q2BBB") + " vers test 1 filter m/10");
+    Client stranger(port, "user Q2CCC pass 1");
+    for (auto* client : {&one, &two, &stranger}) EXPECT_TRUE(client->Hears("Q1CCC>APRS:>three"));
+    stranger.Send("Q2CCC>APRS:>nobody hears this");
+    one.Send("Q2AAA-9>APRS,TCPIP*:>hello \xFF ");
+    EXPECT_TRUE(two.Hears("Q2AAA-9>APRS,TCPIP*:>hello \xFF "));
+    EXPECT_TRUE(stranger.Hears("Q2AAA-9>APRS,TCPIP*:>hello \xFF "));
+    RunFor(50);
+    EXPECT_FALSE(Holds(two.heard + one.heard, "nobody"));
+    EXPECT_FALSE(Holds(one.heard + one.socket.readAll().toStdString(), "hello"));
+}
+
+TEST_F(FeedTest, NothingIsPlayedToWhoDoesNotLogIn)
+{
+    Start({"--rate", "0"});
+    Client client(port, "hello");
+    EXPECT_TRUE(client.Hears("# invalid login"));
+    client.Send("Q2AAA>APRS:>no");
+    EXPECT_TRUE(RunUntil([&] { return Said("invalid login: Q2AAA"); }));
+    client.Send("user Q2AAA pass 1");
+    EXPECT_TRUE(client.Hears("Q1CCC>APRS:>three"));
+}
+
+} // namespace
+} // namespace halvern
