@@ -15,6 +15,10 @@
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
 #include "relay/Beacon.h"
+#include "relay/KillMessages.h"
+#include "relay/MailPaths.h"
+#include "relay/Messages.h"
+#include "relay/PathBuilder.h"
 
 namespace halvern {
 namespace {
@@ -140,6 +144,39 @@ void ConnectMapMenu(Halvern& halvern)
         };
 }
 
+void ConnectMessages(Halvern& halvern)
+{
+    auto& form = halvern.MessageFrm;
+    form.OnLoad = [&] { ShowMessageTab(form); };
+    form.SSTab2.OnClick = [&] { ShowMessageTab(form); };
+    form.MsgTxt.OnKey = [&](int& key) { TypeMessage(halvern, key); };
+    form.Timer1.OnTick = [&] { RetryTick(halvern); };
+    auto& main = halvern.ConMdiFrm;
+    main.MailAddMenu.OnClick = [&] { AddMailPath(halvern); };
+    main.MailChangeMenu.OnClick = [&] { ChangeMailPath(halvern); };
+    main.MailDeleteMenu.OnClick = [&] { DeleteMailPath(halvern); };
+    main.CLRMsgTxtMenu.OnClick = [&] { ClearMessageText(halvern); };
+    main.KillMsg.OnClick = [&] { OpenKillMessages(halvern); };
+    auto& kill = halvern.KillMsgFrm;
+    kill.OnLoad = [&] { LoadKillMessages(halvern); };
+    kill.OnUnload = [&] { form.Timer1.SetEnabled(true); };
+    kill.OkCmd.OnClick = [&] { KillMarkedMessages(halvern); };
+    kill.CancelCmd.OnClick = [&] { kill.Unload(); };
+}
+
+void ConnectPathBuilder(Halvern& halvern)
+{
+    auto& form = halvern.AddPathFrm;
+    form.OnLoad = [&] { ClearPath(form); };
+    form.PathOpt.OnClick = [&] { AllowUpdate(form); };
+    form.PathCallTxt.OnChange = [&] { AllowUpdate(form); };
+    form.PathUpDateCmd.OnClick = [&] { UpdatePath(halvern); };
+    form.ClearCmd.OnClick = [&] { ClearPath(form); };
+    form.CancelCmd.OnClick = [&] { CancelPath(form); };
+    form.OkCmd.OnClick = [&] { AcceptPath(halvern); };
+    form.OnCloseBox = [&] { CancelPath(form); };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
@@ -150,6 +187,8 @@ void ConnectHandlers(Halvern& halvern)
     ConnectTransmitter(halvern);
     ConnectMapMenu(halvern);
     ConnectMap(halvern);
+    ConnectMessages(halvern);
+    ConnectPathBuilder(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

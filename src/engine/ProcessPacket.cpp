@@ -62,12 +62,6 @@ bool IsWeatherOrSentence(std::string_view info)
     return StartsWithOneOf(info, "/@") && ColumnAt(info, 27) == '_';
 }
 
-void FileRaw(Halvern& halvern, const std::string& row)
-{
-    halvern.TerminalFrm.RawPacketLst.Add(row);
-    if (halvern.Engine.LogOpen && halvern.Engine.Log) halvern.Engine.Log->PrintLine(row);
-}
-
 /// Server comments and lines that can't be packets leave no row. @return false for those.
 bool TakeIn(Halvern& halvern, const std::string& line)
 {
@@ -257,6 +251,12 @@ void RemovePlaceholder(Halvern& halvern)
 }
 
 } // namespace
+
+void FileRaw(Halvern& halvern, const std::string& row)
+{
+    halvern.TerminalFrm.RawPacketLst.Add(row);
+    if (halvern.Engine.LogOpen && halvern.Engine.Log) halvern.Engine.Log->PrintLine(row);
+}
 
 void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
 {

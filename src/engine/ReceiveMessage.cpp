@@ -9,6 +9,7 @@
 #include "engine/OwnTexts.h"
 #include "ports/Kiss.h"
 #include "ports/Psk63Send.h"
+#include "relay/OutMsg.h"
 #include "state/Rows.h"
 
 namespace halvern {
@@ -81,9 +82,8 @@ void TakeOutOfQueue(List& queue, const std::string& source, std::string_view num
     const auto wanted = UpperCase(CallField(source) + std::string(number));
     for (int i = queue.Count() - 1; i >= 0; --i) {
         const auto& record = queue.Row(i);
-        const auto brace = PositionOf(record, '{');
-        const auto itsNumber = brace == 0 ? std::string_view{} : Columns(record, brace + 1);
-        if (UpperCase(std::string(queuedRow::Name(record)) + std::string(itsNumber)) == wanted) queue.Remove(i);
+        const auto queued = std::string(outMsgRow::Destination(record)) + std::string(OutMsgNumber(record));
+        if (UpperCase(queued) == wanted) queue.Remove(i);
     }
 }
 
