@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <iterator>
 #include <numbers>
+#include <set>
 #include <stdexcept>
 
 namespace halvern::mapmaker {
@@ -54,6 +55,12 @@ Box FrameFor(const Task& task, const std::vector<DrawnLine>& lines)
     return frame;
 }
 
+void NoteIfSlow(const MapFigures& figures)
+{
+    if (figures.points > CalmPoints)
+        std::printf("note: a map of more than %zu points draws slowly; --tolerance thins it out\n", CalmPoints);
+}
+
 void CheckName(const std::string& name)
 {
     const bool plain = std::all_of(name.begin(), name.end(), [](unsigned char c) {
@@ -61,6 +68,13 @@ void CheckName(const std::string& name)
     });
     if (name.empty() || name.size() > 8 || !plain)
         throw std::runtime_error("--name takes 1 to 8 letters, digits, - or _");
+}
+
+void CheckSteps(int widest, int narrowest)
+{
+    for (const int step : {widest, narrowest})
+        if (step != 0 && std::find(ListSteps.begin(), ListSteps.end(), step) == ListSteps.end())
+            throw std::runtime_error("--steps: " + std::to_string(step) + " isn't 2048, 1024, 512 ... 2 or 1");
 }
 
 /// The name of the map that the list gives for a centre: the first of the nearest.
@@ -99,15 +113,39 @@ void Enlist(const LinesTask& task, const Box& frame)
     const std::filesystem::path file = task.data / "maplist" / "maplist1.hvn";
     MapList list = MapList::Read(file);
     list.Remove(task.name);
+    int leastShare = 100;
     for (int step = task.widest; step >= task.narrowest; step /= 2) {
         list.Add(step, {task.name, (frame.top + frame.bottom) / 2, (frame.left + frame.right) / 2});
-        if (const int share = CoveredShare(list.Entries(step), task.name, frame, step); share < 90)
-            std::printf("note: at step %d only %d of 100 views for which this map is the nearest lie within it;\n"
-                        "      give it a larger --box, or fewer --steps\n",
-                        step, share);
+        leastShare = std::min(leastShare, CoveredShare(list.Entries(step), task.name, frame, step));
     }
+    if (leastShare < 90)
+        std::printf("note: only %d of 100 views that will choose this map, as the nearest, lie within it; a larger\n"
+                    "      --box mends that, or the command add, which puts the lines into the maps that are there\n",
+                    leastShare);
     list.Write(file);
     std::printf("%s: %s is entered for steps %d to %d\n", file.c_str(), task.name.c_str(), task.widest, task.narrowest);
+}
+
+/// Marks the names of lines that were added to a map, so that they can be taken out again.
+const std::string AddedMark = "+";
+
+/// Puts those lines that a map's frame holds behind its own. The map becomes one of ASCII, which keeps their precision.
+void AddToMap(const AddTask& task, const std::filesystem::path& file, const std::vector<DrawnLine>& lines)
+{
+    MapContent map = ReadMap(file);
+    constexpr double Globe = 300;
+    if (map.plan.frame.left - map.plan.frame.right > Globe) return; // shared by cells far apart
+    const std::size_t own = map.lines.size();
+    if (!task.append) std::erase_if(map.lines, [](const DrawnLine& line) { return line.name.starts_with(AddedMark); });
+    const std::size_t kept = map.lines.size();
+    for (const DrawnLine& line : lines)
+        if (!Clip(line.vertices, map.plan.frame).empty()) map.lines.push_back(line);
+    if (map.lines.size() == kept && kept == own) return;
+    map.plan.format = BodyFormat::Ascii;
+    map.plan.unitsPerDegree = std::max(map.plan.unitsPerDegree, task.unitsPerDegree);
+    const MapFigures figures = WriteMap(file, map.plan, map.lines);
+    std::printf("%s: %zu lines added, %zu points in all\n", file.c_str(), map.lines.size() - kept, figures.points);
+    NoteIfSlow(figures);
 }
 
 } // namespace
@@ -115,14 +153,30 @@ void Enlist(const LinesTask& task, const Box& frame)
 void MakeLines(const LinesTask& task)
 {
     CheckName(task.name);
+    CheckSteps(task.widest, task.narrowest);
     const std::vector<DrawnLine> lines = ReadInputs(task);
     const MapPlan plan{task.format, FrameFor(task, lines), task.unitsPerDegree, task.widest, task.narrowest};
     const std::filesystem::path file = task.data / "dosmaps" / (task.name + ".map");
     const MapFigures figures = WriteMap(file, plan, lines);
     std::printf("%s: %zu points, %zu bytes\n", file.c_str(), figures.points, figures.bytes);
-    if (figures.points > CalmPoints)
-        std::printf("note: a map of more than %zu points draws slowly; --tolerance thins it out\n", CalmPoints);
+    NoteIfSlow(figures);
     if (task.widest > 0) Enlist(task, plan.frame);
+}
+
+void AddToMaps(const AddTask& task)
+{
+    CheckSteps(task.widest, task.narrowest);
+    std::vector<DrawnLine> lines = ReadInputs(task);
+    for (DrawnLine& line : lines) line.name = AddedMark + line.name;
+    const MapList list = MapList::Read(task.data / "maplist" / "maplist1.hvn");
+    std::set<std::string> names;
+    for (int step = task.widest; step >= task.narrowest; step /= 2)
+        for (const ListEntry& entry : list.Entries(step)) names.insert(entry.name);
+    Progress progress("Adding", names.size());
+    for (const std::string& name : names) {
+        AddToMap(task, task.data / "dosmaps" / (name + ".map"), lines);
+        progress.Step();
+    }
 }
 
 void MakeTiles(const TilesTask& task)

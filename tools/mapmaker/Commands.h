@@ -28,6 +28,14 @@ struct LinesTask : Task {
     int narrowest = 0;
 };
 
+/// Lines from vector files into the maps that the list has for a run of range steps.
+struct AddTask : Task {
+    bool append = false; ///< keep the lines of earlier additions
+    int unitsPerDegree = 10000;
+    int widest = 0;
+    int narrowest = 0;
+};
+
 /// Region tiles of one layer from vector files.
 struct TilesTask : Task {
     std::string layer;   ///< PB, RDI, RDL or WB
@@ -43,6 +51,7 @@ struct PictureTask : Task {
 /// The commands. All print what they made and throw std::runtime_error, fit to be shown to the operator, when they
 /// can't.
 void MakeLines(const LinesTask& task);
+void AddToMaps(const AddTask& task);
 void MakeTiles(const TilesTask& task);
 void MakePicture(const PictureTask& task);
 

@@ -36,4 +36,13 @@ int LineFormatScale(const Box& frame);
 /// written or the frame doesn't suit the format.
 MapFigures WriteMap(const std::filesystem::path& file, const MapPlan& plan, const std::vector<DrawnLine>& lines);
 
+/// A map file taken apart again.
+struct MapContent {
+    MapPlan plan;
+    std::vector<DrawnLine> lines;
+};
+
+/// Reads a map that WriteMap wrote. Throws std::runtime_error with the file's name for anything else.
+MapContent ReadMap(const std::filesystem::path& file);
+
 } // namespace halvern::mapmaker

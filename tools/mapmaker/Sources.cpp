@@ -37,7 +37,7 @@ std::vector<Feature> Outside(const Feature& feature, const Area& area)
 
 void AddBorders(const std::vector<Feature>& borders, const Topology& counties, std::vector<Feature>& all)
 {
-    const Area unitedStates(counties.Rings("nation", ""));
+    const Area unitedStates(counties.Rings("nation"));
     for (const Feature& border : borders) {
         if (border.what != Kind::FirstLevel) {
             all.push_back(border);

@@ -52,12 +52,12 @@ Topology::Topology(const std::filesystem::path& file)
         throw std::runtime_error(file.string() + ": isn't a quantised TopoJSON file");
     for (int i = 0; i < arcs.Size(); ++i) arcs_.push_back(DecodeArc(arcs[i].ToArray(), scale, translate));
     for (const CPLJSONObject& object : root.GetObj("objects").GetChildren()) {
-        std::vector<AreaArcs>& areas = objects_[object.GetName()];
+        std::vector<std::vector<Ring>>& areas = objects_[object.GetName()];
         const CPLJSONArray geometries = object.GetArray("geometries");
         for (int i = 0; i < geometries.Size(); ++i) {
-            areas.push_back({geometries[i].GetString("id"), {}});
+            areas.emplace_back();
             if (const CPLJSONArray rings = geometries[i].GetArray("arcs"); rings.IsValid())
-                CollectRings(rings, areas.back().rings);
+                CollectRings(rings, areas.back());
         }
     }
 }
@@ -68,7 +68,7 @@ std::map<std::size_t, std::set<std::size_t>> Topology::Users(const std::string& 
     if (found == objects_.end()) throw std::runtime_error("the topology has no object \"" + object + "\"");
     std::map<std::size_t, std::set<std::size_t>> users;
     for (std::size_t area = 0; area < found->second.size(); ++area)
-        for (const Ring& ring : found->second[area].rings)
+        for (const Ring& ring : found->second[area])
             for (const long arc : ring) users[static_cast<std::size_t>(arc < 0 ? ~arc : arc)].insert(area);
     return users;
 }
@@ -81,31 +81,24 @@ std::set<std::size_t> Topology::SharedArcs(const std::string& object) const
     return shared;
 }
 
-std::set<std::size_t> Topology::OuterArcs(const std::string& object) const
+Path Topology::Walk(const Ring& ring) const
 {
-    std::set<std::size_t> outer;
-    for (const auto& [arc, users] : Users(object))
-        if (users.size() == 1) outer.insert(arc);
-    return outer;
+    Path path;
+    for (const long number : ring) {
+        const Path& arc = arcs_.at(static_cast<std::size_t>(number < 0 ? ~number : number));
+        if (number < 0)
+            path.insert(path.end(), arc.rbegin(), arc.rend());
+        else
+            path.insert(path.end(), arc.begin(), arc.end());
+    }
+    return path;
 }
 
-std::vector<Path> Topology::Rings(const std::string& object, const std::string& id) const
+std::vector<Path> Topology::Rings(const std::string& object) const
 {
     std::vector<Path> rings;
-    for (const AreaArcs& area : objects_.at(object)) {
-        if (!id.empty() && area.id != id) continue;
-        for (const Ring& ring : area.rings) {
-            Path path;
-            for (const long number : ring) {
-                const Path& arc = arcs_.at(static_cast<std::size_t>(number < 0 ? ~number : number));
-                if (number < 0)
-                    path.insert(path.end(), arc.rbegin(), arc.rend());
-                else
-                    path.insert(path.end(), arc.begin(), arc.end());
-            }
-            rings.push_back(std::move(path));
-        }
-    }
+    for (const std::vector<Ring>& area : objects_.at(object))
+        for (const Ring& ring : area) rings.push_back(Walk(ring));
     return rings;
 }
 

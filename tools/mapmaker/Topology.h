@@ -18,26 +18,19 @@ public:
     /// The arcs that at least two areas of `object` share.
     std::set<std::size_t> SharedArcs(const std::string& object) const;
 
-    /// The arcs that only one area of `object` uses: its outer line.
-    std::set<std::size_t> OuterArcs(const std::string& object) const;
-
     const Path& Arc(std::size_t arc) const { return arcs_.at(arc); }
 
-    /// The closed rings of the area whose id is `id` in `object`; for an empty id those of all areas.
-    std::vector<Path> Rings(const std::string& object, const std::string& id) const;
+    /// The closed rings of all areas of `object`.
+    std::vector<Path> Rings(const std::string& object) const;
 
 private:
     using Ring = std::vector<long>; ///< numbers of arcs, in the file's way: ~n for arc n walked backwards
 
-    struct AreaArcs {
-        std::string id;
-        std::vector<Ring> rings;
-    };
-
+    Path Walk(const Ring& ring) const;
     std::map<std::size_t, std::set<std::size_t>> Users(const std::string& object) const;
 
     std::vector<Path> arcs_;
-    std::map<std::string, std::vector<AreaArcs>> objects_;
+    std::map<std::string, std::vector<std::vector<Ring>>> objects_; ///< of each object the rings of its areas
 };
 
 } // namespace halvern::mapmaker

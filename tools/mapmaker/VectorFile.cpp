@@ -97,8 +97,9 @@ std::vector<DrawnLine> ReadVectorFile(const std::filesystem::path& file, const R
 {
     GDALAllRegister();
     const std::unique_ptr<GDALDataset, Closer> dataset(
-        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
-    if (!dataset) throw std::runtime_error(file.string() + ": GDAL can't read this as a vector file");
+        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
+    if (!dataset)
+        throw std::runtime_error(file.string() + ": GDAL can't read this as a vector file. " + CPLGetLastErrorMsg());
     std::map<OGRLayer*, Transformation> ways;
     std::vector<DrawnLine> lines;
     Progress progress("Reading " + file.filename().string(), ProgressSteps);

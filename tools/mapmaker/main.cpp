@@ -2,6 +2,8 @@
 #include "Commands.h"
 #include "WorldData.h"
 
+#include <cpl_error.h>
+
 #include <charconv>
 #include <cstdio>
 #include <exception>
@@ -26,6 +28,12 @@ constexpr const char* Help = R"(mapmaker: makes maps for Halvern from vector fil
         --format F        ascii (any precision) or line (three bytes a point)
         --units N         ascii: units per degree, 10000 if not given
 
+  mapmaker add --steps W-N [options] FILE...
+      Puts the lines into those maps that the list has for these steps. What an
+      earlier add put in is taken out.
+        --append          keep what an earlier add put in
+        --units N         units per degree, 10000 if not given
+
   mapmaker tiles --layer LAYER [options] FILE...
       Tiles of the United States' 15 regions: DATA/mapdata/S01_LAYER.GRF and so on.
         --layer LAYER     PB borders, RDI main roads, RDL local roads, WB waters
@@ -39,7 +47,7 @@ constexpr const char* Help = R"(mapmaker: makes maps for Halvern from vector fil
       All the map data that Halvern ships, from the GSHHG netCDF files and the npm
       package us-atlas.
 
-Options of lines, tiles and picture:
+Options of lines, add, tiles and picture:
   --data DATA       the folder that holds dosmaps, maplist...; "data" if not given
   --rules FILE      which features are drawn and how; one rule a row, the first that fits
                     decides:  layer  field=value  colour (0 to 15) or skip  [name field]
@@ -137,6 +145,15 @@ void TakeCommon(Arguments& arguments, Task& task)
     task.tolerance = Number<double>("--tolerance", arguments.Take("--tolerance", "0"));
 }
 
+/// "16-1" or just "16".
+template <typename StepsTask> void TakeSteps(StepsTask& task, const std::string& steps)
+{
+    const std::size_t dash = steps.find('-');
+    task.widest = Number<int>("--steps", steps.substr(0, dash));
+    task.narrowest = dash == std::string::npos ? task.widest : Number<int>("--steps", steps.substr(dash + 1));
+    if (task.widest < task.narrowest) throw std::runtime_error("--steps takes e.g. 16-1");
+}
+
 void Lines(Arguments& arguments)
 {
     LinesTask task;
@@ -146,14 +163,20 @@ void Lines(Arguments& arguments)
     if (format != "ascii" && format != "line") throw std::runtime_error("--format takes ascii or line");
     task.format = format == "ascii" ? BodyFormat::Ascii : BodyFormat::LineFormat;
     task.unitsPerDegree = Whole(arguments, "--units", task.unitsPerDegree, 1, 1000000);
-    if (const std::string steps = arguments.Take("--steps", ""); !steps.empty()) {
-        const std::size_t dash = steps.find('-');
-        task.widest = Number<int>("--steps", steps.substr(0, dash));
-        task.narrowest = dash == std::string::npos ? task.widest : Number<int>("--steps", steps.substr(dash + 1));
-        if (task.narrowest < 1 || task.widest < task.narrowest) throw std::runtime_error("--steps takes e.g. 16-1");
-    }
+    TakeSteps(task, arguments.Take("--steps", "0"));
     arguments.CheckNoneLeft();
     MakeLines(task);
+}
+
+void Add(Arguments& arguments)
+{
+    AddTask task;
+    TakeCommon(arguments, task);
+    task.append = arguments.Take("--append", "") == "yes";
+    task.unitsPerDegree = Whole(arguments, "--units", task.unitsPerDegree, 1, 1000000);
+    TakeSteps(task, arguments.Need("--steps"));
+    arguments.CheckNoneLeft();
+    AddToMaps(task);
 }
 
 void Tiles(Arguments& arguments)
@@ -189,13 +212,14 @@ void World(Arguments& arguments)
 int main(int count, char** words)
 {
     const std::map<std::string, std::function<void(Arguments&)>> commands{
-        {"lines", Lines}, {"tiles", Tiles}, {"picture", Pictures}, {"world", World}};
+        {"lines", Lines}, {"add", Add}, {"tiles", Tiles}, {"picture", Pictures}, {"world", World}};
+    CPLSetErrorHandler(CPLQuietErrorHandler); // what matters of GDAL's messages goes into ours
     try {
         for (int i = 1; i < count; ++i)
             if (std::string(words[i]) == "--help") return std::fputs(Help, stdout) < 0;
         const auto command = commands.find(count > 1 ? words[1] : "");
         if (command == commands.end())
-            throw std::runtime_error("the commands are lines, tiles, picture, world; --help tells more");
+            throw std::runtime_error("the commands are lines, add, tiles, picture, world; --help tells more");
         Arguments arguments = Split(count, words);
         command->second(arguments);
         return 0;

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/ShippedMaps.h"
+#include "mapmaker/MapFile.h"
+#include "mapmaker/MapList.h"
+#include "mapmaker/Output.h"
+#include "mapmaker/RegionTiles.h"
+#include "mapmaker/Rules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <random>
+
+namespace {
+
+using namespace halvern::mapmaker;
+
+/// A folder of the test's own that goes when the test does.
+class MapmakerFiles : public testing::Test {
+protected:
+    MapmakerFiles()
+        : folder_(std::filesystem::temp_directory_path() / ("mapmaker-" + std::to_string(std::random_device()())))
+    {
+        std::filesystem::create_directories(folder_);
+    }
+    ~MapmakerFiles() override { std::filesystem::remove_all(folder_); }
+
+    std::filesystem::path folder_;
+};
+
+TEST_F(MapmakerFiles, AMapReadsBackToWithinHalfAUnitInBothFormats)
+{
+    const Box frame{10, 200, -5, 180.5}; // past the date line
+    std::mt19937 random(7);
+    Path path{{10, 200}};
+    for (int i = 0; i < 9000; ++i)
+        path.push_back(
+            {std::uniform_real_distribution(-5.0, 10.0)(random), std::uniform_real_distribution(180.5, 200.0)(random)});
+    path.push_back({-5, 180.5});
+    for (const BodyFormat format : {BodyFormat::Ascii, BodyFormat::LineFormat}) {
+        const MapPlan plan{format, frame, 500, 64, 16};
+        const std::filesystem::path file = folder_ / "a.map";
+        const MapFigures figures = WriteMap(file, plan, {{11, "coast", path}});
+        const shipped::Map map = shipped::ReadMap(file.string());
+        EXPECT_EQ(map.packed, format == BodyFormat::LineFormat);
+        EXPECT_EQ(map.points, figures.points);
+        const double unit = 1.0 / (map.packed ? LineFormatScale(frame) : plan.unitsPerDegree);
+        std::size_t next = 0;
+        for (const shipped::Polyline& line : map.lines) {
+            EXPECT_EQ(line.colour, 11);
+            for (std::size_t i = next == 0 ? 0 : 1; i < line.places.size(); ++i, ++next) { // runs share their ends
+                ASSERT_NEAR(line.places[i].lat, path[next].lat, unit * 0.51);
+                ASSERT_NEAR(line.places[i].lon, path[next].lon, unit * 0.51);
+            }
+        }
+        EXPECT_EQ(next, path.size());
+        const MapContent content = ReadMap(file); // what is read and written again stays the same
+        EXPECT_EQ(content.lines.size(), map.lines.size());
+        EXPECT_EQ(content.lines[0].name, format == BodyFormat::Ascii ? "coast" : "");
+        EXPECT_NEAR(content.plan.frame.left, frame.left, unit);
+        EXPECT_EQ(content.plan.narrowestStep, 16);
+    }
+}
+
+TEST_F(MapmakerFiles, WhatIsNoMapIsNamedAndRefused)
+{
+    const std::string head = "10\n20\n100\n5\n15\n8\n1\n";
+    for (const std::string& text : std::vector<std::string>{
+             "", head, head + "Binary\n", head + "ASCII\n0,0,3,\n5,5\n", head + "ASCII\n5,5\n0,-1\n",
+             head + "ASCII\n0,0,3,\n5\n0,-1\n", head + "LineFormat\n3\n", "x\n20\n100\n5\n15\n8\n1\nASCII\n0,-1\n"}) {
+        WriteWhole(folder_ / "bad.map", text);
+        try {
+            ReadMap(folder_ / "bad.map");
+            ADD_FAILURE() << text;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find("bad.map"), std::string::npos);
+        }
+    }
+}
+
+TEST_F(MapmakerFiles, AFrameTooLargeForTheFormatIsRefused)
+{
+    EXPECT_THROW(WriteMap(folder_ / "a.map", {BodyFormat::LineFormat, {90, 3700, -90, 0}, 0, 0, 0}, {}),
+                 std::runtime_error);
+    EXPECT_THROW(WriteMap("/dev/null/a.map", {BodyFormat::Ascii, {1, 1, 0, 0}, 10, 0, 0}, {}), std::exception);
+}
+
+TEST_F(MapmakerFiles, TheListKeepsWhatItIsToldAndRefusesWhatItCantHold)
+{
+    const std::filesystem::path file = folder_ / "maplist1.hvn";
+    MapList list;
+    EXPECT_THROW(list.Write(file), std::runtime_error); // no step has a map
+    for (const int step : ListSteps) list.Add(step, {"a" + std::to_string(step), 38.53333, -139.99999});
+    list.Add(64, {"own", -0.25, 179.5});
+    EXPECT_THROW(list.Add(48, {"own", 0, 0}), std::runtime_error);
+    list.Write(file);
+    const shipped::List read = shipped::ReadList(file.string());
+    ASSERT_EQ(read.at(64).size(), 2u);
+    EXPECT_EQ(read.at(64)[1].name, "own");
+    EXPECT_DOUBLE_EQ(read.at(64)[1].centre.lat, -0.25);
+    EXPECT_DOUBLE_EQ(read.at(64)[1].centre.lon, 179.5);
+    EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lon, -140);
+    EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lat, 38.5333);
+    MapList again = MapList::Read(file);
+    again.Remove("own");
+    EXPECT_EQ(again.Entries(64).size(), 1u);
+    EXPECT_EQ(again.Entries(2048)[0].name, "a2048");
+    again.Add(1, {"ninechars", 0, 0});
+    EXPECT_THROW(again.Write(file), std::runtime_error);
+    WriteWhole(file, "not a list");
+    EXPECT_THROW(MapList::Read(file), std::runtime_error);
+}
+
+TEST(MapmakerGeometry, ClippingCutsAtTheFrameAndFollowsTheTurnsOfTheGlobe)
+{
+    struct Case {
+        const char* what;
+        Path path;
+        Box frame;
+        std::vector<Path> pieces;
+    };
+    const Box square{1, 1, -1, -1};
+    const std::vector<Case> cases{
+        {"inside", {{0, 0.5}, {0, -0.5}}, square, {{{0, 0.5}, {0, -0.5}}}},
+        {"through", {{0, 3}, {0, -3}}, square, {{{0, 1}, {0, -1}}}},
+        {"out and in again", {{0, 0}, {0, 2}, {0.5, 2}, {0.5, 0}}, square, {{{0, 0}, {0, 1}}, {{0.5, 1}, {0.5, 0}}}},
+        {"past it", {{0, 3}, {0, 2}}, square, {}},
+        {"above it", {{2, 3}, {2, -3}}, square, {}},
+        {"across the date line", {{0, 179}, {0, 181}}, {1, -178, -1, -182}, {{{0, -181}, {0, -179}}}},
+        {"twice in a frame of two turns",
+         {{0, 10}, {0, 9}},
+         {1, 380, -1, 0},
+         {{{0, 10}, {0, 9}}, {{0, 370}, {0, 369}}}},
+    };
+    for (const Case& test : cases) EXPECT_EQ(Clip(test.path, test.frame), test.pieces) << test.what;
+}
+
+TEST(MapmakerGeometry, SimplifyingKeepsEveryLeftOutVertexWithinTheTolerance)
+{
+    EXPECT_EQ(Simplify({{40, 90}, {40.0005, 89.5}, {40, 89}}, 0.001), (Path{{40, 90}, {40, 89}}));
+    EXPECT_EQ(Simplify({{40, 90}, {40.002, 89.5}, {40, 89}}, 0.001).size(), 3u);
+    const Path ring{{40, 90}, {41, 90}, {41, 89}, {40, 89}, {40, 90}};
+    EXPECT_EQ(Simplify(ring, 0.1), ring);
+}
+
+TEST(MapmakerGeometry, PiecesJoinWhereJustTwoOfAKindMeet)
+{
+    // Two pieces meet at the date line from both sides, one of them backwards; a third belongs to another line.
+    const std::vector<KeyedPath> joined =
+        JoinEnds({{1, {{0, -179}, {0, -180}}}, {1, {{0, 178}, {0, 180}}}, {2, {{0, -180}, {5, -180}}}});
+    ASSERT_EQ(joined.size(), 2u);
+    const Path& path = joined[0].vertices;
+    ASSERT_EQ(path.size(), 3u);
+    EXPECT_NEAR(std::abs(path[0].lon - path[2].lon), 3, 1e-9);
+    EXPECT_EQ(joined[1].key, 2);
+    const KeyedPath spoke{1, {{0, 0}, {0, 1}}};
+    EXPECT_EQ(JoinEnds({spoke, {1, {{0, 0}, {1, 0}}}, {1, {{0, 0}, {-1, 0}}}}).size(), 3u);
+}
+
+TEST(MapmakerGeometry, AnAreaHasHolesAndEdges)
+{
+    const Area area({{{0, 0}, {0, 10}, {10, 10}, {10, 0}, {0, 0}}, {{4, 4}, {4, 6}, {6, 6}, {6, 4}, {4, 4}}});
+    EXPECT_TRUE(area.Holds({2, 2}));
+    EXPECT_TRUE(area.Holds({5, 7}));
+    EXPECT_FALSE(area.Holds({5, 5}));
+    EXPECT_FALSE(area.Holds({5, 11}));
+    EXPECT_FALSE(area.Holds({-1, 5}));
+}
+
+TEST(MapmakerTiles, RowsAreShortDenseAndWithinTheRegion)
+{
+    const std::string text = TileText({42, 84, 40, 74}, {{6, "", {{41, 90}, {41, 60}}}});
+    EXPECT_TRUE(text.starts_with("60840000W410000N0838507W410000N"));
+    std::size_t rows = 0;
+    for (std::size_t start = 0, end; (end = text.find('\n', start)) != std::string::npos; start = end + 1, ++rows)
+        EXPECT_LE(end - start, 1 + 40u * 15);
+    EXPECT_EQ(rows, 2u);
+    EXPECT_TRUE(text.ends_with("0740000W410000N\n"));
+    EXPECT_EQ(TileText({42, 84, 40, 74}, {{6, "", {{50, 90}, {50, 60}}}}), "");
+    EXPECT_EQ(TileName(6, "RDI"), "S07_RDI.GRF");
+}
+
+TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
+{
+    const Rules rules = Rules::Parse("# layer condition colour name\n"
+                                     "lines highway=motorway 14 ref\n"
+                                     "\n"
+                                     "*     highway=*        skip   # all other roads\n"
+                                     "*     waterway=river   9  -\n"
+                                     "sea   *                3\n");
+    const auto look = [&](const std::string& layer, const std::string& field, const std::string& value) {
+        const std::optional<Look> found =
+            rules.LookOf(layer, [&](const std::string& name) { return name == field ? value : std::string(); });
+        return found ? std::to_string(found->colour) + found->nameField : "none";
+    };
+    EXPECT_EQ(look("lines", "highway", "motorway"), "14ref");
+    EXPECT_EQ(look("areas", "highway", "motorway"), "none");
+    EXPECT_EQ(look("sea", "highway", "path"), "none");
+    EXPECT_EQ(look("lines", "waterway", "river"), "9");
+    EXPECT_EQ(look("sea", "waterway", "dock"), "3");
+    EXPECT_EQ(look("lines", "waterway", "dock"), "none");
+}
+
+TEST(MapmakerRules, ABadRuleIsNamedByItsRow)
+{
+    for (const char* row :
+         {"lines", "lines highway 3", "lines =x 3", "lines a=b 16", "lines a=b red", "lines a=b 3 n more"})
+        try {
+            Rules::Parse("* * 1\n" + std::string(row) + "\n");
+            ADD_FAILURE() << row;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find("row 2"), std::string::npos) << error.what();
+        }
+    EXPECT_THROW(Rules::Parse("# nothing\n"), std::runtime_error);
+}
+
+} // namespace
