@@ -112,7 +112,7 @@ void ReactToMove(Halvern& halvern, const Report& report, int index, char state)
     if (!report.IsObject() && index < static_cast<int>(plot.size())) plot[index].Color = colour::Cyan;
     if (state == mark::Alarm) {
         GoToView(halvern, report.latitude, report.longitude, 2.0);
-        halvern.Tell(Icon::Information, "Alarmed Station has moved.");
+        halvern.Tell(Icon::None, "Alarmed Station has moved.");
     } else if (state == mark::Track) {
         FollowTracked(halvern, report);
     } else {

@@ -1,0 +1,206 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Compares our position rows with an independent decoder's reading of the same recorded packets.
+
+compare_decoder.py CONSOLE DATA TRAFFIC: CONSOLE is halvern-console, DATA an application directory, TRAFFIC a folder of
+recorded packets. Every difference has to be one of the rules below; each is counted. Ends with 77 where the other
+decoder or the traffic is missing.
+"""
+import collections
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+DECODER = "decode_aprs"
+COLOURS = re.compile(rb"\x1b\[[0-9;]*[mJ]")
+PLACE = re.compile(rb"^([NS]) (\d\d) (\d\d\.\d+), ([EW]) (\d\d\d) (\d\d\.\d+)", re.M)
+# The first line of a reading: the kind of report, then the name of the symbol.
+SYMBOL = re.compile(rb"^(?:Position[^,\n]*|Weather Report|MIC-E|Raw GPS data), ([^,\n]*)", re.M)
+SKIPPED = 77
+# Destinations that mode Normal lets in, by their beginnings.
+LET_IN = tuple(b"AP BEACON MAIL QST CQ GPS ALL AIR ID DF DRILL DX JAVA MICE QTH SKY SPACE SPC SYM TEST TLM WX ZIP DGPS RTCM TEL".split())
+
+
+def recorded(folder):
+    """(source, destination, information field) of every recorded packet that both sides can be asked about."""
+    for path in sorted(folder.glob("*.tnc2")):
+        for line in path.read_bytes().split(b"\n"):
+            found = re.match(rb"^([A-Z0-9]{3,6}(?:-(?:[1-9]|1[0-5]))?)>([A-Z0-9]{2,6})(?:-\d+)?[,:][^:]*:?(.*)$", line)
+            colon = line.find(b":")
+            if found and colon > 0 and colon + 1 < len(line):
+                info = line[colon + 1:].rstrip(b"\r\n")
+                if info and info[:1] != b"}":
+                    yield found.group(1), found.group(2), info
+
+
+def stand_in(number, source):
+    """A call of its own for every packet, so that each makes a row of its own; the SSID matters to sentences."""
+    digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+    call = "".join(digits[number // 36**place % 36] for place in (3, 2, 1, 0))
+    ssid = source.split(b"-")[1] if b"-" in source else b""
+    return b"Q" + call.encode() + (b"-" + ssid if ssid else b"")
+
+
+def quoted(line):
+    return '"' + "".join(f"\\x{byte:02X}" if byte < 32 or byte > 126 or byte in b'"\\' else chr(byte) for byte in line) + '"'
+
+
+def unquoted(text):
+    escapes = {"r": "\r", "n": "\n", "t": "\t"}
+    return re.sub(r"\\(x([0-9A-F]{2})|.)",
+                  lambda m: chr(int(m.group(2), 16)) if m.group(2) else escapes.get(m.group(1), m.group(1)), text)
+
+
+def our_rows(console, data, packets):
+    with tempfile.TemporaryDirectory() as folder:
+        for entry in pathlib.Path(data).resolve().iterdir():
+            if entry.is_dir():
+                (pathlib.Path(folder) / entry.name).symlink_to(entry)
+        setup = {"CallSignTxt": "Q0OWN", "LatDegtxt": "40", "LatMintxt": "49", "LatDectxt": "14", "LatSigntxt": "N",
+                 "LonDegtxt": "073", "LonMintxt": "08", "LonDectxt": "41", "LonSigntxt": "W", "CommentTXT": "x", "StatusTXT": "x"}
+        script = [f'set SetUpfrm.{name} "{text}"' for name, text in setup.items()] + ["click SetUpfrm.TabOkCmd"]
+        script += [f"packet TCPIP {quoted(call + b'>' + dest + b':' + info)}" for call, dest, info in packets]
+        script += ["rows PositionFrm.PosLst"]
+        answer = subprocess.run([console, "--simulate", folder], input="\n".join(script).encode(), capture_output=True, check=False)
+    rows = {}
+    for found in re.finditer(r'^PositionFrm\.PosLst\[\d+\] "(.*)"$', answer.stdout.decode("ascii"), re.M):
+        row = unquoted(found.group(1))
+        rows[row[:9].rstrip().encode()] = row
+    return rows
+
+
+def their_readings(packets):
+    lines = b"".join(call + b">" + dest + b":" + info + b"\n" for call, dest, info in packets)
+    answer = COLOURS.sub(b"", subprocess.run([DECODER], input=lines, capture_output=True, check=False).stdout)
+    readings = {}
+    blocks = re.split(rb"^(Q[0-9A-Z]{4}(?:-\d+)?)>", answer, flags=re.M)
+    for call, text in zip(blocks[1::2], blocks[2::2]):
+        readings[call] = text
+    return readings
+
+
+def minutes(degrees, minute, side):
+    value = int(degrees) * 60 + float(minute)
+    return -value if side in "SE" else value
+
+
+def our_place(row):
+    latitude, longitude = row[18:26], row[27:36]
+    return minutes(latitude[:2], latitude[2:7], latitude[7]), minutes(longitude[:3], longitude[3:8], longitude[8].upper())
+
+
+def their_place(text):
+    found = PLACE.search(text)
+    if not found:
+        return None
+    ns, lat, latmin, ew, lon, lonmin = (part.decode() for part in found.groups())
+    return minutes(lat, latmin, ns), minutes(lon, lonmin, ew)
+
+
+def their_symbol(text):
+    """The name behind the kind of report, on the first line of the reading."""
+    found = SYMBOL.search(text)
+    return found.group(1).decode("latin-1") if found else ""
+
+
+def kind_of(info):
+    first = info[:1]
+    if first in b"\x1c\x1d'`":
+        return "Mic-E"
+    if first == b"$":
+        return "sentence"
+    return "plain" if first in b"!=/@" else "other"
+
+
+def only_one_side(dest, info, row, place):
+    """The rule by which one of the two reads a position and the other does not."""
+    kind = kind_of(info)
+    text = info.decode("latin-1")
+    body = text[8:] if len(text) > 7 and text[7] == "z" else text[1:]
+    if row is None:
+        if kind != "Mic-E" and not dest.startswith(LET_IN):
+            return "mode Normal does not let the destination in"
+        if kind == "plain" and body[:1] and not body[:1].isdigit() and body[:1] != " ":
+            return "we do not read the compressed form"
+        if kind == "plain" and len(text) > 7 and text[0] in "/@" and text[7] in "h/":
+            return "we read no stamp but ddhhmmz"
+        if kind == "other" and text[0] == ")":
+            return "we do not read items"
+        if kind == "other" and text[0] == ";" and len(text) > 17 and text[17] in "h/":
+            return "we read no stamp but ddhhmmz"
+        if kind == "other" and text[0] == ";" and len(text) > 18 and not text[18].isdigit():
+            return "we do not read the compressed form"
+        if kind == "other" and "!" in text[:41]:
+            return "we look for a position behind a banner only in TheNet beacons"
+        if kind == "Mic-E" and len(text) < 9:
+            return "we do not read fewer than nine characters"
+        if kind == "sentence":
+            return "we drop sentences without a fix, without a symbol, or cut short"
+        if place is not None and (abs(place[0]) < 1e-9 or abs(place[1]) < 1e-9):
+            return "the equator and the meridian of Greenwich are no positions here"
+        if re.match(r"^.{7,17}[!-~ ]", body) and len(body) > 18 and not symbol_known(body[8], body[18]):
+            return "we know no such symbol"
+        return None
+    return "they refuse what we read by columns"
+
+
+def symbol_known(table, code):
+    first = set(range(33, 124)) | {125}
+    second = set(map(int, "33 34 36 37 63 64 96 98 106 107 108 111 112 113 114 116 125".split()))
+    for low, high in ((39, 47), (49, 61), (66, 86), (88, 93), (100, 104), (119, 123)):
+        second |= set(range(low, high + 1))
+    overlays = {35, 38, 48, 62, 65, 87, 94, 95, 97, 99, 105, 110, 115, 117, 118, 122}
+    if table == "/":
+        return ord(code) in first
+    if table == "\\":
+        return ord(code) in second
+    return table.isascii() and (table.isdigit() or table.isupper()) and ord(code) in overlays
+
+
+def main():
+    if len(sys.argv) != 4 or not shutil.which(DECODER) or not any(pathlib.Path(sys.argv[3]).glob("*.tnc2")):
+        print("Skipped: needs the console, its data, recorded packets and", DECODER)
+        return SKIPPED
+    console, data, traffic = sys.argv[1], sys.argv[2], pathlib.Path(sys.argv[3])
+    packets = [(stand_in(number, source), dest, info) for number, (source, dest, info) in enumerate(recorded(traffic))]
+    ours, theirs = our_rows(console, data, packets), their_readings(packets)
+    same, rules, unexplained = collections.Counter(), collections.Counter(), []
+    names = collections.defaultdict(collections.Counter)
+    for call, dest, info in packets:
+        kind = kind_of(info)
+        if kind == "other":
+            continue
+        row, place = ours.get(call), their_place(theirs.get(call, b""))
+        if row is None and place is None:
+            same["neither reads " + kind] += 1
+            continue
+        if row is None or place is None:
+            rule = only_one_side(dest, info, row, place)
+            (rules.update([kind + ": " + rule]) if rule else unexplained.append((kind, call, dest, info, row)))
+            continue
+        mine = our_place(row)
+        apart = max(abs(mine[0] - place[0]), abs(mine[1] - place[1]))
+        names[(row[26], row[36])][their_symbol(theirs[call])] += 1
+        if apart < 0.011:
+            same[kind] += 1
+        elif " " in info[:30].decode("latin-1") or kind == "Mic-E" and any(c in b"KLZ" for c in dest):
+            rules[kind + ": ambiguous positions: we take the corner, they the middle"] += 1
+        else:
+            unexplained.append((kind, call, dest, info, row, place))
+    odd = {pair: found for pair, found in names.items() if len(found) > 1}
+    for title, table in (("alike", same), ("explained", rules)):
+        for name, count in sorted(table.items()):
+            print(f"{title:10} {count:6}  {name}")
+    print(f"symbols: {len(names)} pairs, {len(odd)} read under more than one name")
+    for pair, found in odd.items():
+        print("   ", pair, dict(found))
+    for case in unexplained[:40]:
+        print("unexplained:", *case)
+    print(f"{sum(same.values())} alike, {sum(rules.values())} explained, {len(unexplained)} unexplained")
+    return 1 if unexplained or not same["plain"] or not same["Mic-E"] else 0
+
+
+sys.exit(main())
