@@ -200,7 +200,7 @@ TEST_F(Plotting, WatchedStationsMoveTheView)
     station.TakeSaid();
     station.Hear("Q1ABC>APRS:!4130.00N/07330.00W-");
     EXPECT_EQ(view().MapRange, 2);
-    EXPECT_EQ(station.TakeSaid(), std::vector<std::string>{"message information \"Halvern\" \"Alarmed Station has "
+    EXPECT_EQ(station.TakeSaid(), std::vector<std::string>{"message none \"Halvern\" \"Alarmed Station has "
                                                            "moved.\""});
 }
 
