@@ -22,6 +22,7 @@
 
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
+#include "forms/Windows.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/qt/QtPlatform.h"
 
@@ -176,6 +177,11 @@ int RunConsole(const Options& options)
         real.emplace(halvern.All, options.directory);
     }
     ConnectHandlers(halvern);
+    std::optional<Windows> windows;
+    if (options.windows) {
+        windows.emplace(halvern);
+        world.SavePicture = [&windows](Form& form, const std::string& file) { return windows->SavePicture(form, file); };
+    }
     return ConsoleSession(std::move(world)).Run();
 }
 

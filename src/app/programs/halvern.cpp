@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// halvern: the desktop program.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "app/Handlers.h"
+#include "config/StartUp.h"
+#include "forms/Windows.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPlatform.h"
+
+namespace fs = std::filesystem;
+
+namespace halvern {
+namespace {
+
+struct Options {
+    std::string directory;
+    bool openInternet = false;
+    int demoSeconds = 0;
+    std::string pictures;
+};
+
+/// The operator's own folder, where he names none.
+std::string OwnFolder()
+{
+    const auto userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return ApplicationFolder(QCoreApplication::applicationDirPath().toStdString(), userData.toStdString());
+}
+
+Options ReadOptions(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A station for packet reports on amateur radio.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption({"open-internet", "Open the TCP/IP port after the start."});
+    parser.addOption({"demo-seconds", "End after so many seconds, and say what came in.", "S", "0"});
+    parser.addOption({"pictures", "At that end, save pictures of the main window and the map in a folder.", "FOLDER"});
+    parser.addPositionalArgument("DIRECTORY", "The application directory.", "[DIRECTORY]");
+    parser.process(application);
+    const auto directories = parser.positionalArguments();
+    if (directories.size() > 1) parser.showHelp(2);
+    auto directory = directories.isEmpty() ? OwnFolder() : fs::absolute(directories[0].toStdString()).string();
+    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
+    return {directory, parser.isSet("open-internet"), parser.value("demo-seconds").toInt(),
+            parser.value("pictures").toStdString()};
+}
+
+void SavePictures(const Halvern& halvern, const Windows& windows, const std::string& folder)
+{
+    const std::pair<const Form*, const char*> pictures[] = {{&halvern.ConMdiFrm, "main-window.png"},
+                                                            {&halvern.MapFrm, "map.png"}};
+    for (const auto& [form, name] : pictures) {
+        const auto file = (fs::path(folder) / name).string();
+        const auto fault = windows.SavePicture(*form, file);
+        std::printf("%s %s\n", fault.empty() ? "picture" : "no picture:", fault.empty() ? file.c_str() : fault.c_str());
+    }
+}
+
+/// Ends a demonstration: what came in, how it looks, and the close box.
+void EndDemonstration(Halvern& halvern, const Windows& windows, const std::string& pictures)
+{
+    std::printf("%d packets, %d stations\n", halvern.TerminalFrm.RawPacketLst.Count(),
+                halvern.PositionFrm.PosLst.Count());
+    if (!pictures.empty()) SavePictures(halvern, windows, pictures);
+    std::fflush(stdout);
+    windows.Main().close();
+}
+
+int RunStation(QApplication& application, const Options& options)
+{
+    SystemClock clock;
+    QtDialogs dialogs;
+    DiskFiles files;
+    Halvern halvern({clock, dialogs, files}, options.directory);
+    QtPlatform platform(halvern.All, options.directory);
+    ConnectHandlers(halvern);
+    Windows windows(halvern);
+    windows.Serve(dialogs);
+    halvern.ConMdiFrm.Watch([&](const Change&) {
+        if (halvern.Engine.Ended) QCoreApplication::quit();
+    });
+    StartProgram(halvern);
+    if (halvern.Engine.Ended) return 0;
+    if (options.openInternet)
+        QTimer::singleShot(0, [&] { halvern.All.Dispatch([&] { halvern.ConMdiFrm.PortIp.Click(); }); });
+    if (options.demoSeconds > 0)
+        QTimer::singleShot(options.demoSeconds * 1000, [&] { EndDemonstration(halvern, windows, options.pictures); });
+    return application.exec();
+}
+
+} // namespace
+} // namespace halvern
+
+int main(int count, char** arguments)
+{
+    QApplication application(count, arguments);
+    QApplication::setApplicationName("halvern");
+    QApplication::setApplicationDisplayName("Halvern");
+    QApplication::setApplicationVersion("1.30");
+    return halvern::RunStation(application, halvern::ReadOptions(application));
+}

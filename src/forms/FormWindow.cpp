@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/FormWindow.h"
+
+#include <QtWidgets>
+
+#include "forms/Glyphs.h"
+#include "forms/Watching.h"
+
+namespace halvern {
+namespace {
+
+QRect PixelsOf(const Place& place)
+{
+    return {place.left / TwipsPerPixel, place.top / TwipsPerPixel, place.width / TwipsPerPixel,
+            place.height / TwipsPerPixel};
+}
+
+Place PlaceOf(const QRect& pixels)
+{
+    return {pixels.height() * TwipsPerPixel, pixels.x() * TwipsPerPixel, pixels.y() * TwipsPerPixel,
+            pixels.width() * TwipsPerPixel, 0};
+}
+
+/// Moved and cut so that it lies within the area: a place may come from a larger screen.
+QRect Within(QRect pixels, const QRect& area)
+{
+    pixels.setSize(pixels.size().boundedTo(area.size()).expandedTo({120, 60}));
+    pixels.moveLeft(std::clamp(pixels.left(), 0, std::max(0, area.width() - pixels.width())));
+    pixels.moveTop(std::clamp(pixels.top(), 0, std::max(0, area.height() - pixels.height())));
+    return pixels;
+}
+
+} // namespace
+
+void PressCloseBox(Form& form)
+{
+    FromScreen(form, [&form] {
+        if (form.OnCloseBox)
+            form.OnCloseBox();
+        else
+            form.Unload();
+    });
+}
+
+// --- inside the main window ------------------------------------------------------------------------------------------
+
+ChildWindow::ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace)
+    : form(form), firstPlace(std::move(firstPlace))
+{
+    setWidget(content);
+    setObjectName(Shown(form.Name()));
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setWindowTitle(Shown(form.Caption()));
+    setAccessibleName(windowTitle());
+    hide();
+    WatchFor(this, form, [this](const Change&) { Follow(); });
+}
+
+void ChildWindow::Follow()
+{
+    setWindowTitle(Shown(form.Caption()));
+    setAccessibleName(windowTitle());
+    if (placing) return;
+    if (!form.Visible()) return hide();
+    const bool fresh = isHidden();
+    ApplyPlace();
+    if (!fresh) return;
+    show();
+    if (mdiArea() != nullptr) mdiArea()->setActiveSubWindow(this);
+}
+
+void ChildWindow::ApplyPlace()
+{
+    if (mdiArea() == nullptr) return;
+    const auto area = mdiArea()->viewport()->rect();
+    const auto place = form.Place();
+    placing = true;
+    if (place.state == 0) {
+        if (isMaximized() || isMinimized()) showNormal();
+        const bool first = place == Place{};
+        placed = Within(first ? firstPlace(area) : PixelsOf(place), area);
+        if (!first) firstPlace = nullptr;
+        setGeometry(placed);
+    } else if (place.state == 1) {
+        setWindowState(Qt::WindowMinimized);
+    } else {
+        setWindowState(Qt::WindowMaximized);
+    }
+    placing = false;
+    NotePlace();
+}
+
+/// As long as nobody has moved the window, it keeps its share of the area.
+void ChildWindow::FollowArea()
+{
+    if (firstPlace && isVisible() && geometry() == placed && !isMaximized() && !isMinimized()) {
+        placed = firstPlace(mdiArea()->viewport()->rect());
+        setGeometry(placed);
+    }
+}
+
+bool ChildWindow::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && mdiArea() != nullptr && object == mdiArea()->viewport())
+        QTimer::singleShot(0, this, &ChildWindow::FollowArea);
+    return QMdiSubWindow::eventFilter(object, event);
+}
+
+void ChildWindow::NotePlace()
+{
+    if (placing) return;
+    auto place = form.Place();
+    if (isMinimized() || isMaximized())
+        place.state = isMinimized() ? 1 : 2;
+    else
+        place = PlaceOf(geometry());
+    FromScreen(
+        form, placing, [&] { form.SetPlace(place); }, [] {});
+}
+
+void ChildWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    PressCloseBox(form);
+}
+
+void ChildWindow::moveEvent(QMoveEvent* event)
+{
+    QMdiSubWindow::moveEvent(event);
+    if (isVisible()) NotePlace();
+}
+
+void ChildWindow::resizeEvent(QResizeEvent* event)
+{
+    QMdiSubWindow::resizeEvent(event);
+    if (isVisible()) NotePlace();
+}
+
+void ChildWindow::changeEvent(QEvent* event)
+{
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isVisible()) NotePlace();
+}
+
+// --- dialogs ---------------------------------------------------------------------------------------------------------
+
+DialogWindow::DialogWindow(Form& form, QWidget* parent) : QDialog(parent), form(form)
+{
+    setObjectName(Shown(form.Name()));
+    setWindowTitle(Shown(form.Caption()));
+    WatchFor(this, form, [this](const Change&) { Follow(); });
+}
+
+void DialogWindow::Follow()
+{
+    setWindowTitle(Shown(form.Caption()));
+    if (form.Visible() == isVisible()) return;
+    if (!form.Visible()) return hide();
+    adjustSize();
+    show();
+    raise();
+    activateWindow();
+}
+
+void DialogWindow::reject()
+{
+    if (escape == nullptr)
+        PressCloseBox(form);
+    else if (escape->Enabled() && escape->Visible())
+        FromScreen(form, [this] { escape->Click(); });
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    PressCloseBox(form);
+}
+
+} // namespace halvern

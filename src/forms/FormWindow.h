@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QMdiSubWindow>
+#include <functional>
+
+#include "platform/Controls.h"
+
+/// The two kinds of windows that forms get: inside the main window, or dialogs above it. Both show when the form is
+/// visible, bear its caption, and hand the close box to the form, which decides.
+namespace halvern {
+
+/// Where a window stands that was never placed, in pixels of the area it stands in.
+using FirstPlace = std::function<QRect(const QRect& area)>;
+
+class ChildWindow final : public QMdiSubWindow {
+    Q_OBJECT
+public:
+    /// The content becomes the window's own.
+    ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void Follow();
+    void FollowArea();
+    void ApplyPlace();
+    void NotePlace();
+
+    Form& form;
+    FirstPlace firstPlace;
+    QRect placed; ///< as it was placed last, not by the operator
+    bool placing = false;
+};
+
+class DialogWindow final : public QDialog {
+    Q_OBJECT
+public:
+    DialogWindow(Form& form, QWidget* parent);
+    /// The button that Escape presses.
+    void SetEscape(Button& button) { escape = &button; }
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Follow();
+    Form& form;
+    Button* escape = nullptr;
+};
+
+/// What the close box does: the form's own answer, or else the form goes.
+void PressCloseBox(Form& form);
+
+} // namespace halvern

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/MainWindow.h"
+
+#include <QtWidgets>
+
+#include "forms/Bind.h"
+#include "forms/FormWindow.h"
+#include "forms/Glyphs.h"
+#include "forms/Icons.h"
+#include "forms/Watching.h"
+
+namespace halvern {
+namespace {
+
+using Item = MenuItem MainForm::*;
+constexpr Item Line = nullptr;
+
+struct MenuTable {
+    Item menu;
+    std::vector<Item> items;
+};
+
+const std::vector<MenuTable>& MenuTables()
+{
+    using F = MainForm;
+    static const std::vector<MenuTable> tables{
+        {&F::LogMenu,
+         {&F::Log, &F::ImportLog, &F::ImportHistory, &F::ExportMemory, &F::SaveHistory, Line, &F::RestoreMenu,
+          &F::ClearMenu, Line, &F::SetupMenu, &F::FontMenu, Line, &F::EndApp}},
+        {&F::PortsMn, {&F::PortTnc, &F::PortIp, &F::SoundCardMenu, &F::Psk63Menu, Line, &F::GpsMenu, &F::WeatherMenu}},
+        {&F::ViewMenu, {}}, // the windows, then RefreshMnu
+        {&F::MapMenu,
+         {&F::PanMapMenu, &F::ZoomLastMenu, &F::ZoomUSAmenu, &F::HomeMenu, &F::FindCallSignMenu, &F::RefreshMapMenu,
+          Line, &F::DosMapMenu, &F::UsgsMapMenu, &F::BitMapMenu, Line, &F::PlotPhgFixedMenu, &F::PlotPhgMobileMenu,
+          Line, &F::SaveBitMapMenu, &F::PrintMapMenu}},
+        {&F::PosMenu, {&F::AlarmMenu, &F::TrackMenu, &F::DeleteMenu, &F::JustMenu}},
+        {&F::MailMenu, {&F::MailAddMenu, &F::MailChangeMenu, &F::MailDeleteMenu, Line, &F::KillMsg, &F::CLRMsgTxtMenu}},
+        {&F::TransmitMenu, {&F::BeaconMenu, &F::QueryMenu, &F::CgiFinduMenu}},
+        {&F::MyObjectsMenu,
+         {&F::CreateMyObjectsMenu, &F::MoveMyObjMenu, &F::KillMyObjectsMenu, &F::StpTransObjectsMenu,
+          &F::TakeTransmitMenu}},
+        {&F::WindowMenu, {&F::CascadeMenu, &F::TileMenu}},
+        {&F::HelpMenu, {&F::GetHelpMenu, Line, &F::AboutHalvernMenu}},
+    };
+    return tables;
+}
+
+/// Keys that reach an item without its menu.
+const std::vector<std::pair<Item, QKeySequence>>& Shortcuts()
+{
+    using F = MainForm;
+    static const std::vector<std::pair<Item, QKeySequence>> keys{
+        {&F::GetHelpMenu, QKeySequence::HelpContents},
+        {&F::EndApp, Qt::CTRL | Qt::Key_Q},
+        {&F::SetupMenu, Qt::CTRL | Qt::Key_Comma},
+        {&F::PanMapMenu, Qt::CTRL | Qt::Key_M},
+        {&F::ZoomLastMenu, Qt::CTRL | Qt::Key_L},
+        {&F::ZoomUSAmenu, Qt::CTRL | Qt::Key_U},
+        {&F::HomeMenu, Qt::CTRL | Qt::Key_H},
+        {&F::FindCallSignMenu, Qt::CTRL | Qt::Key_F},
+        {&F::RefreshMapMenu, Qt::Key_F5},
+        {&F::SaveBitMapMenu, Qt::CTRL | Qt::Key_S},
+        {&F::PrintMapMenu, QKeySequence::Print},
+        {&F::BeaconMenu, Qt::CTRL | Qt::Key_B},
+        {&F::PortTnc, Qt::CTRL | Qt::Key_T},
+        {&F::PortIp, Qt::CTRL | Qt::Key_I},
+    };
+    return keys;
+}
+
+/// Items that bear a check mark at times keep its place free at all times.
+const std::vector<Item>& Checkables()
+{
+    using F = MainForm;
+    static const std::vector<Item> items{&F::PortTnc,     &F::PortIp,      &F::SoundCardMenu,    &F::Psk63Menu,
+                                         &F::GpsMenu,     &F::WeatherMenu, &F::PanMapMenu,       &F::DosMapMenu,
+                                         &F::UsgsMapMenu, &F::BitMapMenu,  &F::PlotPhgFixedMenu, &F::PlotPhgMobileMenu};
+    return items;
+}
+
+/// Keeps the place of a widget on a toolbar free only while its control is visible.
+void AddToBar(QToolBar* bar, QWidget* widget, Control& control)
+{
+    auto* action = bar->addWidget(widget);
+    action->setVisible(control.Visible());
+    WatchFor(action, control, [action, &control](const Change&) { action->setVisible(control.Visible()); });
+}
+
+} // namespace
+
+MainWindow::MainWindow(Halvern& halvern) : halvern(halvern), area(new QMdiArea(this))
+{
+    setObjectName(Shown(halvern.ConMdiFrm.Name()));
+    setCentralWidget(area);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setBackground(palette().brush(QPalette::Mid));
+    MakeMenus();
+    MakeStationMenu();
+    MakeToolbars();
+    MakeStatusBar();
+    UseIcons();
+    setWindowTitle(Shown(halvern.ConMdiFrm.Caption()));
+    setContextMenuPolicy(Qt::NoContextMenu); // the toolbars come and go with the map
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    resize(screen.boundedTo({1440, 900}));
+    WatchFor(this, halvern.ConMdiFrm, [this](const Change&) { Follow(); });
+    Follow();
+}
+
+void MainWindow::Follow()
+{
+    auto& form = halvern.ConMdiFrm;
+    setWindowTitle(Shown(form.Caption()));
+    if (form.Visible() == isVisible()) return;
+    if (!form.Visible()) return hide();
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    if (screen.width() <= 1440) return showMaximized();
+    show();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    PressCloseBox(halvern.ConMdiFrm);
+    event->setAccepted(!halvern.ConMdiFrm.Visible());
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    area->setBackground(palette().brush(QPalette::Mid));
+    UseIcons();
+}
+
+void MainWindow::UseIcons()
+{
+    for (auto* action : pictured) action->setIcon(LineIcon(action->data().toString(), palette()));
+}
+
+// --- menus -----------------------------------------------------------------------------------------------------------
+
+QAction* MainWindow::ActionFor(MenuItem& item)
+{
+    auto* action = new QAction(this);
+    BindAction(action, item);
+    action->setMenuRole(QAction::NoRole);
+    return action;
+}
+
+void MainWindow::MakeMenus()
+{
+    auto& form = halvern.ConMdiFrm;
+    for (const auto& table : MenuTables()) {
+        auto* menu = menuBar()->addMenu(QString());
+        BindAction(menu->menuAction(), form.*table.menu);
+        menu->setToolTipsVisible(true);
+        if (table.menu == &MainForm::ViewMenu) MakeViewMenu(menu);
+        for (const auto item : table.items) {
+            if (item == Line) {
+                menu->addSeparator();
+                continue;
+            }
+            auto* action = ActionFor(form.*item);
+            for (const auto& [keyed, key] : Shortcuts())
+                if (keyed == item) action->setShortcut(key);
+            if (std::ranges::count(Checkables(), item) > 0) action->setCheckable(true);
+            menu->addAction(action);
+        }
+    }
+    if (!form.CascadeMenu.OnClick) form.CascadeMenu.OnClick = [this] { area->cascadeSubWindows(); };
+    if (!form.TileMenu.OnClick) form.TileMenu.OnClick = [this] { area->tileSubWindows(); };
+}
+
+void MainWindow::MakeViewMenu(QMenu* menu)
+{
+    auto& form = halvern.ConMdiFrm;
+    for (int i = form.FrmMenu.First(); i <= form.FrmMenu.Last(); ++i) {
+        auto* action = ActionFor(form.FrmMenu(i));
+        action->setCheckable(true);
+        action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(i % 10)));
+        menu->addAction(action);
+    }
+    menu->addSeparator();
+    menu->addAction(ActionFor(form.RefreshMnu));
+}
+
+void MainWindow::MakeStationMenu()
+{
+    auto& form = halvern.ConMdiFrm;
+    stationMenu = new QMenu(this);
+    stationMenu->menuAction()->setObjectName(Shown(form.Pop1Menu.Name()));
+    stationMenu->setAccessibleName(Spoken(Shown(form.Pop1Menu.Caption())));
+    stationMenu->addAction(ActionFor(form.InfoMenu));
+    stationMenu->addAction(ActionFor(form.WXInfo));
+    form.Pop1Menu.OnClick = [this] { stationMenu->popup(QCursor::pos()); };
+}
+
+// --- bars ------------------------------------------------------------------------------------------------------------
+
+void MainWindow::MakeToolbars()
+{
+    auto& form = halvern.ConMdiFrm;
+    auto* tools = addToolBar(tr("Map Tools"));
+    BindCommon(tools, form.Toolbar1, tr("Map Tools"));
+    tools->setToolTip({});
+    tools->setMovable(false);
+    for (int i = form.Toolbar1Button.First(); i <= form.Toolbar1Button.Last(); ++i) {
+        auto& button = form.Toolbar1Button(i);
+        auto* action = ActionFor(button);
+        action->setCheckable(button.Caption() == "PanMap");
+        action->setData(Shown(button.Caption()));
+        pictured += action;
+        tools->addAction(action);
+    }
+    auto* range = addToolBar(tr("Map Range"));
+    range->setObjectName("MapRange");
+    range->setMovable(false);
+    AddToBar(range, BindCombo(form.ScaleCombo, range), form.ScaleCombo);
+    auto* scale = BindField(form.ScaleTxt, range);
+    auto* map = BindField(form.dMapTxt, range);
+    for (auto* field : {scale, map}) {
+        field->setReadOnly(true);
+        field->setFrame(false);
+        field->setFocusPolicy(Qt::ClickFocus);
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        auto colours = field->palette();
+        colours.setColor(QPalette::Base, Qt::transparent);
+        field->setPalette(colours);
+    }
+    AddToBar(range, scale, form.ScaleTxt);
+    AddToBar(range, map, form.dMapTxt);
+    AddToBar(range, BindCombo(form.BitMapCombo, range), form.BitMapCombo);
+}
+
+void MainWindow::MakeStatusBar()
+{
+    auto& form = halvern.ConMdiFrm;
+    auto* news = BindLabel(form.StatusBar1, statusBar());
+    news->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(news, 1);
+    auto* position = BindLabel(form.StatusBar2, statusBar());
+    position->setMinimumWidth(fontMetrics().horizontalAdvance("-00.00000000 -000.00000000"));
+    position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusBar()->addPermanentWidget(position);
+}
+
+} // namespace halvern

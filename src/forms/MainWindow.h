@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+#include <QMdiArea>
+
+#include "state/Halvern.h"
+
+namespace halvern {
+
+/// The main window: menus, toolbars, status bar, and the area for the windows inside it.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(Halvern& halvern);
+    QMdiArea& Area() const { return *area; }
+    /// The pop-up menu of a station on the map.
+    QMenu& StationMenu() const { return *stationMenu; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void MakeMenus();
+    void MakeViewMenu(QMenu* menu);
+    void MakeStationMenu();
+    void MakeToolbars();
+    void MakeStatusBar();
+    void Follow();
+    void UseIcons();
+    QAction* ActionFor(MenuItem& item);
+
+    Halvern& halvern;
+    QMdiArea* area;
+    QMenu* stationMenu = nullptr;
+    QList<QAction*> pictured; ///< actions that bear an icon; its name is the action's data
+};
+
+} // namespace halvern

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/MapView.h"
+
+#include <QtWidgets>
+
+#include "forms/Bind.h"
+#include "forms/Glyphs.h"
+#include "forms/Watching.h"
+#include "map/MapMouse.h"
+
+namespace halvern {
+namespace {
+
+/// Sprites are settled at most as often as a screen can show it.
+constexpr int SettleMs = 20;
+
+MouseButton ButtonOf(const QMouseEvent* event)
+{
+    return event->button() == Qt::RightButton ? MouseButton::Right : MouseButton::Left;
+}
+
+} // namespace
+
+MapView::MapView(Halvern& halvern, QWidget* parent)
+    : QWidget(parent), halvern(halvern), form(halvern.MapFrm), sprites(halvern.MapFrm)
+{
+    for (Surface* surface : {&form.Map1, &form.Pic1, &form.Pic2, &form.PrintPicBox})
+        drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
+    drawn.front().painter->OnChange = [this] { update(); };
+    BindCommon(this, form.Map1);
+    setToolTip({}); // each station has its own
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(120, 90);
+    settle.setSingleShot(true);
+    connect(&settle, &QTimer::timeout, this, &MapView::SettleSprites);
+    const auto note = [this](const Change& change) {
+        if (change.what == Change::RowReplaced)
+            sprites.Note(change.row);
+        else
+            sprites.NoteAll();
+        if (!settle.isActive()) settle.start(SettleMs);
+    };
+    WatchFor(this, form.SymPic, note);
+    WatchFor(this, form.SymLbl, note);
+    WatchFor(this, form.Map1, [this](const Change&) {
+        UsePointer();
+        update();
+    });
+    UsePointer();
+}
+
+void MapView::UsePointer()
+{
+    static const std::map<Pointer, Qt::CursorShape> shapes{{Pointer::Default, Qt::ArrowCursor},
+                                                           {Pointer::CrossHair, Qt::CrossCursor},
+                                                           {Pointer::HourGlass, Qt::WaitCursor},
+                                                           {Pointer::Arrow, Qt::ArrowCursor}};
+    setCursor(shapes.at(form.Map1.MousePointer()));
+}
+
+// --- painting --------------------------------------------------------------------------------------------------------
+
+void MapView::SettleSprites()
+{
+    const auto region = sprites.Settle(size(), font(), devicePixelRatioF());
+    if (!region.isEmpty()) update(region);
+}
+
+void MapView::paintEvent(QPaintEvent* event)
+{
+    const auto before = sprites.Settle(size(), font(), devicePixelRatioF());
+    if (!event->region().contains(before.boundingRect()) && !before.isEmpty()) update(before);
+    const auto& image = drawn.front().painter->Image(size(), devicePixelRatioF());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const auto& rect : event->region()) {
+        const auto ratio = image.devicePixelRatio();
+        painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
+        painter.setClipRect(rect);
+        sprites.Paint(painter, rect);
+        painter.setClipping(false);
+    }
+    if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
+}
+
+void MapView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (sprites.Pending() && event->oldSize().isValid()) sprites.Settle(event->oldSize(), font(), devicePixelRatioF());
+    FromScreen(form, [this] { form.SetClientSize(width(), height()); });
+    update();
+}
+
+void MapView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) update();
+}
+
+QImage MapView::PictureOf(const Control& surface) const
+{
+    for (const auto& [candidate, painter] : drawn)
+        if (candidate == &surface) return painter->Image({candidate->Width(), candidate->Height()});
+    return {};
+}
+
+// --- the pointer -----------------------------------------------------------------------------------------------------
+
+MapView::ViewPoint MapView::InView(QPointF place) const
+{
+    const auto& frame = form.Map1.Frame();
+    return {frame.left - place.x() / width() * (frame.left - frame.right),
+            frame.top - place.y() / height() * (frame.top - frame.bottom)};
+}
+
+void MapView::mousePressEvent(QMouseEvent* event)
+{
+    const auto at = InView(event->position());
+    const int station = sprites.At(event->position().toPoint());
+    FromScreen(form, [&] {
+        if (station >= 0)
+            SymbolMouseDown(halvern, station, ButtonOf(event));
+        else
+            Fire(form.Map1.OnMouseDown, ButtonOf(event), at.x, at.y);
+    });
+}
+
+void MapView::mouseMoveEvent(QMouseEvent* event)
+{
+    const auto at = InView(event->position());
+    const int station = sprites.At(event->position().toPoint());
+    FromScreen(form, [&] {
+        if (station >= 0)
+            SymbolMouseMove(halvern, station);
+        else
+            Fire(form.Map1.OnMouseMove, at.x, at.y);
+    });
+}
+
+void MapView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const auto at = InView(event->position());
+    const int station = sprites.At(event->position().toPoint());
+    FromScreen(form, [&] {
+        if (station >= 0)
+            SymbolMouseUp(halvern, station, ButtonOf(event));
+        else
+            Fire(form.Map1.OnMouseUp, ButtonOf(event), at.x, at.y);
+    });
+}
+
+QString MapView::TextAt(QPoint place) const
+{
+    const int station = sprites.At(place);
+    const auto& rows = halvern.PositionFrm.PosLst;
+    return station >= 0 && station < rows.Count() ? Shown(rows.Row(station)) : QString();
+}
+
+bool MapView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), TextAt(help->pos()), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+} // namespace halvern

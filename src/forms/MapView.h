@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "forms/SpriteLayer.h"
+#include "platform/qt/MapPainter.h"
+#include "state/Halvern.h"
+
+namespace halvern {
+
+/// The map on the screen: the picture of `Map1` with the stations above it. The pointer's doings go to `Map1` in view
+/// coordinates, or to the station under the pointer.
+class MapView final : public QWidget {
+    Q_OBJECT
+public:
+    explicit MapView(Halvern& halvern, QWidget* parent = nullptr);
+    QSize sizeHint() const override { return {800, 600}; }
+    /// What stands on one of the map's surfaces, without stations; nothing for another control.
+    QImage PictureOf(const Control& surface) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    struct ViewPoint {
+        double x, y;
+    };
+    ViewPoint InView(QPointF place) const;
+    void SettleSprites();
+    void UsePointer();
+    QString TextAt(QPoint place) const;
+
+    Halvern& halvern;
+    MapForm& form;
+    struct Drawn {
+        Surface* surface;
+        std::unique_ptr<MapPainter> painter;
+    };
+    std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
+    SpriteLayer sprites;
+    QTimer settle;
+};
+
+} // namespace halvern

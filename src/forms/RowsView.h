@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTableView>
+
+#include "forms/StoreModel.h"
+
+namespace halvern {
+
+/// A table in a fixed-width font, one line a row: the look that all lists share.
+class PlainTable : public QTableView {
+    Q_OBJECT
+public:
+    explicit PlainTable(QWidget* parent);
+    /// An empty face and a size of 0 mean the desktop's fixed-width font.
+    void UseFont(const Font& font);
+    /// Rows that it would like to show without scrolling.
+    void WantRows(int rows) { wanted = rows; }
+    QSize sizeHint() const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    /// Sizes rows and columns by the font.
+    virtual void Fit();
+
+private:
+    int wanted = 8;
+};
+
+/// How a list is to be shown.
+struct RowsLook {
+    std::vector<RowColumn> columns; ///< none: the rows as they are, without a header
+    bool markNews = false;
+    bool followEnd = false; ///< a reader who stands at the end stays at the end
+};
+
+/// A list on the screen. The reader's place and the selected row stay where they are, whatever comes in.
+class RowsView final : public PlainTable {
+    Q_OBJECT
+public:
+    RowsView(List& list, const RowsLook& look, QWidget* parent);
+    StoreModel& Rows() const { return *model; }
+    /// Puts rows on the clipboard: the selected ones, or all.
+    void Copy(bool all);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void selectionChanged(const QItemSelection& now, const QItemSelection& before) override;
+    void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
+    void Fit() override;
+
+private:
+    void KeepPlace();
+    void RestorePlace();
+    void FitTail();
+    void ShowSelection();
+    void ClickRow(int row);
+    void PassMarksOn();
+
+    List& list;
+    StoreModel* model;
+    const bool followEnd;
+    bool writing = false; ///< what happens to the selection is not the operator's doing
+    QPersistentModelIndex topRow;
+    int topValue = 0;
+    bool atEnd = false;
+};
+
+/// A grid of texts on the screen.
+class GridView final : public PlainTable {
+    Q_OBJECT
+public:
+    GridView(Grid& grid, QWidget* parent);
+
+protected:
+    void Fit() override;
+};
+
+} // namespace halvern

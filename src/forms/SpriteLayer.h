@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFontMetricsF>
+#include <QPixmap>
+#include <QRegion>
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "state/MapFrm.h"
+
+class QPainter;
+
+namespace halvern {
+
+/// The pictures of symbol files, each loaded once; a file of twice the size beside it serves screens of double scale.
+class SymbolPictures {
+public:
+    explicit SymbolPictures(qreal ratio) : ratio(ratio) {}
+    qreal Ratio() const { return ratio; }
+    /// The address is good as long as this lives. A file that can't be read gives an empty picture.
+    const QPixmap& Of(const std::string& file);
+
+private:
+    QPixmap Load(const std::string& file) const;
+    const qreal ratio;
+    std::unordered_map<std::string, QPixmap> pictures;
+};
+
+/// Symbols and labels above the map, in pixels. It is told which stations changed, and says what to paint anew: a
+/// station that moved costs its own few pixels.
+///
+/// Where labels meet, one is shown and the others wait until there is room for them: the own station's first, then
+/// those of the latest stations. Symbols are all shown.
+class SpriteLayer {
+public:
+    explicit SpriteLayer(const MapForm& form) : form(form) {}
+
+    /// A station's picture or label changed.
+    void Note(int index);
+    void NoteAll() { allChanged = true; }
+    bool Pending() const { return allChanged || !changed.empty(); }
+
+    /// Takes over what was noted, the view's frame and its size. @return what is to be painted anew
+    QRegion Settle(QSize viewSize, const QFont& font, qreal ratio);
+    void Paint(QPainter& painter, const QRect& clip) const;
+    /// The uppermost station at a place, or -1.
+    int At(QPoint place) const;
+
+private:
+    /// A station in pixels. A picture or a label that is not shown has an empty box.
+    struct Pair {
+        float lon = 0, lat = 0;           ///< where it stands, view coordinates
+        float pictureX = 0, pictureY = 0; ///< of its picture's corner from there, pixels
+        float labelX = 0, labelY = 0;     ///< of its label's corner from there, pixels
+        short pictureWide = 0, pictureHigh = 0, labelWide = 0, labelHigh = 0;
+        const QPixmap* picture = nullptr;
+        QRect pictureBox, labelBox;
+        bool labelShown = false; ///< there is room for it
+    };
+
+    void Measure(int index);
+    void Project(Pair& pair) const;
+    void ShareRoom(QRegion* changedBoxes);
+    short WidthOf(std::string_view caption) const;
+    void UseFont(const QFont& next);
+    void PaintLabel(QPainter& painter, const LabelSprite& label, const QRect& box) const;
+
+    const MapForm& form;
+    std::unique_ptr<SymbolPictures> pictures;
+    std::vector<Pair> pairs;
+    std::vector<int> changed;
+    bool allChanged = true;
+    ViewFrame frame;
+    QSize size{1, 1};
+    QFont font;
+    std::array<float, 256> advances{};
+    float otherAdvance = 0;
+    short labelHeight = 0;
+};
+
+} // namespace halvern

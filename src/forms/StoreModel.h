@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTimer>
+#include <string>
+#include <vector>
+
+#include "platform/Controls.h"
+
+namespace halvern {
+
+/// A stretch of a row's columns under a name. `first` is 1-based; `width` 0: to the end.
+struct RowColumn {
+    int first = 1;
+    int width = 0;
+    const char* name = "";
+    const char* tip = "";
+};
+
+/// The rows of a store as a model; never a copy.
+///
+/// Changes are collected and announced together, at most twenty times a second, so that a busy store keeps its
+/// windows answering. Between two announcements the store may be shorter than what was announced: cells that are not
+/// there any more are empty.
+class StoreModel final : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum class Pace { Collected, AtOnce };
+    /// @param markNews  rows that came or changed in the last seconds stand on a tinted ground
+    StoreModel(List& list, std::vector<RowColumn> columns, Pace pace, bool markNews, QObject* parent);
+
+    /// Announces what has been collected.
+    void Apply();
+    /// Characters of the longest part behind the last column's first character, as far as the store has been seen.
+    int LongestTail() const { return longestTail; }
+    const std::vector<RowColumn>& RowColumns() const { return columns; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+signals:
+    void AboutToApply();
+    void Applied();
+
+private:
+    struct Step {
+        bool added;
+        int first, count;
+    };
+    struct News {
+        int row;
+        qint64 until;
+    };
+    static constexpr int PeriodMs = 50, NewsMs = 8000;
+    static constexpr std::size_t MostSteps = 2000, MostNews = 256;
+
+    void Note(const Change& change);
+    void NoteMoved(bool added, int row);
+    void NoteReplaced(int row);
+    void Announce(const Step& step);
+    void AnnounceAll();
+    void AddNews(int row);
+    void DropOldNews();
+    bool IsNews(int row) const;
+    void Measure(int row);
+
+    List& list;
+    const std::vector<RowColumn> columns;
+    const Pace pace;
+    const bool markNews;
+    int announced = 0;
+    std::vector<Step> steps;
+    int replacedFirst = -1, replacedLast = -1;
+    bool allChanged = false, pending = false;
+    int longestTail = 0;
+    std::vector<News> news;
+    QTimer applyTimer, newsTimer;
+};
+
+/// A grid as a model: its row 0 is the header.
+class GridModel final : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    GridModel(Grid& grid, QObject* parent);
+    void Apply();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString Text(int row, int column) const;
+    Grid& grid;
+    int rows = 0, cols = 0;
+    QTimer applyTimer;
+};
+
+} // namespace halvern

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/Windows.h"
+
+#include <QtWidgets>
+
+#include "forms/Glyphs.h"
+#include "forms/Icons.h"
+#include "forms/StoreWindows.h"
+#include "platform/Files.h"
+
+namespace halvern {
+namespace {
+
+/// The map as large as its window lets a picture of 4 to 3 be; the lists in what is left beside it.
+QRect MapPlace(const QRect& area)
+{
+    return {0, 0, std::min(area.width() * 68 / 100, area.height() * 4 / 3), area.height()};
+}
+
+/// Place `slot` of `count` below each other beside the map; `layer` puts one a little below another of the same slot.
+FirstPlace BesideMap(int slot, int count, int layer)
+{
+    return [=](const QRect& area) {
+        const int left = MapPlace(area).right() + 1, high = area.height() / count, step = 24 * layer;
+        return QRect(left + step, slot * high + step, area.width() - left - step, high - step);
+    };
+}
+
+} // namespace
+
+Windows::Windows(Halvern& halvern) : halvern(halvern), main(std::make_unique<MainWindow>(halvern))
+{
+    QApplication::setWindowIcon(ProgramIcon());
+    windows.emplace(&halvern.ConMdiFrm, main.get());
+    help = new HelpWindow(main.get());
+    AddChildren();
+}
+
+Windows::~Windows() = default;
+
+void Windows::AddChildren()
+{
+    map = new MapView(halvern);
+    AddChild(halvern.MapFrm, map, MapPlace);
+    AddChild(halvern.PositionFrm, MakePositionWindow(halvern), BesideMap(0, 3, 0));
+    AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), BesideMap(1, 3, 1));
+    AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), BesideMap(1, 3, 2));
+    AddChild(halvern.HeardFrm, MakeHeardWindow(halvern), BesideMap(0, 3, 1));
+    AddChild(halvern.TerminalFrm, MakeTerminalWindow(halvern), BesideMap(2, 3, 0));
+    AddChild(halvern.DxFrm, MakeDxWindow(halvern), BesideMap(2, 3, 1));
+    AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), BesideMap(2, 3, 2));
+}
+
+void Windows::AddChild(Form& form, QWidget* content, const FirstPlace& place)
+{
+    auto* window = new ChildWindow(form, content, place);
+    main->Area().addSubWindow(window);
+    main->Area().viewport()->installEventFilter(window);
+    window->hide();
+    windows.emplace(&form, window);
+}
+
+QWidget* Windows::WindowOf(const Form& form) const
+{
+    const auto found = windows.find(&form);
+    return found == windows.end() ? nullptr : found->second;
+}
+
+void Windows::Serve(QtDialogs& dialogs)
+{
+    dialogs.WindowOf = [this](Form& form) { return WindowOf(form); };
+    dialogs.PictureOf = [this](Control& surface) { return map->PictureOf(surface); };
+    // the help was one file once, and its name is still how the program asks for it; it is a folder of pages
+    dialogs.OnHelp = [this](const std::string&) {
+        help->ShowPage(Shown(DiskFiles().Resolved(halvern.ProgramFolder + "/help/index.html")));
+    };
+    dialogs.OnShowText = [this](const std::string& file) { help->ShowTextFile(Shown(DiskFiles().Resolved(file))); };
+}
+
+std::string Windows::SavePicture(const Form& form, const std::string& file) const
+{
+    auto* window = WindowOf(form);
+    if (window == nullptr) return form.Name() + " has no window";
+    for (int round = 0; round < 3; ++round) { // what is collected is announced, and then painted
+        QThread::msleep(30);
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    }
+    return window->grab().save(Shown(file), "PNG") ? std::string{} : "can't write " + file;
+}
+
+} // namespace halvern
