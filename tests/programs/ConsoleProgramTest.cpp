@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <chrono>
+
+#include "platform/Text.h"
+#include "support/Console.h"
+
+namespace halvern::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+struct ConsoleProgram : ::testing::Test {
+    ConsoleProgram() { LinkData(folder); }
+
+    /// Runs the program on an application directory of its own with this input. @return its lines
+    std::vector<std::string> Run(const std::string& options, const std::string& input)
+    {
+        work.Put("input", input);
+        const auto file = [this](const char* name) { return " '" + work.Path() + "/" + name + "'"; };
+        const auto command = "'" HALVERN_BUILD "/halvern-console' " + options + " '" + folder.Path() + "/' <" +
+                             file("input") + " >" + file("output") + " 2>" + file("errors");
+        status = WEXITSTATUS(std::system(command.c_str()));
+        const auto output = DiskFiles().Read(work.Path() + "/output").value_or("");
+        std::vector<std::string> lines;
+        for (const auto line : LinesOf(output)) lines.emplace_back(line);
+        return lines;
+    }
+
+    TemporaryFolder folder, work;
+    int status = -1;
+};
+
+TEST_F(ConsoleProgram, ASimulatedStationStartsAtItsOwnTimeAndEndsWithItsInput)
+{
+    EXPECT_THAT(Run("--simulate", "wait 90000\npacket TNC \"Q1ABC>APRS:!4049.14N/07308.41W-\"\nget TerminalFrm\n"
+                                  "rows PosLst\nquit\nnonsense"),
+                ElementsAre("modal SetUpfrm", "bell", R"(TerminalFrm caption="Raw Received" enabled=yes visible=no)",
+                            "PosLst count=1", R"(PosLst[0] "Q1ABC     !010001z4049.14N/07308.41W-")",
+                            "closed SetUpfrm"));
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(ConsoleProgram, ALiveStationLivesInRealTimeAndHasNothingSimulated)
+{
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_THAT(Run("", "wait 300\nnow \"2000-01-01 00:00:00\"\nreceive MSComm1 \"x\"\necho \"without a line end\""),
+                ElementsAre("modal SetUpfrm", HasSubstr("error: "), HasSubstr("error: "), "echo \"without a line end\"",
+                            "closed SetUpfrm"));
+    EXPECT_EQ(status, 1);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
+}
+
+} // namespace
+} // namespace halvern::test
