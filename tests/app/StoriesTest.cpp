@@ -44,7 +44,21 @@ std::string Lasting(std::string answer, const std::string& folder)
 {
     static const std::regex duration("^(replayed \\d+ lines in ).* s$");
     ReplaceAll(answer, folder, "DIRECTORY");
-    return std::regex_replace(answer, duration, "$1 S s");
+    return std::regex_replace(answer, duration, "$1S s");
+}
+
+/// Bells in a row become one line, with their number if there is more than one.
+std::vector<std::string> WithBellsCounted(const std::vector<std::string>& answers)
+{
+    std::vector<std::string> counted;
+    for (auto answer = answers.begin(); answer != answers.end();) {
+        const auto end = std::find_if(answer, answers.end(), [](const std::string& next) { return next != "bell"; });
+        if (end - answer > 1) counted.push_back("bell, " + std::to_string(end - answer) + " times");
+        if (end - answer == 1) counted.push_back("bell");
+        answer = end;
+        if (answer != answers.end()) counted.push_back(*answer++);
+    }
+    return counted;
 }
 
 /// The lines of a script with what it includes, one list a run of the station.
@@ -87,7 +101,8 @@ TEST_P(Stories, TheStationAnswersAsItDid)
     std::string answers;
     for (const auto& run : runs) {
         Station station(folder.Path());
-        for (const auto& answer : Play(station, run).answers) answers += Lasting(answer, folder.Path()) + "\n";
+        for (const auto& answer : WithBellsCounted(Play(station, run).answers))
+            answers += Lasting(answer, folder.Path()) + "\n";
     }
     const auto expected = Folder / (GetParam() + ".expected");
     if (std::getenv("HALVERN_REWRITE_STORIES") != nullptr) std::ofstream(expected, std::ios::binary) << answers;
