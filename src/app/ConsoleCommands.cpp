@@ -159,8 +159,8 @@ void SetNumber(NumberLabel& label, const std::string& text)
 
 void SetList(List& list, const std::string& name, const std::string& text)
 {
-    if (list.style == ListStyle::TypedCombo) return Type(list, text);
     const int row = list.IndexOf(text);
+    if (row == NotFound && list.style == ListStyle::TypedCombo) return Type(list, text);
     Require(row != NotFound, name + " has no row " + ConsoleQuoted(text));
     list.Click(row);
     list.Leave();

@@ -2,6 +2,8 @@
 #include "app/Handlers.h"
 
 #include "config/ChildWindows.h"
+#include "config/Fonts.h"
+#include "config/Settings.h"
 #include "config/SetupFields.h"
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
@@ -31,6 +33,9 @@ void ConnectWindows(Halvern& halvern)
     main.OnCloseBox = [&] { EndProgram(halvern); };
     main.EndApp.OnClick = [&] { EndProgram(halvern); };
     main.SetupMenu.OnClick = [&] { halvern.SetUpfrm.Show(); };
+    main.FontMenu.OnClick = [&] { halvern.FontFrm.Show(); };
+    halvern.FontFrm.FontOkCmd.OnClick = [&] { PickFormFont(halvern); };
+    halvern.FontFrm.CancelCmd.OnClick = [&] { halvern.FontFrm.Hide(); };
     main.GetHelpMenu.OnClick = [&] { ShowHelp(halvern); };
     main.AboutHalvernMenu.OnClick = [&] { ShowAbout(halvern); };
     for (int window = 1; window <= ChildWindows; ++window) {
@@ -90,6 +95,7 @@ void ConnectSetUp(Halvern& halvern)
     form.OnCloseBox = [&] { CloseSetUp(halvern); };
     form.TabOkCmd.OnClick = [&] { AcceptSetUp(halvern); };
     form.TabCancelCmd.OnClick = [&] { CancelSetUp(halvern); };
+    form.TabSaveCmd.OnClick = [&] { SaveSettings(halvern); };
     form.HelpCmd.OnClick = [&] { ShowHelp(halvern); };
     ConnectStationTab(halvern);
     ConnectOtherTabs(halvern);

@@ -47,6 +47,16 @@ void ChooseDosMapsByDefault(Halvern& halvern)
     ShowMapSelectors(halvern);
 }
 
+void SettleMapKind(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    MenuItem* first = &main.DosMapMenu;
+    for (MenuItem* kind : {&main.BitMapMenu, &main.DosMapMenu, &main.UsgsMapMenu})
+        if (kind->Checked()) first = kind;
+    for (MenuItem* kind : {&main.UsgsMapMenu, &main.DosMapMenu, &main.BitMapMenu}) kind->SetChecked(kind == first);
+    ShowMapSelectors(halvern);
+}
+
 bool ListBitmaps(Halvern& halvern)
 {
     auto& combo = halvern.ConMdiFrm.BitMapCombo;

@@ -15,6 +15,9 @@ void ShowMapSelectors(Halvern& halvern);
 /// Makes the DOS maps the kind in hand, unless another kind is chosen already.
 void ChooseDosMapsByDefault(Halvern& halvern);
 
+/// Leaves one kind checked: the first that is, or the DOS maps where none is.
+void SettleMapKind(Halvern& halvern);
+
 /// Lists the pictures of the bitmap folder in `BitMapCombo`. @return false where there is none.
 bool ListBitmaps(Halvern& halvern);
 

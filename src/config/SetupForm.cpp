@@ -4,6 +4,7 @@
 #include "config/ChildWindows.h"
 #include "config/MapKind.h"
 #include "config/Recorded.h"
+#include "config/Settings.h"
 #include "config/SetupFields.h"
 #include "config/SetupRules.h"
 #include "engine/UtcTime.h"
@@ -11,8 +12,6 @@
 
 namespace halvern {
 namespace {
-
-constexpr Place SetUpPlace{8490, 0, 0, 8205, 0};
 
 /// The alternate net's call becomes the destination of own packets. @return false where it is wanted and missing.
 bool TakeAlternateNet(Halvern& halvern)
@@ -42,8 +41,10 @@ void LoadSetUp(Halvern& halvern)
 {
     auto& setUp = halvern.SetUpfrm;
     FilePickersAtHome(halvern);
-    if (halvern.Engine.ConfigLoaded) return;
-    for (const auto group : {"ALL", "CQ", "QST"}) setUp.MsgGroupLst.Add(group);
+    if (!halvern.Engine.ConfigLoaded)
+        for (const auto group : {"ALL", "CQ", "QST"}) setUp.MsgGroupLst.Add(group);
+    ReadServers(halvern);
+    FillInPassword(halvern);
 }
 
 void ActivateSetUp(Halvern& halvern)

@@ -6,6 +6,9 @@
 /// The setup form as a whole: its loading and activation, and the buttons under its tabs.
 namespace halvern {
 
+/// Where the form comes up, whatever the settings file says: it always fits the screen there.
+inline constexpr Place SetUpPlace{8490, 0, 0, 8205, 0};
+
 /// The form is created, once a run: the groups of a new configuration, the folders, the servers.
 void LoadSetUp(Halvern& halvern);
 

@@ -4,7 +4,9 @@
 #include <algorithm>
 
 #include "config/ChildWindows.h"
+#include "config/Fonts.h"
 #include "config/MapKind.h"
+#include "config/Settings.h"
 #include "config/SetupRules.h"
 #include "engine/UtcTime.h"
 #include "platform/Text.h"
@@ -27,10 +29,23 @@ void PrepareHeardGrid(Halvern& halvern)
     grid.SetCell(0, 1, ZeroFilled(start.day, 2) + "/" + ZeroFilled(start.hour, 2) + ":" + ZeroFilled(start.minute, 2));
 }
 
+/// The selectors of the kind of map in hand. @return false where that kind has no map, which ends the program.
+bool PrepareMapKind(Halvern& halvern)
+{
+    if (halvern.Engine.ConfigLoaded)
+        SettleMapKind(halvern);
+    else
+        ShowMapSelectors(halvern);
+    if (!halvern.ConMdiFrm.BitMapMenu.Checked() || ListBitmaps(halvern)) return true;
+    EndAfter(halvern, BitmapsMissing(halvern));
+    return false;
+}
+
 void StartConfigured(Halvern& halvern)
 {
     halvern.SetUpfrm.IgateOpt.SetEntryEnabled(1, true);
     halvern.SetUpfrm.Load();
+    TakeSettings(halvern);
     TakeOwnCallAndAlias(halvern);
     if (const auto fault = MapDataFault(halvern); !fault.empty()) return EndAfter(halvern, fault);
     SetWindowOn(halvern, 1, true);
@@ -86,7 +101,9 @@ void LoadMainWindow(Halvern& halvern)
     halvern.SetUpfrm.MyAlias = NoAlias;
     engine.OwnDest = NormalDestination;
     halvern.ConMdiFrm.FrmState.fill("False");
-    ShowMapSelectors(halvern);
+    SetDesignFonts(halvern);
+    ReadSettings(halvern);
+    if (!PrepareMapKind(halvern)) return;
     engine.LogOpen = false;
     engine.ReviewMode = false;
     engine.StartTime = UtcNow(halvern.Outside.clock);

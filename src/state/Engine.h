@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Clock.h"
 #include "platform/Files.h"
@@ -43,6 +44,8 @@ struct EngineState {
     short BeaconRate = 0;    ///< minutes between beacons
     short BeaconMinutes = 0, Psk63Minutes = 0;
 
+    /// What the settings file says, a line or a list each, until the first activation puts it into the controls.
+    std::vector<std::vector<std::string>> Settings;
     bool ConfigLoaded = false; ///< a configuration was read or saved in this run
     Moment StartTime;
     bool Ended = false; ///< the main window has closed, or a fatal message was acknowledged

@@ -1,0 +1,321 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "config/IniTable.h"
+#include "config/Settings.h"
+#include "config/StartUp.h"
+#include "platform/Text.h"
+#include "platform/simulated/FaultyFiles.h"
+#include "support/Station.h"
+
+namespace halvern::test {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+constexpr const char* Servers = "euro.aprs2.net\r\n14580\r\nm/50 t/p,w\r\nrotate.aprs2.net\r\neuro.aprs2.net\r\n";
+
+/// A folder with a map and a list of servers, and the text files that a program left in it.
+struct Folder : TemporaryFolder {
+    Folder()
+    {
+        Put("dosmaps/usa.map", "");
+        Put("APRSDomain.INI", Servers);
+    }
+    std::string Text(const std::string& name) const { return DiskFiles().Read(Path() + "/" + name).value_or("none"); }
+};
+
+struct Settings : testing::Test {
+    Folder folder;
+
+    /// A first run: the Station tab filled in, OK; then setup again, `more`, and Save.
+    std::string SaveFirst(const std::function<void(Halvern&)>& more = [](Halvern&) {})
+    {
+        Station station(folder.Path());
+        auto& halvern = station.halvern;
+        station.dialogs.RunModal = [&](Form&) {
+            station.SetUp();
+            halvern.SetUpfrm.TabOkCmd.Click();
+        };
+        StartProgram(halvern);
+        halvern.ConMdiFrm.SetupMenu.Click();
+        more(halvern);
+        station.TakeSaid();
+        halvern.SetUpfrm.TabSaveCmd.Click();
+        EXPECT_THAT(
+            station.TakeSaid(),
+            ElementsAre("message none \"Halvern\" \"Your Configuration is now Saved.\\r\\nEnjoy 73 DE K9ZZZ\""));
+        EXPECT_TRUE(halvern.Engine.ConfigLoaded);
+        EXPECT_FALSE(halvern.SetUpfrm.Visible());
+        halvern.ConMdiFrm.EndApp.Click();
+        return folder.Text("Halvern.INI");
+    }
+};
+
+/// What a program with these settings writes.
+std::string Rewritten(const std::string& ini)
+{
+    const Folder folder;
+    folder.Put("Halvern.INI", ini);
+    Station station(folder.Path());
+    StartProgram(station.halvern);
+    EXPECT_TRUE(station.halvern.Engine.ConfigLoaded) << testing::PrintToString(station.TakeSaid());
+    return WriteIni(SettingsTable(station.halvern));
+}
+
+TEST_F(Settings, TheFileIsPositionalLines)
+{
+    const auto ini = SaveFirst();
+    EXPECT_THAT(ini, StartsWith("Q0OWN\r\n0\r\n40\r\n49\r\n14\r\nN\r\n073\r\n08\r\n41\r\nW\r\n 0 \r\n 0 \r\n 0 \r\n"
+                                " 39 \r\n\r\nown\r\nhere\r\n 0 \r\n 0 \r\n 3 \r\nALL\r\nCQ\r\nQST\r\n 0 \r\n 0 \r\n"
+                                " 8490 \r\n 0 \r\n 0 \r\n 8205 \r\n 0 \r\n 3600 \r\n 0 \r\n 0 \r\n 4800 \r\n 0 \r\n"));
+    EXPECT_TRUE(ini.ends_with("False\r\nTrue\r\nFalse\r\n")) << "DOS maps, and no line of a bitmap";
+    EXPECT_EQ(std::count(ini.begin(), ini.end(), '\n'), 17 + 2 + 4 + 2 + 55 + 4 + 26 + 2 + 3 + 10 + 3);
+    EXPECT_THAT(ini, HasSubstr("Monospace\r\n 9 \r\n"));
+}
+
+TEST_F(Settings, ARestartFindsEverythingInItsPlace)
+{
+    SaveFirst([](Halvern& halvern) {
+        auto& setUp = halvern.SetUpfrm;
+        setUp.SSIDLBL.SetCaption("9");
+        setUp.CommentTXT.SetText("one, two, three");
+        setUp.SymbolCombo.Preselect(setUp.SymbolCombo.IndexOf("Car Overlay \\>"));
+        setUp.OverlayChar = "A";
+        setUp.UnPath.Add("Q1DIG,WIDE2-1");
+        setUp.UnPath.Select(2);
+        setUp.MsgGroupLst.Clear();
+        setUp.WxSourceOpt.Select(1);
+        setUp.PortLst.Select(3);
+        setUp.GpsPortLst.Select(9); // for the run only
+        halvern.MessageFrm.MailUnPath.Add("WIDE1-1,WIDE2-1");
+        halvern.MessageFrm.MailUnPath.Select(2);
+        halvern.PositionFrm.SetPlace({1000, -20, 30, 400, 1});
+        halvern.FindFrm.FindPosTxt.SetFont({"Sans", 8.25});
+        halvern.Map.MapCenterLat = -12.3456789F;
+        halvern.Map.MapRange = 64.5;
+        setUp.IntDomainCombo.SetText("127.0.0.1");
+    });
+    EXPECT_THAT(folder.Text("APRSDomain.INI"),
+                "127.0.0.1\r\n14580\r\nm/50 t/p,w\r\nrotate.aprs2.net\r\neuro.aprs2.net\r\n127.0.0.1\r\n");
+    Station station(folder.Path());
+    auto& halvern = station.halvern;
+    auto& setUp = halvern.SetUpfrm;
+    StartProgram(halvern);
+    EXPECT_THAT(station.TakeSaid(), IsEmpty()) << "an overlay symbol that is loaded asks nothing";
+    EXPECT_EQ(halvern.Engine.OwnCall, "Q0OWN-9");
+    EXPECT_EQ(setUp.CommentTXT.Text(), "one, two, three");
+    EXPECT_EQ(setUp.SymbolCombo.Text() + setUp.OverlayChar, "Car Overlay \\>A");
+    EXPECT_EQ(setUp.UnPath.Text(), "Q1DIG,WIDE2-1");
+    EXPECT_EQ(setUp.MsgGroupLst.Count(), 0) << "an empty list stays empty";
+    EXPECT_TRUE(setUp.WxSourceOpt.On(1) && setUp.SoftWxFrame.Enabled() && !setUp.ComWxFrame.Enabled());
+    EXPECT_EQ(setUp.PortLst.Text(), "Com4");
+    EXPECT_EQ(setUp.GpsPortLst.Text(), "Com2");
+    EXPECT_EQ(halvern.MessageFrm.MailUnPath.Text(), "WIDE1-1,WIDE2-1");
+    EXPECT_EQ(halvern.PositionFrm.Place(), (Place{1000, -20, 30, 400, 1}));
+    EXPECT_EQ(halvern.FindFrm.FindPosTxt.Font(), (Font{"Sans", 8.25}));
+    EXPECT_EQ(halvern.Map.MapCenterLat, -12.3456789F);
+    EXPECT_EQ(halvern.Map.MapRange, 64) << "a fraction is rounded, halves to even";
+    EXPECT_EQ(setUp.IntDomainCombo.Text(), "127.0.0.1");
+    EXPECT_EQ(setUp.IntDomainCombo.Count(), 3);
+    EXPECT_EQ(setUp.APRServePassTxt.Text(), "9093");
+    EXPECT_TRUE(setUp.IgateOpt.EntryEnabled(1) && halvern.ConMdiFrm.PortsMn.Enabled());
+    EXPECT_TRUE(halvern.MapFrm.Visible() && setUp.TabCancelCmd.Enabled());
+}
+
+TEST_F(Settings, EveryLineThatIsCutAwayIsToldAndTheFileStays)
+{
+    const auto whole = SaveFirst([](Halvern& halvern) { halvern.SetUpfrm.UnPath.Add("Q1DIG"); });
+    const auto lines = LinesOf(whole);
+    for (std::size_t cut = 0; cut < lines.size(); ++cut) {
+        for (const bool restToo : {false, true}) {
+            std::string damaged;
+            for (std::size_t i = 0; i < lines.size(); ++i)
+                if (i < cut || (i > cut && !restToo)) damaged.append(lines[i]).append(CrLf);
+            folder.Put("Halvern.INI", damaged);
+            Station station(folder.Path());
+            StartProgram(station.halvern);
+            const auto said = station.TakeSaid();
+            ASSERT_FALSE(said.empty());
+            EXPECT_THAT(said.front(), AllOf(StartsWith("message critical"), HasSubstr("could not be read: line ")))
+                << "line " << cut + 1;
+            EXPECT_EQ(said[1], "modal SetUpfrm");
+            EXPECT_FALSE(station.halvern.Engine.ConfigLoaded);
+            EXPECT_EQ(folder.Text("Halvern.INI"), damaged);
+        }
+    }
+}
+
+TEST_F(Settings, ADamagedLineIsNamed)
+{
+    const auto whole = SaveFirst();
+    struct Damage {
+        int line;
+        const char* text;
+        const char* name;
+    };
+    for (const auto& damage : {Damage{11, " 16 ", "TNC port"},
+                               {12, "fast", "TNC speed"},
+                               {14, "", "symbol"},
+                               {18, " 2 ", "index of the unproto paths"},
+                               {19, " 22 ", "number of unproto paths"},
+                               {20, " -1 ", "number of message groups"},
+                               {26, " 32768 ", "height of SetUpfrm"},
+                               {30, " 3 ", "state of SetUpfrm"},
+                               {86, " 0 ", "font size of PositionFrm.ShPosLst"},
+                               {113, " 1e39 ", "latitude of the map's centre"},
+                               {116, "Yes", "weather from"}}) {
+        auto lines = LinesOf(whole);
+        lines[damage.line - 1] = damage.text;
+        std::string bytes;
+        for (const auto line : lines) bytes.append(line).append(CrLf);
+        folder.Put("Halvern.INI", bytes);
+        Station station(folder.Path());
+        StartProgram(station.halvern);
+        EXPECT_THAT(station.TakeSaid().front(), HasSubstr("line " + std::to_string(damage.line) + " (" + damage.name))
+            << damage.text;
+    }
+}
+
+TEST_F(Settings, OlderCopiesStayBesideTheFile)
+{
+    std::vector<std::string> saved;
+    for (const auto comment : {"a", "b", "c", "d", "e"})
+        saved.push_back(SaveFirst([&](Halvern& halvern) { halvern.SetUpfrm.CommentTXT.SetText(comment); }));
+    EXPECT_EQ(folder.Text("Halvern.INI"), saved[4]);
+    EXPECT_EQ(folder.Text("Halvern.INI.1"), saved[3]);
+    EXPECT_EQ(folder.Text("Halvern.INI.2"), saved[2]);
+    EXPECT_EQ(folder.Text("Halvern.INI.3"), saved[1]);
+    EXPECT_THAT(DiskFiles().Names(folder.Path()),
+                ElementsAre("APRSDomain.INI", "Halvern.INI", "Halvern.INI.1", "Halvern.INI.2", "Halvern.INI.3"));
+}
+
+TEST_F(Settings, AFullDiskLeavesTheOldFile)
+{
+    const auto before = SaveFirst();
+    DiskFiles disk;
+    FaultyFiles full(disk);
+    SimulatedTime time;
+    NotedDialogs dialogs;
+    std::vector<std::string> said;
+    dialogs.Say = [&](const std::string& line) { said.push_back(line); };
+    Halvern halvern({time, dialogs, full}, folder.Path());
+    ConnectHandlers(halvern);
+    StartProgram(halvern);
+    halvern.SetUpfrm.CommentTXT.SetText("other");
+    full.SetRoom(100);
+    halvern.SetUpfrm.TabSaveCmd.Click();
+    EXPECT_THAT(said, ElementsAre(HasSubstr("could not be written")));
+    EXPECT_EQ(folder.Text("Halvern.INI"), before);
+}
+
+/// Random settings, the kinds of values that the form can hold.
+class Random {
+public:
+    explicit Random(unsigned seed) : dice(seed) {}
+    int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(dice); }
+    std::string Text(int longest)
+    {
+        std::string text;
+        for (int i = Below(longest + 1); i > 0; --i) text += static_cast<char>(33 + Below(223));
+        return text;
+    }
+
+private:
+    std::minstd_rand dice;
+};
+
+void Scramble(Halvern& halvern, Random& random)
+{
+    auto& setUp = halvern.SetUpfrm;
+    for (Control* control : halvern.All.All())
+        if (auto* list = dynamic_cast<List*>(control); list && list->style == ListStyle::Combo && list != &setUp.Drive1)
+            if (list->Name().starts_with("SetUpfrm.")) list->Preselect(random.Below(list->Count() + 1) - 1);
+    for (TextField* field : {&setUp.CommentTXT, &setUp.StatusTXT}) field->SetText(random.Text(60));
+    for (List* list : {&setUp.UnPath, &halvern.MessageFrm.MailUnPath, &setUp.MsgGroupLst}) {
+        for (int i = random.Below(12); i > 0; --i) list->Add(random.Text(20));
+        list->Preselect(random.Below(list->Count() + 1) - 1);
+    }
+    for (Form* form : {static_cast<Form*>(&halvern.MapFrm), static_cast<Form*>(&halvern.DxFrm)})
+        form->SetPlace(
+            {random.Below(60000), random.Below(2000) - 1000, random.Below(9), random.Below(9999), random.Below(3)});
+    halvern.TerminalFrm.ShRawPacketLst.SetFont({"Face " + std::to_string(random.Below(9)), 1 + random.Below(99) / 4.0});
+    halvern.Map.MapCenterLon = static_cast<float>(random.Below(1000000)) / 3000.0F - 180;
+    halvern.Map.MapCenterLat = 1.0F / static_cast<float>(1 + random.Below(1 << 30));
+    halvern.Map.MapRange = 1 << random.Below(13);
+    for (Choice* choice : {&setUp.WxSourceOpt, &setUp.TimeOpt}) choice->Select(random.Below(choice->Count()));
+    setUp.OverlayChar = random.Below(2) == 0 ? "" : "7";
+}
+
+TEST_F(Settings, WriteReadWriteGivesTheSameBytes)
+{
+    folder.Put("Halvern.INI", SaveFirst());
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        Random random(seed);
+        Station station(folder.Path());
+        StartProgram(station.halvern);
+        Scramble(station.halvern, random);
+        const auto written = WriteIni(SettingsTable(station.halvern));
+        const Folder other;
+        ASSERT_EQ(Rewritten(written), written) << "seed " << seed;
+    }
+}
+
+TEST_F(Settings, ServersComeFromTheirFile)
+{
+    struct Case {
+        const char* file;
+        const char* server;
+        const char* port;
+        const char* filter;
+        int count;
+        const char* said;
+    };
+    for (const auto& c : {Case{Servers, "euro.aprs2.net", "14580", "m/50 t/p,w", 2, nullptr},
+                          {" \r\n \r\n \r\na\r\nb\r\n", "", "23", "", 2, nullptr},
+                          {"gone\r\n1\r\n2\r\na\r\n\r\n", "", "1", "2", 1, nullptr},
+                          {"a\r\n14580\r\n", "", "23", "", 0, "line 3 (server filter)"},
+                          {"", "", "23", "", 0, "line 1 (server)"}}) {
+        folder.Put("APRSDomain.INI", c.file);
+        Station station(folder.Path());
+        auto& setUp = station.halvern.SetUpfrm;
+        setUp.Load();
+        EXPECT_EQ(setUp.IntDomainCombo.Text(), c.server);
+        EXPECT_EQ(setUp.APRServePortTxt.Text(), c.port);
+        EXPECT_EQ(setUp.APRServeFilterTxt.Text(), c.filter);
+        EXPECT_EQ(setUp.IntDomainCombo.Count(), c.count);
+        EXPECT_EQ(setUp.APRServePassTxt.Text(), "-1");
+        EXPECT_FALSE(setUp.APRServePassTxt.Enabled());
+        const auto said = station.TakeSaid();
+        if (c.said == nullptr)
+            EXPECT_THAT(said, IsEmpty());
+        else
+            EXPECT_THAT(said, ElementsAre(HasSubstr(c.said)));
+    }
+}
+
+TEST_F(Settings, ATypedServerIsAddedOnceWhateverItsCase)
+{
+    SaveFirst([](Halvern& halvern) { halvern.SetUpfrm.IntDomainCombo.SetText(" EURO.aprs2.net"); });
+    EXPECT_THAT(folder.Text("APRSDomain.INI"),
+                " EURO.aprs2.net\r\n14580\r\nm/50 t/p,w\r\nrotate.aprs2.net\r\neuro.aprs2.net\r\n");
+}
+
+TEST(ShippedServers, AFirstConnectionNeedsNoVisit)
+{
+    Station station(DataFolder());
+    station.halvern.SetUpfrm.Load();
+    EXPECT_THAT(station.TakeSaid(), IsEmpty());
+    EXPECT_EQ(station.halvern.SetUpfrm.IntDomainCombo.Text(), "rotate.aprs2.net");
+    EXPECT_EQ(station.halvern.SetUpfrm.APRServePortTxt.Text(), "14580");
+    EXPECT_GE(station.halvern.SetUpfrm.IntDomainCombo.IndexOf("127.0.0.1"), 0);
+}
+
+} // namespace
+} // namespace halvern::test
