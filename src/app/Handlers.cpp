@@ -8,6 +8,7 @@
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
 #include "config/StartUp.h"
+#include "engine/ResetStores.h"
 #include "map/FirstMap.h"
 #include "map/Geometry.h"
 #include "map/MapCommand.h"
@@ -32,6 +33,7 @@ void ConnectWindows(Halvern& halvern)
     main.OnActivate = [&] { ActivateMainWindow(halvern); };
     main.OnCloseBox = [&] { EndProgram(halvern); };
     main.EndApp.OnClick = [&] { EndProgram(halvern); };
+    main.ClearMenu.OnClick = [&] { ResetStores(halvern, "ClearMenu"); };
     main.SetupMenu.OnClick = [&] { halvern.SetUpfrm.Show(); };
     main.FontMenu.OnClick = [&] { halvern.FontFrm.Show(); };
     halvern.FontFrm.FontOkCmd.OnClick = [&] { PickFormFont(halvern); };
@@ -42,6 +44,17 @@ void ConnectWindows(Halvern& halvern)
         main.FrmMenu(window).OnClick = [&halvern, window] { ToggleWindow(halvern, window); };
         ChildWindow(halvern, window).OnCloseBox = [&halvern, window] { ToggleWindow(halvern, window); };
     }
+}
+
+/// The copies for display follow their stores when their window changes its size.
+void ConnectStoreWindows(Halvern& halvern)
+{
+    auto& h = halvern;
+    h.PositionFrm.OnResize = [&] { h.PositionFrm.ShPosLst.CopyRows(h.PositionFrm.PosLst); };
+    h.StatusFrm.OnResize = [&] { h.StatusFrm.ShStatusLst.CopyRows(h.StatusFrm.StatusLst); };
+    h.DigiFrm.OnResize = [&] { h.DigiFrm.ShDigiLst.CopyRows(h.DigiFrm.DigiLst); };
+    h.TerminalFrm.OnResize = [&] { h.TerminalFrm.ShRawPacketLst.CopyRows(h.TerminalFrm.RawPacketLst); };
+    h.DxFrm.OnResize = [&] { h.DxFrm.ShResourceLst.CopyRows(h.DxFrm.ResourceLst); };
 }
 
 void ConnectStationTab(Halvern& halvern)
@@ -188,6 +201,7 @@ void ConnectPathBuilder(Halvern& halvern)
 void ConnectHandlers(Halvern& halvern)
 {
     ConnectWindows(halvern);
+    ConnectStoreWindows(halvern);
     ConnectSetUp(halvern);
     ConnectPorts(halvern);
     ConnectTransmitter(halvern);

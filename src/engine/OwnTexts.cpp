@@ -19,12 +19,12 @@ std::string OwnSymbol(const SetUpForm& setUp)
     return pair;
 }
 
-std::string OwnPhg(const SetUpForm& setUp)
+std::string OwnPhg(const SetUpForm& setUp, const std::string& behind)
 {
     std::string digits;
     for (const List* list : {&setUp.PhgPowerLst, &setUp.PhgHeightLst, &setUp.PhgGainLst, &setUp.PhgDirLst})
         digits += std::to_string(list->Selected());
-    return LeadingNumber(digits) == 0 ? "PHG5130" : "PHG" + digits;
+    return LeadingNumber(digits) == 0 ? "PHG5130" : "PHG" + digits + behind;
 }
 
 std::string OwnPosition(const SetUpForm& setUp)

@@ -14,8 +14,9 @@ std::string OwnCallOf(const SetUpForm& setUp);
 /// Symbol table and symbol code of the picked symbol; an overlay character takes the table's place.
 std::string OwnSymbol(const SetUpForm& setUp);
 
-/// "PHG" and the four list indices; "PHG5130" where all four stand at their first entry.
-std::string OwnPhg(const SetUpForm& setUp);
+/// "PHG" and the four list indices, and what is wanted behind them; "PHG5130" where all four stand at their first
+/// entry.
+std::string OwnPhg(const SetUpForm& setUp, const std::string& behind = "");
 
 /// "=", position, symbol, range information, a blank and the comment: a position payload ready for the air.
 std::string OwnPosition(const SetUpForm& setUp);

@@ -37,7 +37,8 @@ void FirstMapActivation(Halvern& halvern)
     const auto& setUp = halvern.SetUpfrm;
     const auto call = OwnCallOf(setUp);
     const auto path = PathOrNothing(setUp.UnPath.Text());
-    auto position = OwnLine(call, NormalDestination, path, OwnPosition(setUp));
+    // The first line of a run closes its range information with a slash: the row shows where the comment begins.
+    auto position = OwnLine(call, NormalDestination, path, OwnPosition(setUp, OwnPhg(setUp, "/")));
     auto status = OwnLine(call, NormalDestination, path, OwnStatus(setUp));
     halvern.HeardFrm.HeardGrid.SetCell(1, 0, call);
     halvern.HeardFrm.HeardGrid.SetCell(1, 1, "0");

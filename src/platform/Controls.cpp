@@ -129,9 +129,11 @@ void Form::Load()
 
 void Form::Show()
 {
+    const bool fresh = !loaded;
     Load();
     if (!loaded) return; // its own loading closed it again
     SetVisible(true);
+    if (fresh) Fire(OnResize); // a window gets its size when it first comes up
     Fire(OnActivate);
 }
 
@@ -282,6 +284,12 @@ void List::Clear()
     selected = -1;
     text.clear();
     Tell({Change::RowsCleared});
+}
+
+void List::CopyRows(const List& other)
+{
+    Clear();
+    for (const auto& row : other.rows) Add(row);
 }
 
 void List::Preselect(int index)

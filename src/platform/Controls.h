@@ -145,7 +145,8 @@ public:
     /// What a real window tells whenever its inner size changes; `OnResize` runs.
     void SetClientSize(int width, int height);
 
-    /// Brings the form up: loads it at the first time (`OnLoad`), shows it, then runs `OnActivate`.
+    /// Brings the form up: loads it at the first time (`OnLoad`), shows it, sizes it (`OnResize`), then runs
+    /// `OnActivate`.
     void Show();
     void Hide() { SetVisible(false); }
     /// Hides the form and lets the next Show load it anew.
@@ -267,6 +268,8 @@ public:
     /// Takes the row out and puts another in its place; the selection stays.
     void Replace(int index, std::string_view row);
     void Clear();
+    /// Becomes a copy of another list's rows.
+    void CopyRows(const List& other);
 
     int Selected() const { return selected; }
     /// Selects a row, -1 for none. `OnClick` runs if that changed the selection. @throws RuntimeFailure.
