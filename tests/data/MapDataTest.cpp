@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/ShippedMaps.h"
 
+#include "map/DosMapFile.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -127,6 +129,72 @@ TEST(MapData, NoViewOverLandIsEmpty)
             if (!ShowsSomething(Maps().at(name), centre, HalfView(step, centre.lat))) ++empty;
         }
         EXPECT_EQ(empty, 0) << "of " << Tries << " views at step " << step;
+    }
+}
+
+/// Compares what the program's reader gives out with what the other one found.
+class Compare : public halvern::MapLines {
+public:
+    explicit Compare(const Map& map)
+    {
+        for (const Polyline& line : map.lines)
+            for (const Place& place : line.places) expected_.push_back({place, line.colour, &place == &line.places[0]});
+    }
+
+    void Start(double x, double y, int colour) override { Check(x, y, colour, true); }
+    void LineTo(double x, double y, int colour) override { Check(x, y, colour, false); }
+
+    bool AllSeenAndSame() const { return same_ && next_ == expected_.size(); }
+
+private:
+    struct Point {
+        Place place;
+        int colour;
+        bool starts;
+    };
+
+    void Check(double x, double y, int colour, bool starts)
+    {
+        constexpr double FloatRounding = 1e-4;
+        if (next_ < expected_.size()) {
+            const Point& point = expected_[next_];
+            same_ = same_ && std::abs(point.place.lon - x) < FloatRounding &&
+                    std::abs(point.place.lat - y) < FloatRounding && point.colour == colour && point.starts == starts;
+        }
+        ++next_;
+    }
+
+    std::vector<Point> expected_;
+    std::size_t next_ = 0;
+    bool same_ = true;
+};
+
+TEST(MapData, TheProgramReadsEveryMapAsTheOtherReaderDoes)
+{
+    for (const auto& [name, map] : Maps()) {
+        Compare compare(map);
+        std::string format;
+        EXPECT_EQ(halvern::ReadMapLines(Bytes(Data + "/dosmaps/" + name + ".map"), compare, format),
+                  halvern::MapFileEnd::Marker)
+            << name;
+        EXPECT_TRUE(compare.AllSeenAndSame()) << name;
+    }
+}
+
+TEST(MapData, TheProgramChoosesTheMapThatTheOtherReaderChooses)
+{
+    constexpr int Tries = 200;
+    const std::string bytes = Bytes(Data + "/maplist/maplist1.hvn");
+    const List list = ReadList(Data + "/maplist/maplist1.hvn");
+    LandPlaces places;
+    for (const auto& [step, entries] : list) {
+        const int row = 12 - static_cast<int>(std::log2(step));
+        for (int i = 0; i < Tries; ++i) {
+            const Place place = places.Next();
+            EXPECT_EQ(halvern::NearestMap(bytes, row, static_cast<float>(place.lat), static_cast<float>(place.lon)),
+                      Nearest(entries, place).name)
+                << "step " << step << " at " << place.lat << ", " << place.lon;
+        }
     }
 }
 
