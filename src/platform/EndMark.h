@@ -8,6 +8,8 @@
 
 namespace halvern {
 
+inline constexpr char FrameEnd = '\xC0'; ///< the end mark of KISS ports: FEND, byte 192
+
 /// Cuts a byte stream into events that never reach past an end mark, however the stream arrives.
 ///
 /// An event is everything up to and with the next end mark. What has no end mark yet waits here; the owner of the

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/EndMark.h"
 #include "platform/Text.h"
 
 namespace halvern {
 namespace {
 
-constexpr char FrameEnd = '\xC0';
 constexpr char Escape = '\xDB';
 constexpr char EscapedFrameEnd = '\xDC';
 constexpr char EscapedEscape = '\xDD';

@@ -6,12 +6,11 @@
 #include <string>
 
 #include "platform/Controls.h"
+#include "platform/EndMark.h"
 #include "platform/Ports.h"
 #include "state/Lists.h"
 
 namespace halvern {
-
-inline constexpr char FrameEnd = '\xC0'; ///< KISS FEND, byte 192
 
 /// The main window: menus, toolbar, range selector, status bar, ports and the timers that run without a window.
 struct MainForm : Form {
