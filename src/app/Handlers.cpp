@@ -9,10 +9,12 @@
 #include "config/SetupLists.h"
 #include "config/StartUp.h"
 #include "engine/ResetStores.h"
+#include "map/BitmapMap.h"
 #include "map/FirstMap.h"
 #include "map/Geometry.h"
 #include "map/MapCommand.h"
 #include "map/MapMouse.h"
+#include "map/Plotting.h"
 #include "map/Redraw.h"
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
@@ -148,6 +150,9 @@ void ConnectMapMenu(Halvern& halvern)
     main.ScaleCombo.OnClick = [&] { RangeSelected(halvern); };
     main.HomeMenu.OnClick = [&] { GoHome(halvern); };
     main.RefreshMapMenu.OnClick = [&] { halvern.MapFrm.Map1.Repaint(); };
+    main.BitMapCombo.OnClick = [&] { PictureSelected(halvern); };
+    main.PlotPhgFixedMenu.OnClick = [&] { TogglePhg(halvern, main.PlotPhgFixedMenu, 0); };
+    main.PlotPhgMobileMenu.OnClick = [&] { TogglePhg(halvern, main.PlotPhgMobileMenu, 1); };
     main.PanMapMenu.OnClick = [&] { MapCommand(halvern, "PanMap"); };
     main.ZoomLastMenu.OnClick = [&] { MapCommand(halvern, "ZoomLast"); };
     main.ZoomUSAmenu.OnClick = [&] { MapCommand(halvern, "ZoomUSA"); };

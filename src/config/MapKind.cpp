@@ -34,9 +34,8 @@ void ShowMapSelectors(Halvern& halvern)
     main.BitMapCombo.SetVisible(bitmaps);
     main.ScaleTxt.SetVisible(bitmaps);
     main.ScaleCombo.SetVisible(!bitmaps);
-    if (!bitmaps) return;
-    for (MenuItem* item : {&main.PanMapMenu, &main.ZoomLastMenu, &main.ZoomUSAmenu}) item->SetEnabled(false);
-    for (int button = 1; button <= 3; ++button) main.Toolbar1Button(button).SetEnabled(false);
+    for (MenuItem* item : {&main.PanMapMenu, &main.ZoomLastMenu, &main.ZoomUSAmenu}) item->SetEnabled(!bitmaps);
+    for (int button = 1; button <= 3; ++button) main.Toolbar1Button(button).SetEnabled(!bitmaps);
 }
 
 void ChooseDosMapsByDefault(Halvern& halvern)

@@ -9,7 +9,7 @@
 /// checked, and the checked one is disabled.
 namespace halvern {
 
-/// Shows the selectors that belong to the checked kind and hides the others.
+/// Shows the selectors that belong to the checked kind and hides the others; pictures have no view to zoom or pan.
 void ShowMapSelectors(Halvern& halvern);
 
 /// Makes the DOS maps the kind in hand, unless another kind is chosen already.

@@ -53,26 +53,6 @@ std::string WorldMap(Halvern& halvern)
     return folder + "USA.Map";
 }
 
-/// Draws on the map and on its twin.
-class BothSurfaces final : public MapLines {
-public:
-    explicit BothSurfaces(MapForm& form) : map(form.Map1), twin(form.Pic1) {}
-    void Start(double x, double y, int colour) override
-    {
-        map.Point(x, y, colour);
-        twin.Point(x, y, colour);
-    }
-    void LineTo(double x, double y, int colour) override
-    {
-        map.LineTo(x, y, colour);
-        twin.LineTo(x, y, colour);
-    }
-
-private:
-    Surface& map;
-    Surface& twin;
-};
-
 /// What the map's name field has room for: the file name, where it is of the short kind.
 std::string ShortName(const std::string& path)
 {

@@ -2,118 +2,14 @@
 #include "map/DosMapFile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <limits>
-#include <optional>
 
+#include "map/InputItems.h"
 #include "platform/Text.h"
 
 namespace halvern {
 namespace {
-
-/// A step of a reader that may fail. Readers stop at the first one that does.
-using Success = bool;
-
-std::string_view WithoutBlanks(std::string_view item)
-{
-    const auto blank = [](char character) { return character == ' ' || character == '\t'; };
-    while (!item.empty() && blank(item.front())) item.remove_prefix(1);
-    while (!item.empty() && blank(item.back())) item.remove_suffix(1);
-    return item;
-}
-
-/// The number that a whole item is. @return nothing for another text or a number without bounds.
-std::optional<double> WholeNumber(std::string_view item)
-{
-    if (!item.empty() && item.front() == '+') item.remove_prefix(1);
-    double number = 0;
-    const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), number);
-    if (error != std::errc{} || end != item.data() + item.size() || !std::isfinite(number)) return {};
-    return number;
-}
-
-/// Rounds a number to a whole one that the kind can hold.
-template <class Kind> Success FitInto(Kind& place, std::optional<double> number)
-{
-    if (!number) return false;
-    const double whole = std::nearbyint(*number);
-    if (whole < std::numeric_limits<Kind>::min() || whole > std::numeric_limits<Kind>::max()) return false;
-    place = static_cast<Kind>(whole);
-    return true;
-}
-
-Success FitInto(float& place, std::optional<double> number)
-{
-    if (!number || std::abs(*number) > std::numeric_limits<float>::max()) return false;
-    place = static_cast<float>(*number);
-    return true;
-}
-
-/// Walks over the items and lines of a text.
-class Items {
-public:
-    explicit Items(std::string_view bytes) : at(bytes.data()), end(bytes.data() + bytes.size()) {}
-
-    /// The next item. Its comma or line end is passed.
-    Success Next(std::string_view& item)
-    {
-        if (at == end) return false;
-        const char* const start = at;
-        while (at != end && *at != ',' && *at != '\n' && *at != '\r') ++at;
-        item = {start, static_cast<std::size_t>(at - start)};
-        endedLine = at == end || *at != ',';
-        if (at != end && *at == ',')
-            ++at;
-        else
-            PassLineEnd();
-        if (!item.empty() && (item.front() < '0' || item.back() < '0')) item = Bare(item);
-        return true;
-    }
-
-    /// What is left of the line, without its end.
-    Success RestOfLine(std::string_view& line)
-    {
-        if (at == end) return false;
-        const char* const start = at;
-        while (at != end && *at != '\n' && *at != '\r') ++at;
-        line = {start, static_cast<std::size_t>(at - start)};
-        PassLineEnd();
-        return true;
-    }
-
-    /// Leaves the line of the item that was read last.
-    void SkipLine()
-    {
-        std::string_view ignored;
-        if (!endedLine) (void)RestOfLine(ignored);
-        endedLine = true;
-    }
-
-    template <class Kind> Success Number(Kind& place)
-    {
-        std::string_view item;
-        return Next(item) && FitInto(place, WholeNumber(item.substr(0, item.find_first_of(" \t"))));
-    }
-
-private:
-    static std::string_view Bare(std::string_view item)
-    {
-        item = WithoutBlanks(item);
-        if (item.size() >= 2 && item.front() == '"' && item.back() == '"') item = item.substr(1, item.size() - 2);
-        return item;
-    }
-    void PassLineEnd()
-    {
-        if (at != end && *at == '\r') ++at;
-        if (at != end && *at == '\n') ++at;
-    }
-
-    const char* at;
-    const char* end;
-    bool endedLine = true;
-};
 
 /// The head of a map, and what of it the points need.
 struct Head {

@@ -4,19 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "map/MapLines.h"
+
 /// The bytes of a line map and of the list of line maps. Nothing here reads past the bytes that it was given, and
 /// damage is told in-band.
 namespace halvern {
-
-/// Takes the points of a line map as they come. Degrees, always finite: x longitude, west positive, y latitude.
-class MapLines {
-public:
-    virtual ~MapLines() = default;
-    /// The first point of a polyline.
-    virtual void Start(double x, double y, int colour) = 0;
-    /// A line from the last point to this one.
-    virtual void LineTo(double x, double y, int colour) = 0;
-};
 
 enum class MapFileEnd {
     Marker,        ///< the file was read up to its end marker

@@ -3,8 +3,10 @@
 
 #include "engine/OwnTexts.h"
 #include "engine/ProcessPacket.h"
+#include "map/BitmapMap.h"
 #include "map/DosMap.h"
 #include "map/Geometry.h"
+#include "map/UsgsMap.h"
 #include "platform/Text.h"
 
 namespace halvern {
@@ -26,6 +28,8 @@ void DrawFirstMap(Halvern& halvern)
         return;
     }
     if (main.DosMapMenu.Checked()) ShowDosMap(halvern, DosMapTexts::FirstActivation);
+    if (main.UsgsMapMenu.Checked()) DrawUsgsMap(halvern);
+    if (main.BitMapMenu.Checked()) DrawBitmapMap(halvern);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/MapCommand.h"
 
+#include "config/MapKind.h"
 #include "map/Geometry.h"
 
 namespace halvern {
@@ -31,25 +32,38 @@ void ZoomUsa(Halvern& halvern)
     ShowView(halvern, UsaCenterLat, UsaCenterLon, UsaRange);
 }
 
-enum class Kind { Usgs, Dos, BitMap };
-
-/// Marks the chosen kind of map and shows the selectors that it needs. Nothing is drawn until the next view.
-void ChangeKind(Halvern& halvern, Kind kind)
+/// Marks a kind of map and shows the selectors that it needs.
+void ChangeKind(Halvern& halvern, MenuItem& kind)
 {
     auto& main = halvern.ConMdiFrm;
-    const std::pair<MenuItem*, Kind> items[] = {
-        {&main.UsgsMapMenu, Kind::Usgs}, {&main.DosMapMenu, Kind::Dos}, {&main.BitMapMenu, Kind::BitMap}};
-    for (const auto& [item, its] : items) {
-        item->SetChecked(its == kind);
-        item->SetEnabled(its != kind);
-    }
-    const bool lines = kind != Kind::BitMap;
-    for (auto* item : {&main.PanMapMenu, &main.ZoomLastMenu, &main.ZoomUSAmenu}) item->SetEnabled(lines);
-    for (int button = 1; button <= 3; ++button) main.Toolbar1Button(button).SetEnabled(lines);
-    main.dMapTxt.SetVisible(kind == Kind::Dos);
-    main.BitMapCombo.SetVisible(!lines);
-    main.ScaleCombo.SetVisible(lines);
-    main.ScaleTxt.SetVisible(!lines);
+    for (auto* item : {&main.UsgsMapMenu, &main.DosMapMenu, &main.BitMapMenu}) item->SetChecked(item == &kind);
+    ShowMapSelectors(halvern);
+}
+
+/// Goes to lines. Nothing is drawn: the map on the screen stays until the next change of the view.
+void ShowUsgs(Halvern& halvern)
+{
+    ChangeKind(halvern, halvern.ConMdiFrm.UsgsMapMenu);
+}
+
+void ShowDos(Halvern& halvern)
+{
+    ChangeKind(halvern, halvern.ConMdiFrm.DosMapMenu);
+}
+
+/// Goes to pictures, which have a view of their own, so that the zoom-and-pan mode ends. Draws the first one.
+void ShowBitMap(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    if (main.BitMapCombo.Count() == 0 && !ListBitmaps(halvern))
+        throw RuntimeFailure(failure::FileNotFound,
+                             "File not found: no picture in '" + halvern.ProgramFolder + "\\bitmap'");
+    ChangeKind(halvern, main.BitMapMenu);
+    main.PanMapMenu.SetChecked(false);
+    main.Toolbar1Button(1).SetChecked(false);
+    halvern.MapFrm.Map1.SetMousePointer(Pointer::Arrow);
+    main.BitMapCombo.Preselect(-1); // the first one is drawn also where it was the last one shown
+    main.BitMapCombo.Select(0);
 }
 
 struct Command {
@@ -58,11 +72,8 @@ struct Command {
 };
 
 constexpr Command Commands[] = {
-    {"PanMap", PanMap},
-    {"ZoomLast", ZoomLast},
-    {"ZoomUSA", ZoomUsa},
-    {"UsgsMap", [](Halvern& halvern) { ChangeKind(halvern, Kind::Usgs); }},
-    {"DosMap", [](Halvern& halvern) { ChangeKind(halvern, Kind::Dos); }},
+    {"PanMap", PanMap},    {"ZoomLast", ZoomLast}, {"ZoomUSA", ZoomUsa},
+    {"UsgsMap", ShowUsgs}, {"DosMap", ShowDos},    {"BitMap", ShowBitMap},
 };
 
 } // namespace

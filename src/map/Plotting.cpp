@@ -30,18 +30,6 @@ int LabelColour(const EngineState& engine, char dataType)
     }
 }
 
-/// Width and height of a picture file; a file is read once in a run.
-PixelSize SizeOfPicture(Halvern& halvern, const std::string& file)
-{
-    auto& sizes = halvern.Map.PictureSizes;
-    if (const auto known = sizes.find(file); known != sizes.end()) return known->second;
-    const auto bytes = halvern.Outside.files.Read(file);
-    if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + file + "'");
-    const auto size = PictureSize(*bytes);
-    if (!size) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture: '" + file + "'");
-    return sizes.emplace(file, *size).first->second;
-}
-
 void LoadPicture(Halvern& halvern, PictureSprite& picture, const std::string& file)
 {
     const auto size = SizeOfPicture(halvern, file);
@@ -88,6 +76,17 @@ StationPlotRecord& PlotRecord(Halvern& halvern, int index)
     if (index < 0 || index >= static_cast<int>(plot.size()))
         throw RuntimeFailure(failure::Subscript, "Subscript out of range");
     return plot[index];
+}
+
+PixelSize SizeOfPicture(Halvern& halvern, const std::string& file)
+{
+    auto& sizes = halvern.Map.PictureSizes;
+    if (const auto known = sizes.find(file); known != sizes.end()) return known->second;
+    const auto bytes = halvern.Outside.files.Read(file);
+    if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + file + "'");
+    const auto size = PictureSize(*bytes);
+    if (!size) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture: '" + file + "'");
+    return sizes.emplace(file, *size).first->second;
 }
 
 void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const std::string& symFile,
@@ -144,7 +143,5 @@ void FinishLineMap(Halvern& halvern)
     halvern.MapFrm.Map1.Keep(halvern.MapFrm.Pic1);
     if (std::exchange(halvern.Map.MapLinesDrawn, true)) ReplotStations(halvern);
 }
-
-void PlotPhg(Halvern&, int, int) {}
 
 } // namespace halvern

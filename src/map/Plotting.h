@@ -10,6 +10,10 @@ namespace halvern {
 /// The plot record of a station. @throws RuntimeFailure where there is none
 StationPlotRecord& PlotRecord(Halvern& halvern, int index);
 
+/// Width and height of a picture file in pixels; a file is read once in a run.
+/// @throws RuntimeFailure when it is missing or no picture
+PixelSize SizeOfPicture(Halvern& halvern, const std::string& file);
+
 /// Puts a new station's picture and label on the map.
 ///
 /// @param index      its row in `PosLst`
@@ -35,5 +39,7 @@ void FinishLineMap(Halvern& halvern);
 
 /// Range circles for the stations from row `start` on. @param mode  0 fixed, 1 mobile
 void PlotPhg(Halvern& halvern, int mode, int start);
+/// Switches the circles of a menu item on or off. Circles that stand stay until the next map is drawn.
+void TogglePhg(Halvern& halvern, MenuItem& item, int mode);
 
 } // namespace halvern

@@ -6,6 +6,7 @@
 #include "map/DosMap.h"
 #include "map/Geometry.h"
 #include "map/Plotting.h"
+#include "map/UsgsMap.h"
 
 namespace halvern {
 
@@ -24,6 +25,7 @@ void RangeSelected(Halvern& halvern)
     }
     if (main.DosMapMenu.Checked()) ShowDosMap(halvern, DosMapTexts::Redraw);
     if (halvern.Engine.Ended) return;
+    if (main.UsgsMapMenu.Checked()) DrawUsgsMap(halvern);
     if (main.PlotPhgFixedMenu.Checked()) PlotPhg(halvern, 0, 0);
     if (main.PlotPhgMobileMenu.Checked()) PlotPhg(halvern, 1, 0);
     view.ZoomDown = view.ZoomMoved = false;

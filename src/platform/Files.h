@@ -55,7 +55,7 @@ public:
     std::string Resolved(const std::string& path) const override;
 };
 
-/// Width and height in pixels of a GIF, PNG or BMP file from its first bytes, or nothing for another or a short file.
+/// Width and height in pixels of a GIF, PNG, BMP or JPEG file from its head, or nothing for another or a short file.
 struct PixelSize {
     int width = 0, height = 0;
 };

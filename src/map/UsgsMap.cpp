@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "map/UsgsMap.h"
+
+#include "map/Plotting.h"
+#include "map/UsgsMapFile.h"
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+/// Shows the hourglass for as long as it lives, and then what was there before: the cross-hair is the sign of the
+/// zoom-and-pan mode and must come back also where the drawing fails.
+class Waiting {
+public:
+    explicit Waiting(Surface& surface) : surface(surface), before(surface.MousePointer())
+    {
+        surface.SetMousePointer(Pointer::HourGlass);
+    }
+    ~Waiting() { surface.SetMousePointer(before); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+private:
+    Surface& surface;
+    const Pointer before;
+};
+
+} // namespace
+
+void DrawUsgsMap(Halvern& halvern)
+{
+    const Waiting waiting(halvern.MapFrm.Map1);
+    const auto& view = halvern.Map;
+    const auto regions = RegionsOf(view);
+    BothSurfaces surfaces(halvern.MapFrm);
+    for (int region = regions.first; region <= regions.last; ++region)
+        for (const auto layer : LayersOf(view.MapRange)) {
+            const auto file =
+                halvern.ProgramFolder + "\\Mapdata\\S" + ZeroFilled(region, 2) + "_" + std::string(layer) + ".GRF";
+            const auto bytes = halvern.Outside.files.Read(file);
+            if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + file + "'");
+            ReadTileLines(*bytes, view, surfaces);
+        }
+    FinishLineMap(halvern);
+}
+
+} // namespace halvern

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "map/UsgsMapFile.h"
+
+#include "map/MapStation.h"
+#include "map/UsgsMap.h"
+
+namespace halvern::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// A view with one corner in a region, both, or none.
+MapState View(double range, std::pair<float, float> topLeft, std::pair<float, float> bottomRight,
+              std::pair<float, float> centre = {0, 0})
+{
+    MapState view;
+    view.MapRange = range;
+    std::tie(view.MapTopLat, view.MapLeftLon) = topLeft;
+    std::tie(view.MapBottomLat, view.MapRightLon) = bottomRight;
+    std::tie(view.MapCenterLat, view.MapCenterLon) = centre;
+    return view;
+}
+
+TEST(UsgsRegions, HowMuchOfTheCountryAViewTakes)
+{
+    using Place = std::pair<float, float>;
+    const Place none{0, 0}, one{45, 70}, four{26, 81}, five{31, 92}, eight{27, 97}, twelve{34, 110}, fifteen{47, 120};
+    struct Case {
+        const char* what;
+        double range;
+        Place topLeft, bottomRight;
+        int first, last;
+    };
+    for (const auto& [what, range, topLeft, bottomRight, first, last] : std::initializer_list<Case>{
+             {"no corner", 64, none, none, 1, 15},
+             {"both corners", 64, fifteen, four, 4, 15},
+             {"both, the other way round", 64, one, eight, 1, 8},
+             {"bottom right, close", 8, none, one, 1, 0},
+             {"bottom right, 1 is not close", 1, none, one, 1, 15},
+             {"bottom right, medium", 32, none, four, 4, 7},
+             {"bottom right, wide", 256, none, four, 4, 11},
+             {"bottom right, very wide", 1024, none, four, 4, 15},
+             {"five, medium", 128, none, five, 5, 11},
+             {"five, wide", 512, none, five, 5, 15},
+             {"eight, close", 16, none, eight, 8, 0},
+             {"eight, medium", 64, none, eight, 8, 15},
+             {"twelve, close", 2, none, twelve, 12, 12},
+             {"twelve, medium", 32, none, twelve, 1, 15},
+             {"top left, close", 4, one, none, 1, 1},
+             {"top left, 32", 32, four, none, 4, 4},
+             {"top left, 64", 64, four, none, 4, 7},
+             {"top left, wide", 512, four, none, 4, 11},
+             {"top left, 1", 1, four, none, 4, 15},
+             {"top left in five, medium", 32, five, none, 1, 5},
+             {"top left in five, wide", 256, five, none, 1, 15},
+             {"top left in eight, close", 8, eight, none, 8, 8},
+             {"top left in eight, medium", 64, eight, none, 1, 15},
+             {"top left in fifteen, close", 16, fifteen, none, 15, 15},
+         }) {
+        const auto span = RegionsOf(View(range, topLeft, bottomRight));
+        EXPECT_EQ(span.first, first) << what;
+        EXPECT_EQ(span.last, last) << what;
+    }
+    EXPECT_EQ(RegionsOf(View(64, none, none, twelve)).first, 1); // the centre counts as the bottom right corner
+    EXPECT_EQ(RegionsOf(View(16, none, none, twelve)).first, 12);
+    EXPECT_EQ(RegionsOf(View(128, none, none, twelve)).last, 15);
+}
+
+class UsgsMap : public MapStation {
+protected:
+    UsgsMap()
+    {
+        ShowMap();
+        MapCommand(halvern(), "UsgsMap");
+        station.map.Take();
+    }
+    std::vector<std::string> Drawn()
+    {
+        std::vector<std::string> steps;
+        for (const auto& step : station.map.Take())
+            if (step.kind == NotedDrawing::Step::Point || step.kind == NotedDrawing::Step::Line)
+                steps.push_back(NotedDrawing::Text(step));
+        return steps;
+    }
+    void PutTile(const std::string& name, const std::string& bytes) { folder.Put("mapdata/" + name + ".GRF", bytes); }
+};
+
+TEST_F(UsgsMap, PointsOutsideAreLeftOutAndTheRestJoined)
+{
+    for (const char* layer : {"RDI", "RDL", "PB", "WB"}) PutTile(std::string("S12_") + layer, "");
+    PutTile("S12_RDI", "60731000W400500N0732500W400500N0990000W400500N0732500W400250N\r\n"
+                       "4\r\n"
+                       "40731000W400500\r\n"
+                       "x0731000W400500N\r\n"
+                       "50731000W40x500N0731000E400500N0731000W400250S");
+    PutTile("S12_WB", "10731000W400250N\n20735000W400500N\n");
+    GoToView(halvern(), 34, 110, 16); // the tiles of region 12, whose lines a test may put anywhere
+    EXPECT_THAT(Drawn(), ElementsAre());
+    auto& view = halvern().Map;
+    std::tie(view.MapTopLat, view.MapBottomLat, view.MapLeftLon, view.MapRightLon) =
+        std::tuple(40.1F, 40.F, 73.5F, 73.F);
+    BothSurfaces surfaces(halvern().MapFrm);
+    ReadTileLines(*station.files.Read(S() + "/mapdata/S12_RDI.GRF"), view, surfaces);
+    EXPECT_THAT(Drawn(),
+                ElementsAre("point 73.0999985,40.0499992 6", "line 73.25,40.0499992 6", "line 73.25,40.0250015 6"));
+    ReadTileLines(*station.files.Read(S() + "/mapdata/S12_WB.GRF"), view, surfaces);
+    EXPECT_THAT(Drawn(), ElementsAre("point 73.0999985,40.0250015 1")); // an edge is outside
+}
+
+TEST_F(UsgsMap, AMissingTileEndsTheDrawingAndTheHourglass)
+{
+    MapCommand(halvern(), "PanMap");
+    EXPECT_THROW(GoToView(halvern(), 34, 110, 16), RuntimeFailure);
+    EXPECT_TRUE(PanMode(halvern()));
+}
+
+TEST(UsgsLayers, GoByTheRange)
+{
+    EXPECT_EQ(LayersOf(16)[1], "RDL");
+    EXPECT_EQ(LayersOf(32)[0], "PB");
+    EXPECT_EQ(LayersOf(32)[1], "RDI");
+}
+
+} // namespace
+} // namespace halvern::test
