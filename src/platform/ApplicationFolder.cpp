@@ -26,10 +26,10 @@ void LinkInto(const fs::path& folder, const fs::path& source)
     fs::create_directories(folder, ignored);
     for (const auto& entry : fs::directory_iterator(source, ignored)) {
         const auto link = folder / entry.path().filename();
-        if (fs::exists(fs::symlink_status(link, ignored))) continue;
+        if (fs::is_symlink(link, ignored) && !fs::exists(link, ignored)) fs::remove(link, ignored); // the data moved
         if (std::ranges::count(Shared, link.filename().string()) != 0)
             LinkInto(link, entry);
-        else
+        else if (!fs::exists(link, ignored))
             fs::create_symlink(fs::absolute(entry.path()), link, ignored);
     }
 }
@@ -40,7 +40,6 @@ std::string ApplicationFolder(const fs::path& program, const fs::path& userData)
 {
     if (HoldsData(program)) return fs::absolute(program);
     const auto folder = fs::absolute(userData) / "halvern";
-    if (HoldsData(folder)) return folder;
     for (const char* place : {"../share/halvern", "../../data"}) {
         const auto source = (program / place).lexically_normal();
         if (!HoldsData(source)) continue;

@@ -9,8 +9,9 @@ namespace halvern {
 /// The folder with the station's settings, maps, symbols and logs, where the operator names none.
 ///
 /// The program's own folder when it holds the data, which makes a copy that can be carried about. Else the user's data
-/// folder, which is filled at the first start: what only the program brings is linked as a whole, and folders that
-/// operators add files to are made and get a link for each file.
+/// folder, which is filled at the start: what only the program brings is linked as a whole, and folders that
+/// operators add files to are made and get a link for each file. Later starts add what a new version brings, and renew
+/// links whose data have moved.
 ///
 /// @param program   the folder in which the program lies; its data are there, in ../share/halvern, or, in a build
 ///                  folder of the sources, in ../../data

@@ -18,7 +18,7 @@ TEST(ApplicationFolderTest, AProgramAmongItsDataStaysThere)
     EXPECT_FALSE(fs::exists(folder.Path() + "/user"));
 }
 
-TEST(ApplicationFolderTest, TheUsersFolderIsFilledOnceAndTakesFilesOfTheOperator)
+TEST(ApplicationFolderTest, TheUsersFolderIsFilledAndTakesFilesOfTheOperator)
 {
     const TemporaryFolder folder;
     folder.Put("share/halvern/dosmaps/usa.map", "map");
@@ -31,8 +31,25 @@ TEST(ApplicationFolderTest, TheUsersFolderIsFilledOnceAndTakesFilesOfTheOperator
     EXPECT_EQ(files.Read(get() + "/symbols/table1/045.gif"), "house");
     EXPECT_EQ(files.Write(get() + "/dosmaps/own.map", "own"), "");
     EXPECT_FALSE(fs::exists(folder.Path() + "/share/halvern/dosmaps/own.map"));
-    fs::remove(get() + "/dosmaps/usa.map");
-    EXPECT_FALSE(fs::exists(get() + "/dosmaps/usa.map")) << "what the operator took away stays away";
+    folder.Put("share/halvern/dosmaps/new.map", "new");
+    EXPECT_EQ(files.Read(get() + "/dosmaps/new.map"), "new") << "a new version brings more";
+    EXPECT_EQ(files.Read(get() + "/dosmaps/own.map"), "own");
+}
+
+TEST(ApplicationFolderTest, LinksFollowDataThatMoved)
+{
+    const TemporaryFolder folder;
+    folder.Put("here/data/dosmaps/usa.map", "map");
+    folder.Put("here/data/APRSDomain.INI", "servers");
+    const auto get = [&](const char* place) {
+        return ApplicationFolder(folder.Path() + place + "/build/release", folder.Path() + "/user");
+    };
+    get("/here");
+    fs::rename(folder.Path() + "/here", folder.Path() + "/there");
+    DiskFiles files;
+    EXPECT_FALSE(files.Exists(folder.Path() + "/user/halvern/dosmaps/usa.map"));
+    EXPECT_EQ(files.Read(get("/there") + "/dosmaps/usa.map"), "map");
+    EXPECT_EQ(files.Read(get("/there") + "/APRSDomain.INI"), "servers");
 }
 
 TEST(ApplicationFolderTest, WithoutAnyDataItIsStillTheUsersFolder)

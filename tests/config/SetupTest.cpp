@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include "config/PositionField.h"
+#include "config/StartUp.h"
+#include "platform/Text.h"
+#include "support/Station.h"
+
+namespace halvern::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// A station that is set up, with the setup form open.
+struct Setup : testing::Test {
+    TemporaryFolder folder;
+    Station station{(folder.Put("dosmaps/usa.map", ""), folder.Put("APRSDomain.INI", " \r\n \r\n \r\na\r\n"),
+                     folder.Put("WxHelp.txt", "help"), folder.Path())};
+    Halvern& halvern = station.halvern;
+    SetUpForm& setUp = halvern.SetUpfrm;
+
+    void SetUp() override
+    {
+        station.dialogs.RunModal = [this](Form&) {
+            station.SetUp();
+            setUp.TabOkCmd.Click();
+        };
+        StartProgram(halvern);
+        halvern.ConMdiFrm.SetupMenu.Click();
+        station.TakeSaid();
+    }
+    void Answer(std::initializer_list<const char*> texts)
+    {
+        for (const std::string text : texts)
+            station.dialogs.Answers.push_back({text, text == "yes" || text == "no" || text == "cancel"});
+    }
+    /// What the station says to a click, its quotes and titles left out.
+    std::vector<std::string> SaidAt(Button& button)
+    {
+        station.TakeSaid();
+        button.Click();
+        return station.TakeSaid();
+    }
+};
+
+TEST_F(Setup, CancelPutsTheValuesBackAndLeavesTheLists)
+{
+    setUp.CallSignTxt.SetText("Q9X");
+    setUp.SSIDLBL.SetNumber(7);
+    setUp.SymbolCombo.Preselect(3);
+    setUp.UnPath.Add("Q1DIG");
+    setUp.UnPath.Click(2);
+    setUp.GpsOpt.Select(0);
+    setUp.WxSourceOpt.Select(1);
+    setUp.AprsMode.Select(1);
+    setUp.IntDomainCombo.SetText("typed");
+    setUp.Dir1.SetPath("/");
+    setUp.TimeOpt.Select(9);
+    setUp.AltNetTxt.SetText("kept");
+    setUp.TabCancelCmd.Click();
+    EXPECT_FALSE(setUp.Visible());
+    EXPECT_EQ(setUp.CallSignTxt.Text() + setUp.SSIDLBL.Caption(), "Q0OWN0");
+    EXPECT_EQ(setUp.SymbolCombo.Text(), "House VHF /-");
+    EXPECT_EQ(setUp.UnPath.Text(), "NONE");
+    EXPECT_EQ(setUp.UnPath.Count(), 3) << "the new path stays in the list";
+    EXPECT_TRUE(setUp.GpsOpt.On(1) && setUp.PhgPowerLst.Enabled() && !setUp.GpsPortLst.Enabled());
+    EXPECT_TRUE(setUp.WxSourceOpt.On(0) && setUp.ComWxFrame.Enabled());
+    EXPECT_EQ(halvern.Engine.OwnDest, "APHV01");
+    EXPECT_EQ(setUp.IntDomainCombo.Text(), "");
+    EXPECT_EQ(setUp.Dir1.Path(), folder.Path());
+    EXPECT_EQ(setUp.File1.Text(), "APRSDomain.INI");
+    EXPECT_EQ(setUp.TimeOpt.Selected(), 4);
+    EXPECT_EQ(setUp.AltNetTxt.Text(), "kept");
+}
+
+TEST_F(Setup, PortsThatClashAreToldAndTheGpsGoesOff)
+{
+    struct Case {
+        int wxPort, tncPort, gpsPort;
+        const char* said;
+        bool open;
+    };
+    for (const auto& c : {Case{0, 0, 1, "Your Weather station com port and your TNC com port", true},
+                          {1, 0, 1, "Your Weather station com port and your GPS com port", false},
+                          {5, 1, 1, "GPS com port and your TNC com port", false},
+                          {5, 0, 1, "You have to open up at least one of the following ports first", false}}) {
+        setUp.WXPortCombo.Select(c.wxPort);
+        setUp.PortLst.Select(c.tncPort);
+        setUp.GpsPortLst.Select(c.gpsPort);
+        setUp.GpsOpt.Select(0);
+        EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr(c.said)));
+        EXPECT_TRUE(setUp.Visible());
+        EXPECT_EQ(setUp.GpsOpt.On(0), c.open) << c.said;
+        EXPECT_FALSE(halvern.ConMdiFrm.GpsMenu.Enabled());
+    }
+    halvern.ConMdiFrm.MSComm1.Open();
+    setUp.GpsOpt.Select(0);
+    setUp.TabOkCmd.Click();
+    EXPECT_TRUE(halvern.Engine.GpsPositionOn && halvern.ConMdiFrm.GpsMenu.Enabled() && !setUp.Visible());
+}
+
+TEST_F(Setup, SavingAsksTheSameAndSwitchesNothingOff)
+{
+    setUp.GpsOpt.Select(0);
+    setUp.WXPortCombo.Select(1);
+    EXPECT_THAT(SaidAt(setUp.TabSaveCmd), ElementsAre(HasSubstr("Weather station com port and your GPS com port")));
+    EXPECT_TRUE(setUp.GpsOpt.On(0) && setUp.Visible());
+    EXPECT_FALSE(halvern.Outside.files.Exists(folder.Path() + "/Halvern.INI"));
+}
+
+TEST_F(Setup, ChangedDataGoOutAtOnceWhereAPortIsOpen)
+{
+    auto& timer = halvern.ConMdiFrm.Timer2;
+    const auto accept = [&] {
+        timer.Stop();
+        setUp.TabOkCmd.Click();
+        halvern.ConMdiFrm.SetupMenu.Click();
+        return timer.Running();
+    };
+    setUp.StatusTXT.SetText("no port is open");
+    EXPECT_FALSE(accept());
+    halvern.ConMdiFrm.PortTnc.SetChecked(true);
+    EXPECT_FALSE(accept()) << "nothing has changed";
+    setUp.TncTypeCombo.Select(2);
+    EXPECT_FALSE(accept()) << "own packets don't show it";
+    setUp.StatusTXT.SetText("news");
+    EXPECT_TRUE(accept());
+    EXPECT_EQ(timer.Interval(), 1);
+    halvern.ConMdiFrm.WeatherMenu.SetChecked(true);
+    setUp.StatusTXT.SetText("the weather station sends");
+    EXPECT_FALSE(accept());
+}
+
+TEST_F(Setup, AnOverlaySymbolAsksUntilItHasACharacter)
+{
+    const int car = setUp.SymbolCombo.IndexOf("Car Overlay \\>");
+    Answer({"ab", "?", "", "yes", "q"});
+    setUp.SymbolCombo.Click(car);
+    const std::string input = "input \"Symbol Overlay Dialog\" \"Enter Alphanumeric Overlay Character\" \"\"";
+    EXPECT_THAT(station.TakeSaid(),
+                ElementsAre(input, HasSubstr("can not be more than one Character long"), input,
+                            HasSubstr("You can only use the letters A through Z"), input,
+                            StartsWith("question \"Halvern Symbol Question Dialog\" \"What would you like to do?"),
+                            input));
+    EXPECT_EQ(setUp.OverlayChar, "Q");
+    Answer({"cancel", "no"});
+    setUp.SymbolCombo.Click(setUp.SymbolCombo.IndexOf("Van Overlay \\v"));
+    EXPECT_EQ(setUp.SymbolCombo.Selected(), 0);
+    EXPECT_EQ(setUp.OverlayChar, "");
+    station.TakeSaid();
+    setUp.SymbolCombo.Click(setUp.SymbolCombo.IndexOf("Weather Station Home /_"));
+    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("You have selected a Weather Station Symbol.")));
+}
+
+TEST_F(Setup, PathsAreBuiltAndTakenAwayByButtons)
+{
+    setUp.UnPath.SetText("Q1DIG");
+    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("Please use Add button to Add a path.")));
+    EXPECT_EQ(setUp.UnPath.Text(), "NONE");
+    EXPECT_THAT(SaidAt(setUp.DeleteCom), ElementsAre(HasSubstr("You Cannot Delete this item.")));
+    station.dialogs.RunModal = [this](Form& form) {
+        EXPECT_EQ(form.Name(), "AddPathFrm");
+        halvern.AddPathFrm.PathLbl.SetCaption("Q1DIG");
+        form.Hide();
+    };
+    setUp.AddCom.Click();
+    setUp.UnPath.Click(2);
+    EXPECT_EQ(setUp.UnPath.Text(), "Q1DIG");
+    setUp.DeleteCom.Click();
+    EXPECT_EQ(setUp.UnPath.Count(), 2);
+    EXPECT_THAT(SaidAt(setUp.DeleteCom), ElementsAre(HasSubstr("You must click on an Unproto Path item")));
+    EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("You have to chose an Unproto path")));
+    while (setUp.UnPath.Count() < 20) setUp.UnPath.Add("Q1DIG");
+    EXPECT_THAT(SaidAt(setUp.AddCom), ElementsAre(HasSubstr("You may not have more than 20 paths total.")));
+}
+
+TEST_F(Setup, GroupsAndCallersAreKeptByTheirButtons)
+{
+    EXPECT_THAT(SaidAt(setUp.ChangeGrp), ElementsAre(HasSubstr("a Message Group item before clicking on the Change")));
+    Answer({"net", "", "skywarn"});
+    setUp.AddGrp.Click();
+    setUp.AddGrp.Click();
+    setUp.MsgGroupLst.Select(0);
+    setUp.ChangeGrp.Click();
+    EXPECT_THAT(Station::Rows(setUp.MsgGroupLst), ElementsAre("SKYWARN", "CQ", "QST", "NET"));
+    setUp.DeleteGrp.Click();
+    EXPECT_THAT(Station::Rows(setUp.MsgGroupLst), ElementsAre("CQ", "QST", "NET"));
+
+    setUp.BudsDelCmd.Click();
+    Answer({"Q1A", "q1a", "Q1A"});
+    setUp.BudsAddCmd.Click();
+    setUp.BudsAddCmd.Click();
+    EXPECT_EQ(setUp.IgateBudsCombo.Text(), "q1a");
+    EXPECT_THAT(SaidAt(setUp.BudsAddCmd),
+                ElementsAre(HasSubstr("ADD IGATE Buddies"), HasSubstr("Q1A Is already in your IGATE Buddies list.")));
+    setUp.BudsDelCmd.Click();
+    EXPECT_EQ(setUp.IgateBudsCombo.Text(), "Q1A");
+    Answer({"Q2WX", "Q2WX"});
+    setUp.WxAddCmd.Click();
+    EXPECT_THAT(SaidAt(setUp.WxAddCmd), ElementsAre(HasSubstr("Enter Wx Message Call Sign"),
+                                                    HasSubstr(" Is already in your Wx Message list.")));
+}
+
+TEST_F(Setup, SwitchesEnableWhatBelongsToThem)
+{
+    setUp.AprsMode.Select(2);
+    EXPECT_TRUE(setUp.AltNetTxt.Enabled());
+    EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("You have activated the Alternet text box")));
+    setUp.AltNetTxt.SetText("QNET");
+    setUp.TabOkCmd.Click();
+    EXPECT_EQ(halvern.Engine.OwnDest, "QNET");
+    setUp.AprsMode.Select(0);
+    EXPECT_TRUE(halvern.Engine.OwnDest == "APHV01" && !setUp.AltNetTxt.Enabled());
+
+    setUp.IgateOpt.Select(1);
+    setUp.IgateBIOpt.Select(1);
+    for (auto* control : setUp.GatingControls()) EXPECT_TRUE(control->Enabled()) << control->Name();
+    setUp.IgateOpt.Select(0);
+    EXPECT_TRUE(setUp.IgateBIOpt.On(0) && !setUp.IgateBIOpt.Enabled() && !setUp.WxDelCmd.Enabled());
+
+    station.TakeSaid();
+    setUp.MyAliasOpt.Select(1);
+    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("NOTE failure to follow the above recomendations")));
+    setUp.TabOkCmd.Click();
+    EXPECT_EQ(setUp.MyAlias, "WIDE1-1");
+}
+
+TEST_F(Setup, TheWeatherFileIsFoundByItsFolders)
+{
+    EXPECT_EQ(setUp.Drive1.Text(), "/");
+    EXPECT_THAT(Station::Rows(setUp.Dir1), ElementsAre("..", "dosmaps"));
+    setUp.Dir1.Click(1);
+    EXPECT_EQ(setUp.File1.Path(), folder.Path() + "/dosmaps");
+    EXPECT_THAT(Station::Rows(setUp.File1), ElementsAre("usa.map"));
+    setUp.WxSourceOpt.Select(1);
+    EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("No Third Party WX Software file is selected.")));
+    setUp.Dir1.Click(0);
+    EXPECT_EQ(setUp.Dir1.Path(), folder.Path());
+    setUp.Drive1.Add("/no such drive");
+    setUp.Drive1.Click(setUp.Drive1.Count() - 1);
+    EXPECT_THAT(station.TakeSaid(), testing::Contains(HasSubstr("No such file or directory")));
+    EXPECT_EQ(setUp.Drive1.Text(), "/");
+}
+
+TEST_F(Setup, HelpAndTheTimeAreShown)
+{
+    station.time.SetUtc({2025, 3, 9, 4, 5, 6});
+    halvern.ConMdiFrm.SetupMenu.Click();
+    EXPECT_EQ(setUp.UtcTimeLbl.Caption(), "03/09/2025 04:05:06");
+    EXPECT_THAT(SaidAt(setUp.WxHelpCmd), ElementsAre(HasSubstr("WxHelp.txt")));
+    EXPECT_THAT(SaidAt(setUp.IgateHelpCmd), ElementsAre(HasSubstr("No such file or directory")));
+    EXPECT_THAT(SaidAt(setUp.HelpCmd), ElementsAre(HasSubstr("halvern.chm")));
+}
+
+TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
+{
+    halvern.ConMdiFrm.FontMenu.Click();
+    halvern.FontFrm.FormOpt.Select(9);
+    Answer({"Sans,8.25"});
+    EXPECT_THAT(SaidAt(halvern.FontFrm.FontOkCmd), ElementsAre("input \"Pick Your Font\" \"Font\" \"Monospace,9\""));
+    EXPECT_EQ(halvern.FindFrm.FindDigiTxt.Font(), (Font{"Sans", 8.25}));
+    EXPECT_EQ(halvern.PositionFrm.ShPosLst.Font(), (Font{"Monospace", 9}));
+}
+
+TEST_F(Setup, AChildWindowIsHiddenByItsCloseBoxAndKeepsItsRows)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.FrmMenu(5).OnClick();
+    EXPECT_TRUE(halvern.MessageFrm.Visible() && main.MailMenu.Visible());
+    halvern.MessageFrm.TrafficLst.Add("a row");
+    halvern.MessageFrm.PressCloseBox();
+    EXPECT_TRUE(!halvern.MessageFrm.Visible() && !main.MailMenu.Visible() && main.FrmState[5] == "False");
+    main.FrmMenu(1).OnClick();
+    EXPECT_TRUE(!main.WindowMenu.Visible() && !main.RefreshMnu.Visible() && !main.Toolbar1.Visible());
+    main.FrmMenu(5).OnClick();
+    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 1);
+    EXPECT_TRUE(main.WindowMenu.Visible());
+}
+
+TEST_F(Setup, TheEndClosesPortsAndLeavesNoSnapshot)
+{
+    folder.Put("Pos.txt", "rows");
+    folder.Put("Status.txt", "rows");
+    auto& main = halvern.ConMdiFrm;
+    main.MSComm1.Open();
+    main.SoundSoc.Connect();
+    main.PressCloseBox();
+    EXPECT_TRUE(halvern.Engine.Ended && !main.MSComm1.IsOpen() && !main.SoundSoc.Connected() && !main.Visible());
+    EXPECT_FALSE(halvern.Outside.files.Exists(folder.Path() + "/Pos.txt"));
+    EXPECT_TRUE(halvern.Outside.files.Exists(folder.Path() + "/Status.txt"));
+    EXPECT_THAT(station.TakeSaid(), IsEmpty());
+}
+
+} // namespace
+} // namespace halvern::test
