@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QProcess>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -11,6 +12,7 @@
 namespace halvern::test {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -53,6 +55,60 @@ TEST_F(ConsoleProgram, ALiveStationLivesInRealTimeAndHasNothingSimulated)
                             "closed SetUpfrm"));
     EXPECT_EQ(status, 1);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
+}
+
+/// A packet server of this machine, on a port of its own choice, until the end of the test.
+class Feed {
+public:
+    explicit Feed(const std::string& file)
+    {
+        process.start(HALVERN_BUILD "/halvern-feed", {"--port", "0", "--rate", "0", QString::fromStdString(file)});
+        while (port.empty() && (process.canReadLine() || process.waitForReadyRead())) {
+            const auto said = process.readLine().trimmed();
+            if (said.startsWith("listening")) port = said.mid(said.lastIndexOf(':') + 1).toStdString();
+        }
+    }
+    ~Feed()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+    std::string port;
+
+private:
+    QProcess process;
+};
+
+TEST_F(ConsoleProgram, ALiveStationHearsARealServer)
+{
+    std::string packets;
+    for (int i = 10; i < 60; ++i) packets += "Q" + std::to_string(i) + "AA>APRS,TCPIP*:>status \xE9\n";
+    work.Put("packets.tnc2", packets);
+    const Feed feed(work.Path() + "/packets.tnc2");
+    ASSERT_NE(feed.port, "");
+    std::string input;
+    for (const auto& [name, text] : {std::pair<std::string, std::string>{"CallSignTxt", "Q0OWN"},
+                                     {"LatDegtxt", "40"},
+                                     {"LatMintxt", "49"},
+                                     {"LatDectxt", "14"},
+                                     {"LatSigntxt", "N"},
+                                     {"LonDegtxt", "073"},
+                                     {"LonMintxt", "08"},
+                                     {"LonDectxt", "41"},
+                                     {"LonSigntxt", "W"},
+                                     {"CommentTXT", "own"},
+                                     {"StatusTXT", "here"},
+                                     {"IntDomainCombo", "127.0.0.1"},
+                                     {"APRServePortTxt", feed.port}})
+        input += "set SetUpfrm." + name + " \"" + text + "\"\n";
+    input += "click SetUpfrm.TabOkCmd\nclick ConMdiFrm.PortIp\nget InternetSoc\nwait 3000\nrows StatusLst\n"
+             "click ConMdiFrm.PortIp\nget InternetSoc\n";
+    const auto lines = Run("", input);
+    EXPECT_THAT(lines, Contains("InternetSoc open=yes"));
+    EXPECT_THAT(lines, Contains(HasSubstr("StatusLst[50] \"Q59AA     >")));
+    EXPECT_THAT(lines, Contains(HasSubstr("status \\xE9\"")));
+    EXPECT_EQ(lines.back(), "InternetSoc open=no");
+    EXPECT_EQ(status, 0);
 }
 
 } // namespace
