@@ -242,11 +242,13 @@ QSlider* BindGauge(Gauge& gauge, int least, int most, QWidget* parent)
     return slider;
 }
 
-QGroupBox* BindChoice(Choice& choice, int columns, QWidget* parent)
+QWidget* BindChoice(Choice& choice, int columns, QWidget* parent)
 {
     const auto words = WordsOf(choice.Name());
-    auto* box = new QGroupBox(words.label, parent);
+    auto* box = words.label.isEmpty() ? new QWidget(parent) : new QGroupBox(words.label, parent);
     auto* grid = new QGridLayout(box);
+    if (words.label.isEmpty()) grid->setContentsMargins({});
+    grid->setColumnStretch(columns, 1);
     auto* group = new QButtonGroup(box);
     for (int i = 0; i < choice.Count(); ++i) {
         auto* radio = new QRadioButton(Shown(choice.Entry(i)), box);

@@ -23,8 +23,8 @@ QPlainTextEdit* BindText(TextField& field, QWidget* parent);
 QComboBox* BindCombo(List& list, QWidget* parent);
 QSpinBox* BindNumber(NumberLabel& number, QWidget* parent);
 QSlider* BindGauge(Gauge& gauge, int least, int most, QWidget* parent);
-/// A frame with a button an entry, `columns` beside each other.
-QGroupBox* BindChoice(Choice& choice, int columns, QWidget* parent);
+/// A button an entry, `columns` beside each other, in a frame if there are words for it.
+QWidget* BindChoice(Choice& choice, int columns, QWidget* parent);
 /// The tabs are there already, one an entry.
 void BindTabs(QTabWidget* tabs, Choice& choice);
 /// For a menu that opens, `action` is its own.

@@ -147,13 +147,14 @@ void ChildWindow::changeEvent(QEvent* event)
 DialogWindow::DialogWindow(Form& form, QWidget* parent) : QDialog(parent), form(form)
 {
     setObjectName(Shown(form.Name()));
-    setWindowTitle(Shown(form.Caption()));
+    Follow();
     WatchFor(this, form, [this](const Change&) { Follow(); });
 }
 
 void DialogWindow::Follow()
 {
     setWindowTitle(Shown(form.Caption()));
+    setAccessibleName(windowTitle());
     if (form.Visible() == isVisible()) return;
     if (!form.Visible()) return hide();
     adjustSize();

@@ -59,14 +59,14 @@ void PlainTable::Fit()
 
 RowsView::RowsView(List& list, const RowsLook& look, QWidget* parent)
     : PlainTable(parent), list(list),
-      model(new StoreModel(list, look.columns, StoreModel::Pace::Collected, look.markNews, this)),
-      followEnd(look.followEnd)
+      storeModel(new StoreModel(list, look.columns, StoreModel::Pace::Collected, look.markNews, this)),
+      followEnd(look.followEnd), clickByEnter(look.clickByEnter)
 {
-    setModel(model);
+    setModel(storeModel);
     setSelectionMode(list.style == ListStyle::MultiRows ? MultiSelection : SingleSelection);
     if (look.columns.empty()) horizontalHeader()->hide();
-    connect(model, &StoreModel::AboutToApply, this, &RowsView::KeepPlace);
-    connect(model, &StoreModel::Applied, this, &RowsView::RestorePlace);
+    connect(storeModel, &StoreModel::AboutToApply, this, &RowsView::KeepPlace);
+    connect(storeModel, &StoreModel::Applied, this, &RowsView::RestorePlace);
     connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
         if (this->list.style != ListStyle::MultiRows) ClickRow(index.row());
     });
@@ -82,7 +82,7 @@ void RowsView::Fit()
     PlainTable::Fit();
     const int character = fontMetrics().horizontalAdvance('0');
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
-    const auto& columns = model->RowColumns();
+    const auto& columns = storeModel->RowColumns();
     for (std::size_t i = 0; i + 1 < columns.size(); ++i) {
         const int name = fontMetrics().horizontalAdvance(QString::fromUtf8(columns[i].name)) + 2 * margin;
         setColumnWidth(static_cast<int>(i), std::max(columns[i].width * character + margin, name));
@@ -92,10 +92,10 @@ void RowsView::Fit()
 
 void RowsView::FitTail()
 {
-    const int last = model->columnCount() - 1;
+    const int last = storeModel->columnCount() - 1;
     int before = 0;
     for (int i = 0; i < last; ++i) before += columnWidth(i);
-    const int text = (model->LongestTail() + 1) * fontMetrics().horizontalAdvance('0');
+    const int text = (storeModel->LongestTail() + 1) * fontMetrics().horizontalAdvance('0');
     const int width = std::max(viewport()->width() - before, text);
     if (columnWidth(last) != width) setColumnWidth(last, width);
 }
@@ -112,7 +112,7 @@ void RowsView::KeepPlace()
     const auto* bar = verticalScrollBar();
     topValue = bar->value();
     atEnd = followEnd && topValue == bar->maximum();
-    topRow = model->index(topValue, 0);
+    topRow = storeModel->index(topValue, 0);
 }
 
 void RowsView::RestorePlace()
@@ -130,11 +130,11 @@ void RowsView::ShowSelection()
     const bool outer = std::exchange(writing, true);
     auto* selection = selectionModel();
     if (list.style == ListStyle::MultiRows) {
-        for (int row = 0; row < model->rowCount() && row < list.Count(); ++row)
+        for (int row = 0; row < storeModel->rowCount() && row < list.Count(); ++row)
             if (list.Marked(row) != selection->isRowSelected(row))
-                selection->select(model->index(row, 0), QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+                selection->select(storeModel->index(row, 0), QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
     } else if (list.Selected() != currentIndex().row() || !selection->hasSelection()) {
-        const auto index = model->index(list.Selected(), 0);
+        const auto index = storeModel->index(list.Selected(), 0);
         const auto flags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
         selection->setCurrentIndex(index, index.isValid() ? flags : QItemSelectionModel::Clear);
     }
@@ -153,7 +153,7 @@ void RowsView::PassMarksOn()
     FromScreen(
         list, writing,
         [this] {
-            for (int row = 0; row < std::min(model->rowCount(), list.Count()); ++row) {
+            for (int row = 0; row < std::min(storeModel->rowCount(), list.Count()); ++row) {
                 const bool marked = selectionModel()->isRowSelected(row);
                 if (list.Marked(row) != marked) list.Mark(row, marked);
             }
@@ -163,14 +163,16 @@ void RowsView::PassMarksOn()
 
 void RowsView::mousePressEvent(QMouseEvent* event)
 {
-    model->Apply();
+    storeModel->Apply();
     PlainTable::mousePressEvent(event);
 }
 
 void RowsView::keyPressEvent(QKeyEvent* event)
 {
-    model->Apply();
+    storeModel->Apply();
     if (event->matches(QKeySequence::Copy)) return Copy(false);
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (clickByEnter && enter && currentIndex().isValid()) return ClickRow(currentIndex().row());
     PlainTable::keyPressEvent(event);
 }
 
@@ -183,13 +185,13 @@ void RowsView::selectionChanged(const QItemSelection& now, const QItemSelection&
 void RowsView::currentChanged(const QModelIndex& now, const QModelIndex& before)
 {
     PlainTable::currentChanged(now, before);
-    const bool byKey = !writing && QGuiApplication::mouseButtons() == Qt::NoButton;
+    const bool byKey = !writing && !clickByEnter && QGuiApplication::mouseButtons() == Qt::NoButton;
     if (byKey && now.isValid() && list.style != ListStyle::MultiRows) ClickRow(now.row());
 }
 
 void RowsView::contextMenuEvent(QContextMenuEvent* event)
 {
-    model->Apply();
+    storeModel->Apply();
     const int row = rowAt(event->pos().y());
     const auto text = row >= 0 && row < list.Count() ? Shown(list.Row(row)) : QString();
     QMenu menu(this);
@@ -203,7 +205,7 @@ void RowsView::contextMenuEvent(QContextMenuEvent* event)
 void RowsView::Copy(bool all)
 {
     QStringList rows;
-    for (int row = 0; row < std::min(model->rowCount(), list.Count()); ++row)
+    for (int row = 0; row < std::min(storeModel->rowCount(), list.Count()); ++row)
         if (all || selectionModel()->isRowSelected(row)) rows += Shown(list.Row(row));
     if (!rows.isEmpty()) QGuiApplication::clipboard()->setText(rows.join('\n'));
 }

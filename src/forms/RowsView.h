@@ -31,7 +31,8 @@ private:
 struct RowsLook {
     std::vector<RowColumn> columns; ///< none: the rows as they are, without a header
     bool markNews = false;
-    bool followEnd = false; ///< a reader who stands at the end stays at the end
+    bool followEnd = false;    ///< a reader who stands at the end stays at the end
+    bool clickByEnter = false; ///< going along by keys selects nothing: a click does too much for that
 };
 
 /// A list on the screen. The reader's place and the selected row stay where they are, whatever comes in.
@@ -39,7 +40,7 @@ class RowsView final : public PlainTable {
     Q_OBJECT
 public:
     RowsView(List& list, const RowsLook& look, QWidget* parent);
-    StoreModel& Rows() const { return *model; }
+    StoreModel& Rows() const { return *storeModel; }
     /// Puts rows on the clipboard: the selected ones, or all.
     void Copy(bool all);
 
@@ -61,8 +62,8 @@ private:
     void PassMarksOn();
 
     List& list;
-    StoreModel* model;
-    const bool followEnd;
+    StoreModel* storeModel;
+    const bool followEnd, clickByEnter;
     bool writing = false; ///< what happens to the selection is not the operator's doing
     QPersistentModelIndex topRow;
     int topValue = 0;

@@ -170,12 +170,24 @@ QVariant StoreModel::data(const QModelIndex& index, int role) const
         const auto width = column.width == 0 ? std::string_view::npos : static_cast<std::size_t>(column.width);
         return Shown(Columns(row, static_cast<std::size_t>(column.first), width));
     }
+    if (role == Qt::DecorationRole && index.column() == 0 && pictureOf && index.row() < list.Count())
+        return PictureOf(list.Row(index.row()));
     if (role == Qt::BackgroundRole && IsNews(index.row())) {
         auto tint = QApplication::palette().color(QPalette::Highlight);
         tint.setAlphaF(0.18F);
         return QBrush(tint);
     }
     return {};
+}
+
+QIcon StoreModel::PictureOf(const std::string& row) const
+{
+    constexpr int mostPictures = 1000;
+    const QByteArray key(row.data(), static_cast<qsizetype>(row.size()));
+    const auto known = pictures.constFind(key);
+    if (known != pictures.constEnd()) return *known;
+    if (pictures.size() >= mostPictures) pictures.clear();
+    return *pictures.insert(key, pictureOf(row));
 }
 
 QVariant StoreModel::headerData(int section, Qt::Orientation orientation, int role) const

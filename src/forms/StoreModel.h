@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
+#include <QIcon>
 #include <QTimer>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +35,9 @@ public:
 
     /// Announces what has been collected.
     void Apply();
+    /// What stands before a row. It must depend on the row's text alone: each text is asked for once.
+    using Picture = std::function<QIcon(std::string_view row)>;
+    void ShowPictures(Picture picture) { pictureOf = std::move(picture); }
     /// Characters of the longest part behind the last column's first character, as far as the store has been seen.
     int LongestTail() const { return longestTail; }
     const std::vector<RowColumn>& RowColumns() const { return columns; }
@@ -65,6 +71,7 @@ private:
     void AddNews(int row);
     void DropOldNews();
     bool IsNews(int row) const;
+    QIcon PictureOf(const std::string& row) const;
     void Measure(int row);
 
     List& list;
@@ -77,6 +84,8 @@ private:
     bool allChanged = false, pending = false;
     int longestTail = 0;
     std::vector<News> news;
+    Picture pictureOf;
+    mutable QHash<QByteArray, QIcon> pictures;
     QTimer applyTimer, newsTimer;
 };
 

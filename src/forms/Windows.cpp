@@ -3,6 +3,7 @@
 
 #include <QtWidgets>
 
+#include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/StoreWindows.h"
@@ -34,6 +35,7 @@ Windows::Windows(Halvern& halvern) : halvern(halvern), main(std::make_unique<Mai
     windows.emplace(&halvern.ConMdiFrm, main.get());
     help = new HelpWindow(main.get());
     AddChildren();
+    AddDialogs();
 }
 
 Windows::~Windows() = default;
@@ -45,9 +47,11 @@ void Windows::AddChildren()
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), BesideMap(0, 3, 0));
     AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), BesideMap(1, 3, 1));
     AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), BesideMap(1, 3, 2));
+    AddChild(halvern.MessageFrm, MakeMessageWindow(halvern), BesideMap(1, 3, 0));
     AddChild(halvern.HeardFrm, MakeHeardWindow(halvern), BesideMap(0, 3, 1));
     AddChild(halvern.TerminalFrm, MakeTerminalWindow(halvern), BesideMap(2, 3, 0));
     AddChild(halvern.DxFrm, MakeDxWindow(halvern), BesideMap(2, 3, 1));
+    AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), BesideMap(0, 3, 2));
     AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), BesideMap(2, 3, 2));
 }
 
@@ -58,6 +62,22 @@ void Windows::AddChild(Form& form, QWidget* content, const FirstPlace& place)
     main->Area().viewport()->installEventFilter(window);
     window->hide();
     windows.emplace(&form, window);
+}
+
+void Windows::AddDialogs()
+{
+    auto& h = halvern;
+    windows.emplace(&h.SetUpfrm, MakeSetUpWindow(h, main.get()));
+    windows.emplace(&h.AddPathFrm, MakeAddPathWindow(h, main.get()));
+    windows.emplace(&h.FontFrm, MakeFontWindow(h, main.get()));
+    windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
+    for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
+        windows.emplace(form, MakeObjectWindow(h, *form, main.get()));
+    for (Form* form : std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm,
+                                                   &h.TakeTransObjFrm, &h.FindFrm, &h.FindFoundFrm, &h.InformationFrm,
+                                                   &h.browfrm, &h.GraphFrm, &h.CompassFrm, &h.ChosePrinter,
+                                                   &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
+        windows.emplace(form, MakePlainWindow(h, *form, main.get()));
 }
 
 QWidget* Windows::WindowOf(const Form& form) const

@@ -28,6 +28,7 @@ public:
 
 private:
     void AddChildren();
+    void AddDialogs();
     void AddChild(Form& form, QWidget* content, const FirstPlace& place);
 
     Halvern& halvern;

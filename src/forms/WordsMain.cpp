@@ -89,7 +89,7 @@ std::span<const WordEntry> MainWords()
         {"MessageFrm.BullLst", "Bulletins", ""},
         {"MessageFrm.Label1", "", "The station that is to get the message"},
         {"MessageFrm.SendCallTxt", "To Callsign", "The station, group or bulletin (BLN...) that the message goes to"},
-        {"MessageFrm.MailUnPath", "Pat&h", "The path by which it goes out on radio"},
+        {"MessageFrm.MailUnPath", "P&ath", "The path by which it goes out on radio"},
         {"MessageFrm.MsgTxt", "Te&xt", "The message; Enter sends it"},
         {"MessageFrm.QueryCmd", "", "Ask stations for position, status or what they heard"},
         {"MessageFrm.PSk63HelpCmd", "", "How messages go by PSK63"},

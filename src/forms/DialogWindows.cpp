@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/DialogWindows.h"
+
+#include "forms/Glyphs.h"
+#include "forms/Words.h"
+
+namespace halvern {
+namespace {
+
+/// Characters that a list or a long field of a dialog shows at least.
+constexpr int DialogColumns = 56;
+
+/// The controls of a form in the order in which it declares them.
+QList<Control*> ControlsOf(const Form& form)
+{
+    QList<Control*> controls;
+    const auto prefix = form.Name() + ".";
+    for (auto* control : form.Directory().All())
+        if (control->Name().starts_with(prefix)) controls += control;
+    return controls;
+}
+
+RowsView* DialogRows(List& list, QWidget* parent)
+{
+    auto* view = new RowsView(list, {}, parent);
+    BindCommon(view, list);
+    view->WantRows(12);
+    return WideFor(DialogColumns, view);
+}
+
+/// A list with its label above it.
+void AddList(QVBoxLayout* layout, List& list, RowsView* view)
+{
+    layout->addWidget(LabelFor(view, list));
+    layout->addWidget(view, 1);
+}
+
+bool IsRows(const List& list)
+{
+    return list.style == ListStyle::Rows || list.style == ListStyle::MultiRows;
+}
+
+/// The controls of a form below each other in a layout. @return its buttons, which go to the foot
+QList<Button*> AddControls(QVBoxLayout* layout, Form& form, QWidget* parent)
+{
+    QList<Button*> buttons;
+    QFormLayout* lines = nullptr;
+    for (auto* control : ControlsOf(form)) {
+        if (auto* button = dynamic_cast<Button*>(control)) {
+            buttons += button;
+        } else if (auto* list = dynamic_cast<List*>(control); list != nullptr && IsRows(*list)) {
+            lines = nullptr;
+            AddList(layout, *list, DialogRows(*list, parent));
+        } else if (auto* choice = dynamic_cast<Choice*>(control)) {
+            lines = nullptr;
+            layout->addWidget(BindChoice(*choice, choice->Count() > 4 ? 2 : choice->Count(), parent));
+        } else if (auto* widget = BindAny(*control, parent)) {
+            if (lines == nullptr) layout->addLayout(lines = new QFormLayout);
+            if (auto* field = qobject_cast<QLineEdit*>(widget)) WideFor(DialogColumns, field);
+            AddRow(lines, *control, widget, {});
+        }
+    }
+    return buttons;
+}
+
+/// The one that acts is what Enter presses, so it comes first.
+QList<Button*> InOrder(QList<Button*> buttons)
+{
+    std::ranges::stable_partition(buttons, [](const Button* button) { return button->Name().ends_with(".OkCmd"); });
+    return buttons;
+}
+
+} // namespace
+
+DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
+{
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, form, window))));
+    if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
+    return window;
+}
+
+DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent)
+{
+    auto& form = halvern.AddPathFrm;
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    auto* built = new QGroupBox(WordsOf(form.PathLbl.Name()).label, window);
+    auto* path = BindLabel(form.PathLbl, built);
+    path->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    path->setMinimumHeight(path->fontMetrics().height() * 2);
+    path->setWordWrap(true);
+    WideFor(44, path);
+    (new QVBoxLayout(built))->addWidget(path);
+    layout->addWidget(built);
+    auto* entry = BindChoice(form.PathOpt, 1, window);
+    auto* grid = static_cast<QGridLayout*>(entry->layout());
+    auto* call = FixedFor(10, BindField(form.PathCallTxt, entry));
+    grid->addWidget(call, form.PathOpt.Count() - 1, 1);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(BindButton(form.PathUpDateCmd, entry), form.PathOpt.Count() - 1, 3);
+    layout->addWidget(entry);
+    layout->addWidget(ButtonRow(window, {&form.OkCmd, &form.CancelCmd, &form.ClearCmd}));
+    return window;
+}
+
+DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent)
+{
+    auto& form = halvern.FontFrm;
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    layout->addWidget(BindChoice(form.FormOpt, 2, window));
+    layout->addWidget(ButtonRow(window, {&form.FontOkCmd, &form.CancelCmd}));
+    return window;
+}
+
+DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent)
+{
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    auto* lines = new QFormLayout;
+    if (&form == &halvern.CreateObjectsFrm) {
+        auto& create = halvern.CreateObjectsFrm;
+        AddRow(lines, create.ObjectNameTxt, FixedFor(12, BindField(create.ObjectNameTxt, window)), {});
+        auto* symbol = BindCombo(create.SymbolCombo, window);
+        ShowSymbols(symbol, halvern.ProgramFolder);
+        AddRow(lines, create.SymbolCombo, symbol, {});
+    } else {
+        auto* view = DialogRows(halvern.MoveMyObjectFrm.ObjectLst, window);
+        view->WantRows(6);
+        AddList(layout, halvern.MoveMyObjectFrm.ObjectLst, view);
+    }
+    layout->addLayout(lines);
+    AddAngle(lines, {form.LatDegtxt, form.LatMintxt, form.LatDectxt, form.LatSigntxt}, nullptr, window);
+    AddAngle(lines, {form.LonDegtxt, form.LonMintxt, form.LonDectxt, form.LonSigntxt}, nullptr, window);
+    auto* course = BindNumber(form.ObjectCourselbl, window);
+    auto* speed = BindNumber(form.ObjectSpeedlbl, window);
+    AddRow(lines, form.ObjectCourselbl, course, {LabelFor(speed, form.ObjectSpeedlbl), speed});
+    AddRow(lines, form.CommentTXT, WideFor(43, BindField(form.CommentTXT, window)), {});
+    layout->addWidget(ButtonRow(window, {&form.OkCmd, &form.CancelCmd}));
+    return window;
+}
+
+DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent)
+{
+    auto& form = halvern.Hist;
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    auto* box = new QGroupBox(QObject::tr("Call signs"), window);
+    auto* grid = new QGridLayout(box);
+    constexpr int columns = 4;
+    for (int i = form.Callsign.First(); i <= form.Callsign.Last(); ++i) {
+        auto* field = WideFor(10, BindField(form.Callsign(i), box));
+        field->setAccessibleName(QObject::tr("Call sign %1").arg(i));
+        grid->addWidget(field, (i - 1) / columns, (i - 1) % columns);
+    }
+    layout->addWidget(box);
+    layout->addWidget(ButtonRow(window, {&form.Search1, &form.CancelCmd}));
+    return window;
+}
+
+QWidget* MakeWeatherWindow(Halvern& halvern)
+{
+    auto& form = halvern.WeatherFrm;
+    auto* window = new QWidget;
+    auto* layout = new QVBoxLayout(window);
+    auto* call = FixedFor(12, BindField(form.CallSignTxt, window));
+    auto* compute = BindButton(form.ComputeCmd, window);
+    layout->addWidget(Beside({LabelFor(call, form.CallSignTxt), call, compute}, window));
+    layout->addWidget(BindChoice(form.GraphOpt, 3, window));
+    AddList(layout, form.PacketLst, DialogRows(form.PacketLst, window));
+    return window;
+}
+
+} // namespace halvern

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "forms/Layouts.h"
+#include "state/Halvern.h"
+
+/// The dialogs, one function each; and the windows inside the main window that have more than a list.
+namespace halvern {
+
+DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent);
+DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);
+/// For every form that has no layout of its own: its controls below each other, its buttons at the foot.
+DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent);
+
+QWidget* MakeMessageWindow(Halvern& halvern);
+QWidget* MakeWeatherWindow(Halvern& halvern);
+
+} // namespace halvern

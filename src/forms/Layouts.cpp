@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/Layouts.h"
+
+#include "forms/Glyphs.h"
+#include "map/SymbolFile.h"
+#include "platform/Files.h"
+
+namespace halvern {
+namespace {
+
+/// The picture of a symbol list's row, whose last two characters are table and code.
+QIcon SymbolIcon(const std::string& programFolder, std::string_view row)
+{
+    if (row.size() < 2) return {};
+    const auto table = static_cast<unsigned char>(row[row.size() - 2]);
+    const auto code = static_cast<unsigned char>(row.back());
+    auto file = SymbolFileName(programFolder, table, code);
+    if (file == "NG") file = SymbolFileName(programFolder, 'A', code); // a symbol that always bears an overlay
+    if (file.empty() || file == "NG") return {};
+    const DiskFiles files;
+    const QFileInfo info(Shown(files.Resolved(file)));
+    QIcon icon(info.filePath());
+    QPixmap twice(Shown(files.Resolved(Typed(info.path() + "@2x/" + info.completeBaseName() + ".PNG"))));
+    twice.setDevicePixelRatio(2);
+    if (!twice.isNull()) icon.addPixmap(twice);
+    return icon;
+}
+
+StoreModel::Picture SymbolPicture(const std::string& programFolder)
+{
+    return [programFolder](std::string_view row) { return SymbolIcon(programFolder, row); };
+}
+
+/// Buttons that leave everything as it is.
+bool OnlyCloses(const Button& button)
+{
+    const auto& name = button.Name();
+    return name.find("Cancel") != std::string::npos || name.find("Clos") != std::string::npos;
+}
+
+} // namespace
+
+QWidget* AddRow(QFormLayout* form, Control& control)
+{
+    auto* widget = BindAny(control, form->parentWidget());
+    AddRow(form, control, widget, {});
+    return widget;
+}
+
+void AddRow(QFormLayout* form, Control& control, QWidget* widget, const QList<QWidget*>& behind)
+{
+    auto* line = behind.isEmpty() ? widget : Beside(QList<QWidget*>{widget} + behind, form->parentWidget());
+    auto* label = LabelFor(widget, control);
+    if (label->text().isEmpty()) {
+        delete label;
+        form->addRow(line);
+    } else {
+        form->addRow(label, line);
+    }
+}
+
+QWidget* Beside(const QList<QWidget*>& widgets, QWidget* parent)
+{
+    auto* line = new QWidget(parent);
+    auto* row = new QHBoxLayout(line);
+    row->setContentsMargins({});
+    for (auto* widget : widgets) row->addWidget(widget);
+    row->addStretch();
+    return line;
+}
+
+QWidget* FixedFor(int characters, QWidget* widget)
+{
+    widget->setFixedWidth(WideFor(characters, widget)->minimumWidth());
+    return widget;
+}
+
+void AddAngle(QFormLayout* form, const AngleFields& fields, QWidget* behind, QWidget* parent)
+{
+    const auto field = [parent](TextField& control, int characters) {
+        return FixedFor(characters, BindField(control, parent));
+    };
+    auto* degrees = field(fields.degrees, 3);
+    QList<QWidget*> line{new QLabel(QStringLiteral("\u00b0"), parent),
+                         field(fields.minutes, 2),
+                         new QLabel(".", parent),
+                         field(fields.hundredths, 2),
+                         new QLabel("'", parent),
+                         field(fields.sign, 2)};
+    if (behind != nullptr) line += behind;
+    AddRow(form, fields.degrees, degrees, line);
+}
+
+QWidget* ButtonRow(DialogWindow* window, const QList<Button*>& buttons)
+{
+    auto* line = new QWidget(window);
+    auto* row = new QHBoxLayout(line);
+    row->setContentsMargins({});
+    row->addStretch();
+    bool first = true;
+    for (auto* button : buttons) {
+        auto* widget = BindButton(*button, line);
+        widget->setAutoDefault(false);
+        widget->setDefault(std::exchange(first, false));
+        row->addWidget(widget);
+        if (OnlyCloses(*button)) window->SetEscape(*button);
+    }
+    return line;
+}
+
+void ShowSymbols(QComboBox* combo, const std::string& programFolder)
+{
+    static_cast<StoreModel*>(combo->model())->ShowPictures(SymbolPicture(programFolder));
+    combo->setIconSize({20, 20});
+    combo->setMaxVisibleItems(20);
+}
+
+void ShowSymbols(RowsView* view, const std::string& programFolder)
+{
+    view->Rows().ShowPictures(SymbolPicture(programFolder));
+    view->setIconSize({20, 20});
+    view->verticalHeader()->setDefaultSectionSize(std::max(24, view->verticalHeader()->defaultSectionSize()));
+}
+
+} // namespace halvern

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "forms/Screen.h"
+#include "platform/Ports.h"
+
+namespace halvern::test {
+namespace {
+
+std::vector<Form*> FormsOf(Halvern& halvern)
+{
+    std::vector<Form*> forms;
+    for (auto* control : halvern.All.All())
+        if (auto* form = dynamic_cast<Form*>(control)) forms.push_back(form);
+    return forms;
+}
+
+/// What has nothing to show: timers and ports, surfaces off the screen, queues and the copies for display.
+bool IsNeverShown(Control& control)
+{
+    static const std::set<std::string> names{"ConMdiFrm.MyObjectLst",
+                                             "ConMdiFrm.TransmitLst",
+                                             "ConMdiFrm.HeardOnRfLst",
+                                             "ConMdiFrm.IgMesSaveTxt",
+                                             "MessageFrm.OutMsg",
+                                             "MapFrm.Pic1",
+                                             "MapFrm.Pic2",
+                                             "MapFrm.PrintPicBox",
+                                             "MapFrm.SymPic",
+                                             "MapFrm.SymLbl",
+                                             "PositionFrm.ShPosLst",
+                                             "StatusFrm.ShStatusLst",
+                                             "DigiFrm.ShDigiLst",
+                                             "TerminalFrm.ShRawPacketLst",
+                                             "DxFrm.ShResourceLst"};
+    return dynamic_cast<Timer*>(&control) != nullptr || dynamic_cast<Port*>(&control) != nullptr ||
+           names.contains(control.Name());
+}
+
+struct AllForms : testing::Test {
+    Screen screen;
+    QWidget* WindowOf(const Form& form) const { return screen.windows->WindowOf(form); }
+};
+
+TEST_F(AllForms, HaveWindowsAndEveryControlAWidgetByItsName)
+{
+    for (auto* form : FormsOf(screen.halvern)) {
+        ASSERT_NE(WindowOf(*form), nullptr) << form->Name();
+        EXPECT_EQ(WindowOf(*form)->objectName().toStdString(), form->Name());
+    }
+    for (auto* control : screen.halvern.All.All()) {
+        if (IsNeverShown(*control) || dynamic_cast<Form*>(control) != nullptr) continue;
+        const auto* widget = screen.windows->Main().findChild<QObject*>(QString::fromStdString(control->Name()));
+        EXPECT_NE(widget, nullptr) << control->Name();
+    }
+}
+
+TEST_F(AllForms, SayTheirNamesToAScreenReader)
+{
+    for (const auto* widget : screen.windows->Main().findChildren<QWidget*>()) {
+        const auto* control = screen.halvern.All.Find(widget->objectName().toStdString());
+        if (control == nullptr || dynamic_cast<const Label*>(control) != nullptr) continue;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << control->Name();
+    }
+}
+
+/// Mnemonics that are on the screen together differ.
+TEST_F(AllForms, HaveNoMnemonicTwice)
+{
+    for (auto* form : FormsOf(screen.halvern)) {
+        if (form == &screen.halvern.ConMdiFrm) continue;
+        const auto* window = WindowOf(*form);
+        QHash<QString, QString> owners;
+        for (auto* widget : window->findChildren<QWidget*>()) {
+            const auto text = widget->property(widget->inherits("QGroupBox") ? "title" : "text").toString();
+            const bool takes =
+                widget->inherits("QLabel") || widget->inherits("QAbstractButton") || widget->inherits("QGroupBox");
+            const auto key = takes ? QKeySequence::mnemonic(text).toString() : QString();
+            if (key.isEmpty()) continue;
+            auto* page = widget->parentWidget();
+            while (page != window && !page->parentWidget()->inherits("QStackedWidget")) page = page->parentWidget();
+            const auto place = QString::number(page == window ? 0 : reinterpret_cast<quintptr>(page));
+            for (const auto& where : {place, QStringLiteral("0")})
+                EXPECT_TRUE(!owners.contains(where + key) || owners[where + key] == text)
+                    << form->Name() << " " << key.toStdString() << ": " << text.toStdString() << " and "
+                    << owners[where + key].toStdString();
+            owners.insert(place + key, text);
+        }
+    }
+}
+
+/// Texts that are wider than their place.
+std::vector<std::string> ClippedIn(const QWidget* window)
+{
+    std::vector<std::string> clipped;
+    for (const auto* widget : window->findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const bool plain = label != nullptr && !label->wordWrap();
+        if (!widget->isVisible() || !(plain || widget->inherits("QAbstractButton") || widget->inherits("QComboBox")))
+            continue;
+        if (widget->width() < widget->minimumSizeHint().width() ||
+            widget->height() < widget->minimumSizeHint().height())
+            clipped.push_back(widget->property("text").toString().toStdString() + widget->objectName().toStdString());
+    }
+    return clipped;
+}
+
+TEST_F(AllForms, ClipNothingAndFitOnASmallScreen)
+{
+    screen.windows->Main().resize(1366, 768);
+    const QString folder = qEnvironmentVariable("HALVERN_PICTURES");
+    for (auto* form : FormsOf(screen.halvern)) {
+        auto* tabs = WindowOf(*form)->findChild<QTabWidget*>();
+        form->SetVisible(true);
+        for (int page = 0; page < (tabs != nullptr ? tabs->count() : 1); ++page) {
+            if (tabs != nullptr) tabs->setCurrentIndex(page);
+            Screen::Settle(20);
+            const auto* window = WindowOf(*form);
+            EXPECT_THAT(ClippedIn(window), testing::IsEmpty()) << form->Name() << " page " << page;
+            EXPECT_LE(window->width(), 1366) << form->Name();
+            EXPECT_LE(window->height(), form == &screen.halvern.ConMdiFrm ? 768 : 720) << form->Name();
+            if (!folder.isEmpty())
+                WindowOf(*form)->grab().save(
+                    QStringLiteral("%1/%2-%3.png").arg(folder, QString::fromStdString(form->Name())).arg(page));
+        }
+        if (form != &screen.halvern.ConMdiFrm) form->SetVisible(false);
+    }
+}
+
+} // namespace
+} // namespace halvern::test

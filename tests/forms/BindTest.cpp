@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "forms/Screen.h"
+
+namespace halvern::test {
+namespace {
+
+/// The windows as an operator works them: keys and clicks go in, and the state is looked at.
+struct Operator : testing::Test {
+    Screen screen;
+    Halvern& halvern = screen.halvern;
+    SetUpForm& setUp = halvern.SetUpfrm;
+
+    template <class Widget> Widget* Find(const Control& control) const
+    {
+        auto* widget = screen.windows->Main().findChild<Widget*>(QString::fromStdString(control.Name()));
+        EXPECT_NE(widget, nullptr) << control.Name();
+        return widget;
+    }
+    void OpenSetUp() { setUp.Show(); }
+};
+
+TEST_F(Operator, TypesIntoAFieldAndLeavesIt)
+{
+    OpenSetUp();
+    auto* call = Find<QLineEdit>(setUp.CallSignTxt);
+    setUp.CallSignTxt.SetText("");
+    call->setFocus();
+    QTest::keyClicks(call, "q0abcdefg");
+    EXPECT_EQ(setUp.CallSignTxt.Text(), "q0abcd");
+    EXPECT_EQ(call->text(), "q0abcd");
+    Find<QLineEdit>(setUp.CommentTXT)->setFocus();
+    EXPECT_EQ(setUp.CallSignTxt.Text(), "Q0ABCD") << "leaving raises the case";
+    EXPECT_EQ(call->text(), "Q0ABCD");
+}
+
+TEST_F(Operator, SeesTheCharacterThatARuleMadeOfHisKey)
+{
+    OpenSetUp();
+    auto* sign = Find<QLineEdit>(setUp.LatSigntxt);
+    setUp.LatSigntxt.SetText("");
+    QTest::keyClicks(sign, "s");
+    EXPECT_EQ(setUp.LatSigntxt.Text(), "S");
+    EXPECT_EQ(sign->text(), "S");
+    EXPECT_TRUE(setUp.Latlbl.Caption().ends_with('S'));
+}
+
+TEST_F(Operator, TypesUtf8ThatFitsAsBytes)
+{
+    OpenSetUp();
+    auto* comment = Find<QLineEdit>(setUp.CommentTXT);
+    comment->clear();
+    setUp.CommentTXT.SetText("Gr\xFC\xDF"
+                             "e"); // as it came from an old file
+    EXPECT_EQ(comment->text(), QStringLiteral("Gr\u00fc\u00dfe"));
+    comment->setText({});
+    QTest::keyClicks(comment, QString(60, QChar(0xFC)));
+    EXPECT_EQ(setUp.CommentTXT.Text().size(), 42U) << "43 bytes, less the half of a character";
+    EXPECT_EQ(comment->text(), QString(21, QChar(0xFC)));
+}
+
+TEST_F(Operator, HearsNoEchoOfHisOwnTyping)
+{
+    int changes = 0;
+    halvern.MessageFrm.SendCallTxt.OnChange = [&] { ++changes; };
+    QTest::keyClicks(Find<QLineEdit>(halvern.MessageFrm.SendCallTxt), "Q0ABC");
+    EXPECT_EQ(changes, 5);
+}
+
+TEST_F(Operator, KeepsHisPlaceInALineThatHeEditsInTheMiddle)
+{
+    halvern.MessageFrm.MsgTxt.OnKey = nullptr;
+    halvern.MessageFrm.MsgTxt.SetText("helo");
+    auto* line = Find<QLineEdit>(halvern.MessageFrm.MsgTxt);
+    line->setCursorPosition(3);
+    QTest::keyClicks(line, "l");
+    EXPECT_EQ(halvern.MessageFrm.MsgTxt.Text(), "hello");
+    EXPECT_EQ(line->cursorPosition(), 4);
+}
+
+TEST_F(Operator, SendsWithEnter)
+{
+    int enters = 0;
+    auto& text = halvern.MessageFrm.MsgTxt;
+    text.OnKey = [&](int& key) {
+        if (key != 13) return;
+        ++enters;
+        text.SetText("");
+    };
+    auto* line = Find<QLineEdit>(text);
+    QTest::keyClicks(line, "hi");
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(enters, 1);
+    EXPECT_EQ(line->text(), "");
+}
+
+TEST_F(Operator, PicksFromChoicesTabsNumbersAndCombos)
+{
+    OpenSetUp();
+    screen.windows->Main().findChild<QRadioButton*>("SetUpfrm.AprsMode(2)")->click();
+    EXPECT_EQ(setUp.AprsMode.Selected(), 2);
+    EXPECT_TRUE(Find<QLineEdit>(setUp.AltNetTxt)->isEnabled());
+    Find<QTabWidget>(setUp.SSTab1)->setCurrentIndex(4);
+    EXPECT_EQ(setUp.SSTab1.Selected(), 4);
+    Find<QSpinBox>(setUp.SSIDLBL)->setValue(7);
+    EXPECT_EQ(setUp.SSIDLBL.Caption(), "7");
+    setUp.SSIDLBL.SetCaption("12");
+    EXPECT_EQ(Find<QSpinBox>(setUp.SSIDLBL)->value(), 12);
+    auto* speed = Find<QComboBox>(setUp.PortSpeedLst);
+    QTest::keyClick(speed, Qt::Key_End);
+    EXPECT_EQ(setUp.PortSpeedLst.Selected(), setUp.PortSpeedLst.Count() - 1);
+    setUp.PortSpeedLst.Select(2);
+    EXPECT_EQ(speed->currentIndex(), 2);
+}
+
+TEST_F(Operator, PressesEscapeForCancel)
+{
+    OpenSetUp();
+    int cancels = 0;
+    setUp.TabCancelCmd.OnClick = [&] { ++cancels; };
+    auto* window = screen.windows->WindowOf(setUp);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_TRUE(window->isVisible()) << "the form decides";
+    setUp.TabCancelCmd.SetEnabled(false);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(cancels, 1);
+}
+
+TEST_F(Operator, MarksSeveralRows)
+{
+    auto& list = halvern.KillMsgFrm.KillLst;
+    for (const char* row : {"one", "two", "three"}) list.Add(row);
+    halvern.KillMsgFrm.SetVisible(true);
+    Screen::Settle();
+    auto* view = Find<QTableView>(list);
+    for (const int row : {0, 2})
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                          view->visualRect(view->model()->index(row, 0)).center());
+    EXPECT_TRUE(list.Marked(0));
+    EXPECT_FALSE(list.Marked(1));
+    EXPECT_TRUE(list.Marked(2));
+    list.ClearMarks();
+    Screen::Settle();
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+}
+
+} // namespace
+} // namespace halvern::test

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "forms/Screen.h"
+#include "map/Geometry.h"
+#include "map/Plotting.h"
+
+namespace halvern::test {
+namespace {
+
+/// Counts the pixels that the map window is asked to paint.
+class PaintCounter final : public QObject {
+public:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            for (const auto& rect : static_cast<QPaintEvent*>(event)->region()) pixels += rect.width() * rect.height();
+        return QObject::eventFilter(object, event);
+    }
+    int pixels = 0;
+};
+
+struct MapWindow : testing::Test {
+    Screen screen;
+    Halvern& halvern = screen.halvern;
+    QWidget* view = nullptr;
+
+    void SetUp() override
+    {
+        screen.windows->Main().resize(1366, 768);
+        halvern.MapFrm.SetVisible(true);
+        halvern.ConMdiFrm.DosMapMenu.SetChecked(true);
+        Screen::Settle();
+        view = screen.windows->Main().findChild<QWidget*>("MapFrm.Map1");
+        ShowView(halvern, 40, 75, 128);
+        Screen::Settle();
+    }
+    QPoint PlaceOf(double lat, double lon) const
+    {
+        const auto& frame = halvern.MapFrm.Map1.Frame();
+        return QPointF((frame.left - lon) / (frame.left - frame.right) * view->width(),
+                       (frame.top - lat) / (frame.top - frame.bottom) * view->height())
+            .toPoint();
+    }
+    void HearAt(const std::string& call, double lat, double lon)
+    {
+        char text[80];
+        std::snprintf(text, sizeof text, "%s>APRS:!%02d%05.2fN/%03d%05.2fW>", call.c_str(), int(lat),
+                      (lat - int(lat)) * 60, int(lon), (lon - int(lon)) * 60);
+        screen.station.Hear(text);
+    }
+    void SwitchPanOn() const { screen.windows->Main().findChild<QAction*>("ConMdiFrm.PanMapMenu")->trigger(); }
+};
+
+TEST_F(MapWindow, LendsItsSizeToTheMap)
+{
+    EXPECT_EQ(halvern.MapFrm.Map1.Width(), view->width());
+    EXPECT_EQ(halvern.MapFrm.Map1.Height(), view->height());
+    screen.windows->WindowOf(halvern.MapFrm)->resize(500, 400);
+    EXPECT_EQ(halvern.MapFrm.Map1.Width(), view->width());
+}
+
+TEST_F(MapWindow, TakesAClickADragAndASecondaryClick)
+{
+    SwitchPanOn();
+    EXPECT_EQ(view->cursor().shape(), Qt::CrossCursor);
+    QTest::mouseClick(view, Qt::LeftButton, {}, PlaceOf(40.5, 75.5));
+    EXPECT_NEAR(halvern.Map.MapCenterLat, 40.5, 0.02);
+    EXPECT_NEAR(halvern.Map.MapCenterLon, 75.5, 0.02);
+    EXPECT_EQ(halvern.Map.MapRange, 128);
+
+    QTest::mousePress(view, Qt::LeftButton, {}, PlaceOf(41, 76));
+    QTest::mouseMove(view, PlaceOf(40.5, 75));
+    QTest::mouseMove(view, PlaceOf(40, 75));
+    QTest::mouseRelease(view, Qt::LeftButton, {}, PlaceOf(40, 75));
+    EXPECT_NEAR(halvern.Map.MapCenterLat, 40.5, 0.02);
+    EXPECT_EQ(halvern.Map.MapRange, 64);
+
+    QTest::mouseClick(view, Qt::RightButton, {}, PlaceOf(40.5, 75.5));
+    EXPECT_EQ(halvern.Map.MapRange, 128);
+}
+
+TEST_F(MapWindow, TellsThePlaceUnderThePointer)
+{
+    QTest::mouseMove(view, PlaceOf(40.25, 75.5));
+    double lat = 0, lon = 0;
+    ASSERT_EQ(std::sscanf(halvern.ConMdiFrm.StatusBar2.Caption().c_str(), "%lf %lf", &lat, &lon), 2);
+    EXPECT_NEAR(lat, 40.25, 0.02);
+    EXPECT_NEAR(lon, -75.5, 0.02);
+}
+
+TEST_F(MapWindow, SnapsToAStationAndOpensItsMenu)
+{
+    HearAt("Q0CAR", 40.25, 75.5);
+    Screen::Settle();
+    const auto onSymbol = PlaceOf(40.25, 75.5) - QPoint(0, 8);
+    QTest::mouseMove(view, onSymbol);
+    EXPECT_EQ(halvern.ConMdiFrm.StatusBar2.Caption(), "40.25 -75.5");
+    QTest::mouseClick(view, Qt::RightButton, {}, onSymbol);
+    EXPECT_EQ(halvern.Map.PopStation, halvern.PositionFrm.PosLst.Find("Q0CAR    "));
+    EXPECT_TRUE(screen.windows->Main().StationMenu().isVisible());
+    screen.windows->Main().StationMenu().hide();
+    SwitchPanOn();
+    QTest::mouseClick(view, Qt::LeftButton, {}, onSymbol);
+    EXPECT_FLOAT_EQ(halvern.Map.MapCenterLat, 40.25F);
+    EXPECT_FLOAT_EQ(halvern.Map.MapCenterLon, 75.5F);
+}
+
+TEST_F(MapWindow, RepaintsAStationsOwnPixelsWhenItMoves)
+{
+    for (int i = 0; i < 300; ++i) HearAt("Q" + std::to_string(1000 + i), 39 + i % 20 * 0.1, 74 + i / 20 * 0.1);
+    Screen::Settle();
+    PaintCounter counter;
+    view->installEventFilter(&counter);
+    HearAt("Q1000", 39.31, 74.22);
+    Screen::Settle();
+    EXPECT_GT(counter.pixels, 0);
+    EXPECT_LT(counter.pixels, 40000) << "of " << view->width() * view->height();
+}
+
+TEST_F(MapWindow, PaintsASymbolWhereItStands)
+{
+    HearAt("Q0CAR", 40.25, 75.5);
+    Screen::Settle();
+    const auto at = PlaceOf(40.25, 75.5);
+    const auto coloured = [&](const QRect& box) {
+        const auto image = view->grab(box).toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y).saturation() > 60;
+        return count;
+    };
+    EXPECT_GT(coloured({at.x() - 10, at.y() - 20, 20, 20}), 20);
+    screen.windows->WindowOf(halvern.MapFrm)->resize(600, 420); // the picture follows; nobody plots anew
+    Screen::Settle();
+    const auto moved = PlaceOf(40.25, 75.5);
+    EXPECT_GT(coloured({moved.x() - 10, moved.y() - 20, 20, 20}), 20);
+}
+
+TEST_F(MapWindow, ReplotsAFullWorldInTime)
+{
+    auto& form = halvern.MapFrm;
+    for (int i = 0; i < 32000; ++i)
+        NewSymbol(halvern, i, "!", halvern.ProgramFolder + "\\symbols\\table1\\062.GIF", "Q" + std::to_string(i),
+                  static_cast<float>(39 + i % 160 * 0.0125), static_cast<float>(73.5 + i / 160 * 0.0125));
+    for (int i = halvern.PositionFrm.PosLst.Count(); i < 32000; ++i) halvern.PositionFrm.PosLst.Add("Q");
+    view->grab();
+    QElapsedTimer timer;
+    timer.start();
+    ReplotStations(halvern);
+    view->repaint();
+    EXPECT_EQ(form.SymPic.Count(), 32000);
+    RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+    EXPECT_LT(timer.elapsed(), 1000) << "even under a sanitizer";
+    std::printf("replot of 32,000 stations: %lld ms\n", static_cast<long long>(timer.elapsed()));
+}
+
+} // namespace
+} // namespace halvern::test

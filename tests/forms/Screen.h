@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include <QtTest/QTest>
+#include <QtWidgets>
+
+#include "forms/Windows.h"
+#include "support/Station.h"
+
+namespace halvern::test {
+
+/// A station with its windows, off the screen.
+class Screen {
+public:
+    Screen()
+    {
+        station.SetUp();
+        windows = std::make_unique<Windows>(station.halvern);
+        station.halvern.ConMdiFrm.SetVisible(true);
+        Settle();
+    }
+    /// Lets what is collected be announced and painted.
+    static void Settle(int milliseconds = 120) { QTest::qWait(milliseconds); }
+
+    /// The widget of a control, by its name.
+    template <class Widget> Widget* Find(const char* name) const
+    {
+        for (auto* top : QApplication::topLevelWidgets())
+            if (auto* found = top->findChild<Widget*>(name)) return found;
+        return nullptr;
+    }
+
+    Station station;
+    Halvern& halvern = station.halvern;
+    std::unique_ptr<Windows> windows;
+};
+
+} // namespace halvern::test

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <random>
+
+#include "forms/RowsView.h"
+#include "forms/Screen.h"
+
+namespace halvern::test {
+namespace {
+
+struct StoreForm : Form {
+    explicit StoreForm(Controls& all) : Form(all, "StoreFrm", "") {}
+    List Store{*this, "Store"};
+};
+
+struct Rows : testing::Test {
+    Controls all;
+    StoreForm form{all};
+    List& store = form.Store;
+    void Fill(int count, const std::string& prefix = "row ")
+    {
+        for (int i = 0; i < count; ++i) store.Add(prefix + std::to_string(i));
+    }
+};
+
+QString TextAt(const StoreModel& model, int row)
+{
+    return model.data(model.index(row, 0), Qt::DisplayRole).toString();
+}
+
+TEST_F(Rows, AreAnnouncedTogether)
+{
+    StoreModel model(store, {}, StoreModel::Pace::Collected, false, nullptr);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    Fill(10000);
+    EXPECT_EQ(model.rowCount(), 0);
+    Screen::Settle();
+    EXPECT_EQ(model.rowCount(), 10000);
+    EXPECT_EQ(inserted.size(), 1);
+    EXPECT_EQ(TextAt(model, 9999), "row 9999");
+}
+
+TEST_F(Rows, ThatAreGoneBeforeItIsAnnouncedReadAsEmpty)
+{
+    Fill(10);
+    StoreModel model(store, {}, StoreModel::Pace::Collected, false, nullptr);
+    store.Clear();
+    EXPECT_EQ(model.rowCount(), 10);
+    EXPECT_EQ(TextAt(model, 9), "");
+    Screen::Settle();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(Rows, ShowBytesAsUtf8OrElseAsLatin1)
+{
+    store.Add("Gr\xC3\xBC\xC3\x9F"
+              "e");
+    store.Add("Gr\xFC\xDF"
+              "e");
+    StoreModel model(store, {}, StoreModel::Pace::AtOnce, false, nullptr);
+    EXPECT_EQ(TextAt(model, 0), QStringLiteral("Gr\u00fc\u00dfe"));
+    EXPECT_EQ(TextAt(model, 1), QStringLiteral("Gr\u00fc\u00dfe"));
+}
+
+TEST_F(Rows, AreCutAtTheirColumns)
+{
+    store.Add("Q0ABC     >at home");
+    store.Add("Q0");
+    StoreModel model(store, {{1, 9, "Call", ""}, {11, 0, "Status", ""}}, StoreModel::Pace::AtOnce, false, nullptr);
+    EXPECT_EQ(model.data(model.index(0, 0), Qt::DisplayRole).toString(), "Q0ABC    ");
+    EXPECT_EQ(model.data(model.index(0, 1), Qt::DisplayRole).toString(), ">at home");
+    EXPECT_EQ(model.data(model.index(1, 1), Qt::DisplayRole).toString(), "");
+}
+
+/// Whatever happens to a store, a persistent index follows its row, as a reader's place does.
+TEST_F(Rows, KeepTheirIdentityThroughAnyChanges)
+{
+    std::mt19937 random(7);
+    Fill(200);
+    StoreModel model(store, {}, StoreModel::Pace::Collected, true, nullptr);
+    for (int round = 0; round < 60; ++round) {
+        const int place = static_cast<int>(random() % store.Count());
+        const auto kept = store.Row(place);
+        const QPersistentModelIndex index = model.index(place, 0);
+        for (unsigned step = random() % 30; step-- > 0;) {
+            const int at = static_cast<int>(random() % store.Count());
+            const bool keptRow = store.Row(at) == kept;
+            switch (random() % 4) {
+            case 0:
+                store.Insert("new " + std::to_string(random()), at);
+                break;
+            case 1:
+                if (!keptRow && store.Count() > 20) store.Remove(at);
+                break;
+            case 2:
+                if (!keptRow) store.Replace(at, "other " + std::to_string(random()));
+                break;
+            default:
+                if (!keptRow) {
+                    store.Remove(at);
+                    store.Insert("again " + std::to_string(random()), at);
+                }
+            }
+        }
+        model.Apply();
+        ASSERT_EQ(model.rowCount(), store.Count());
+        ASSERT_TRUE(index.isValid());
+        ASSERT_EQ(TextAt(model, index.row()).toStdString(), kept);
+    }
+}
+
+struct View : Rows {
+    std::unique_ptr<RowsView> view;
+    void SetUp() override
+    {
+        Fill(500);
+        view = std::make_unique<RowsView>(store, RowsLook{{{1, 0, "Row", ""}}}, nullptr);
+        view->resize(300, 200);
+        view->show();
+        Screen::Settle();
+    }
+    int Top() const { return view->rowAt(0); }
+};
+
+TEST_F(View, KeepsTheReadersPlaceWhileTenThousandRowsArrive)
+{
+    view->verticalScrollBar()->setValue(250);
+    view->selectRow(252);
+    for (int batch = 0; batch < 10; ++batch) {
+        for (int i = 0; i < 500; ++i) store.Add("later");
+        for (int i = 0; i < 500; ++i) store.Insert("earlier", 0);
+        Screen::Settle(60);
+    }
+    Screen::Settle();
+    EXPECT_EQ(store.Row(Top()), "row 250");
+    EXPECT_EQ(store.Row(view->currentIndex().row()), "row 252");
+    EXPECT_EQ(store.Selected(), view->currentIndex().row());
+}
+
+TEST_F(View, FollowsTheEndOnlyForAReaderAtTheEnd)
+{
+    RowsView tail(store, RowsLook{{}, false, true}, nullptr);
+    tail.resize(300, 200);
+    tail.show();
+    tail.scrollToBottom();
+    Screen::Settle();
+    Fill(100, "later ");
+    Screen::Settle();
+    EXPECT_EQ(tail.verticalScrollBar()->value(), tail.verticalScrollBar()->maximum());
+    tail.verticalScrollBar()->setValue(10);
+    Fill(100, "last ");
+    Screen::Settle();
+    EXPECT_EQ(tail.verticalScrollBar()->value(), 10);
+}
+
+TEST_F(View, ClicksAndKeysSelectAndClick)
+{
+    int clicks = 0;
+    store.OnClick = [&] { ++clicks; };
+    const auto place = view->visualRect(view->model()->index(3, 0)).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(store.Selected(), 3);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(clicks, 2); // a list tells of each click, also on the row that is selected
+    QTest::keyClick(view.get(), Qt::Key_Down);
+    EXPECT_EQ(store.Selected(), 4);
+    EXPECT_EQ(clicks, 3);
+    store.Select(7);
+    Screen::Settle();
+    EXPECT_EQ(view->currentIndex().row(), 7);
+}
+
+TEST_F(View, CopiesRowsAsTheyAre)
+{
+    store.Select(5);
+    Screen::Settle();
+    QTest::keySequence(view.get(), QKeySequence::Copy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "row 5");
+}
+
+} // namespace
+} // namespace halvern::test

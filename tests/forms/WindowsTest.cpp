@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "forms/Screen.h"
+
+namespace halvern::test {
+namespace {
+
+QAction* ActionOf(const Screen& screen, const char* name)
+{
+    return screen.windows->Main().findChild<QAction*>(name);
+}
+
+struct Desk : testing::Test {
+    Screen screen;
+    Halvern& halvern = screen.halvern;
+};
+
+TEST_F(Desk, MenuItemsFollowTheirControlsAndPressThem)
+{
+    auto& item = halvern.ConMdiFrm.PlotPhgFixedMenu;
+    int presses = 0;
+    item.OnClick = [&] { item.SetChecked(++presses == 1); };
+    auto* action = ActionOf(screen, "ConMdiFrm.PlotPhgFixedMenu");
+    ASSERT_NE(action, nullptr);
+    action->trigger();
+    EXPECT_TRUE(action->isChecked());
+    action->trigger();
+    action->trigger(); // the third press leaves the item as it was, whatever an action does of its own
+    EXPECT_EQ(presses, 3);
+    EXPECT_FALSE(action->isChecked());
+    item.SetEnabled(false);
+    item.SetVisible(false);
+    item.SetCaption("&Circles");
+    EXPECT_FALSE(action->isEnabled());
+    EXPECT_FALSE(action->isVisible());
+    EXPECT_EQ(action->text(), "&Circles");
+}
+
+TEST_F(Desk, AFailureEndsTheClickAndNotTheProgram)
+{
+    halvern.ConMdiFrm.AboutHalvernMenu.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
+    ActionOf(screen, "ConMdiFrm.AboutHalvernMenu")->trigger();
+    EXPECT_THAT(screen.station.TakeSaid(), testing::ElementsAre(testing::HasSubstr("Error # 6 Overflow")));
+}
+
+TEST_F(Desk, ACloseBoxHidesAndTheRowsStay)
+{
+    ActionOf(screen, "ConMdiFrm.FrmMenu(2)")->trigger();
+    auto* window = screen.windows->WindowOf(halvern.PositionFrm);
+    EXPECT_TRUE(window->isVisible());
+    screen.station.Hear("Q0ABC>APRS:!4049.14N/07308.41W-x");
+    const int rows = halvern.PositionFrm.PosLst.Count();
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(halvern.PositionFrm.Visible());
+    EXPECT_FALSE(halvern.ConMdiFrm.FrmMenu(2).Checked());
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), rows);
+}
+
+TEST_F(Desk, APlaceIsAppliedAndWrittenBack)
+{
+    auto& form = halvern.StatusFrm;
+    form.SetPlace({3000, 1500, 750, 6000, 0});
+    form.SetVisible(true);
+    auto* window = screen.windows->WindowOf(form);
+    EXPECT_EQ(window->geometry(), QRect(100, 50, 400, 200));
+    window->setGeometry(10, 20, 300, 240);
+    EXPECT_EQ(form.Place(), (Place{3600, 150, 300, 4500, 0}));
+    static_cast<QMdiSubWindow*>(window)->showMaximized();
+    EXPECT_EQ(form.Place().state, 2);
+    EXPECT_EQ(form.Place().width, 4500) << "the size to come back to";
+}
+
+TEST_F(Desk, TheMapIsTheLargestWindowAtFirst)
+{
+    halvern.MapFrm.SetVisible(true);
+    halvern.PositionFrm.SetVisible(true);
+    const auto map = screen.windows->WindowOf(halvern.MapFrm)->geometry();
+    const auto rows = screen.windows->WindowOf(halvern.PositionFrm)->geometry();
+    EXPECT_GT(map.width() * map.height(), 2 * rows.width() * rows.height());
+    EXPECT_FALSE(map.intersects(rows));
+}
+
+} // namespace
+} // namespace halvern::test
