@@ -21,10 +21,10 @@ Place PlaceOf(const QRect& pixels)
             pixels.width() * TwipsPerPixel, 0};
 }
 
-/// Moved and cut so that it lies within the area: a place may come from a larger screen.
-QRect Within(QRect pixels, const QRect& area)
+/// Moved and cut so that it lies within the area, since a place may come from a larger screen; but nothing is clipped.
+QRect Within(QRect pixels, const QRect& area, QSize least)
 {
-    pixels.setSize(pixels.size().boundedTo(area.size()).expandedTo({120, 60}));
+    pixels.setSize(pixels.size().boundedTo(area.size()).expandedTo(least));
     pixels.moveLeft(std::clamp(pixels.left(), 0, std::max(0, area.width() - pixels.width())));
     pixels.moveTop(std::clamp(pixels.top(), 0, std::max(0, area.height() - pixels.height())));
     return pixels;
@@ -78,7 +78,7 @@ void ChildWindow::ApplyPlace()
     if (place.state == 0) {
         if (isMaximized() || isMinimized()) showNormal();
         const bool first = place == Place{};
-        placed = Within(first ? firstPlace(area) : PixelsOf(place), area);
+        placed = Within(first ? firstPlace(area) : PixelsOf(place), area, minimumSizeHint());
         if (!first) firstPlace = nullptr;
         setGeometry(placed);
     } else if (place.state == 1) {
@@ -94,7 +94,8 @@ void ChildWindow::ApplyPlace()
 void ChildWindow::FollowArea()
 {
     if (firstPlace && isVisible() && geometry() == placed && !isMaximized() && !isMinimized()) {
-        placed = firstPlace(mdiArea()->viewport()->rect());
+        const auto area = mdiArea()->viewport()->rect();
+        placed = Within(firstPlace(area), area, minimumSizeHint());
         setGeometry(placed);
     }
 }
