@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 target="$1"
-runs="${2:-20000}"
+runs="${2:-8000}"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 name=$(basename "$target")
