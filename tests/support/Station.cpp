@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "engine/ProcessPacket.h"
-#include "map/SymbolFile.h"
 #include "platform/Text.h"
 #include "ports/Ax25.h"
 
@@ -34,31 +33,9 @@ void TemporaryFolder::Put(const std::string& name, std::string_view bytes) const
     std::ofstream(fs::path(path) / name, std::ios::binary) << bytes;
 }
 
-/// The project's data with a plain picture for every symbol, where it has none of its own.
-static TemporaryFolder& DataWithPlainSymbols()
-{
-    static TemporaryFolder folder;
-    static const bool filled = [] {
-        for (const auto& entry : fs::directory_iterator(HALVERN_SOURCE "/data"))
-            fs::create_symlink(entry.path(), fs::path(folder.Path()) / entry.path().filename());
-        const std::string picture("GIF89a\x14\0\x14\0", 10);
-        for (const char table : std::string("/\\0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
-            for (int code = 33; code < 126; ++code) {
-                auto file = SymbolFileName("", table, code);
-                if (file == "NG") continue;
-                std::replace(file.begin(), file.end(), '\\', '/');
-                folder.Put(file.substr(1), picture);
-            }
-        return true;
-    }();
-    (void)filled;
-    return folder;
-}
-
 std::string DataFolder()
 {
-    const std::string data = HALVERN_SOURCE "/data";
-    return fs::exists(data + "/symbols") ? data : DataWithPlainSymbols().Path();
+    return std::string(HALVERN_SOURCE) + "/data";
 }
 
 std::string TrafficFile(const std::string& name)
