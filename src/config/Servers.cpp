@@ -45,7 +45,7 @@ void TakeServers(SetUpForm& setUp, std::string_view bytes)
     PutUnlessBlank(setUp.APRServePortTxt, port);
     PutUnlessBlank(setUp.APRServeFilterTxt, filter);
     while (!reader.AtEnd())
-        if (const auto server = reader.Next(LineKind::WholeLine, "server name"); !server.empty())
+        if (const auto server = reader.Next(LineKind::WholeLine, "server name"); !Trimmed(server).empty())
             setUp.IntDomainCombo.Add(server);
     if (const int row = setUp.IntDomainCombo.IndexOf(selection); row != NotFound) setUp.IntDomainCombo.Preselect(row);
 }
