@@ -53,6 +53,7 @@ std::vector<FontedControl> FontsOfForm(Halvern& halvern, int entry)
         if (!control->Name().starts_with(prefix)) continue;
         if (auto* list = dynamic_cast<List*>(control)) controls.emplace_back(*list);
         if (auto* field = dynamic_cast<TextField*>(control)) controls.emplace_back(*field);
+        if (auto* grid = dynamic_cast<Grid*>(control)) controls.emplace_back(*grid);
     }
     return controls;
 }
@@ -61,6 +62,14 @@ void SetDesignFonts(Halvern& halvern)
 {
     for (int entry = 0; entry < halvern.FontFrm.FormOpt.Count(); ++entry)
         for (const auto& control : FontsOfForm(halvern, entry)) control.Set(DesignFont);
+}
+
+void SpreadFontsToStores(Halvern& halvern)
+{
+    halvern.PositionFrm.PosLst.SetFont(halvern.PositionFrm.ShPosLst.Font());
+    halvern.StatusFrm.StatusLst.SetFont(halvern.StatusFrm.ShStatusLst.Font());
+    halvern.DigiFrm.DigiLst.SetFont(halvern.DigiFrm.ShDigiLst.Font());
+    halvern.TerminalFrm.RawPacketLst.SetFont(halvern.TerminalFrm.ShRawPacketLst.Font());
 }
 
 void PickFormFont(Halvern& halvern)

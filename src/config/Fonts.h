@@ -16,12 +16,13 @@ class FontedControl {
 public:
     FontedControl(List& list) : control(&list) {}
     FontedControl(TextField& field) : control(&field) {}
+    FontedControl(Grid& grid) : control(&grid) {}
     const std::string& Name() const;
     Font Get() const;
     void Set(const Font& font) const;
 
 private:
-    std::variant<List*, TextField*> control;
+    std::variant<List*, TextField*, Grid*> control;
 };
 
 /// The controls whose fonts the settings file keeps, in its order.
@@ -32,6 +33,9 @@ std::vector<FontedControl> FontsOfForm(Halvern& halvern, int entry);
 
 /// Gives every window the font that it starts with.
 void SetDesignFonts(Halvern& halvern);
+
+/// Gives each store the font of its list for display, which is the one that the settings file keeps.
+void SpreadFontsToStores(Halvern& halvern);
 
 /// Asks for a font and gives it to all controls of the chosen form.
 void PickFormFont(Halvern& halvern);

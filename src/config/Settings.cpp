@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/Settings.h"
 
+#include "config/Fonts.h"
 #include "config/IniTable.h"
 #include "config/Passcode.h"
 #include "config/Servers.h"
@@ -64,6 +65,7 @@ void ReadSettings(Halvern& halvern)
         return TellUnreadable(halvern, path, fault.what(), effect);
     }
     ApplyIni(table, halvern.Engine.Settings, true);
+    SpreadFontsToStores(halvern);
     auto& map = halvern.Map;
     map.PrevRange = map.MapRange;
     map.PrevCenterLat = map.MapCenterLat;

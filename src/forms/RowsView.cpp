@@ -217,7 +217,12 @@ GridView::GridView(Grid& grid, QWidget* parent) : PlainTable(parent)
     setModel(new GridModel(grid, this));
     connect(model(), &QAbstractItemModel::columnsInserted, this, &GridView::Fit);
     connect(model(), &QAbstractItemModel::modelReset, this, &GridView::Fit);
-    UseFont({});
+    UseFont(grid.Font());
+    WatchFor(this, grid, [this, &grid, used = grid.Font()](const Change& change) mutable {
+        if (change.what != Change::Property || grid.Font() == used) return; // a grid that grows tells so too
+        used = grid.Font();
+        UseFont(used);
+    });
 }
 
 void GridView::Fit()

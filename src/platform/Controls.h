@@ -438,10 +438,13 @@ public:
     void Clear();
     /// The first row at or behind `from` whose first cell equals a text, or NotFound.
     int FindRow(std::string_view text, int from) const;
+    halvern::Font Font() const { return font; }
+    void SetFont(const halvern::Font& next) { Put(font, next); }
     PropertyTexts Describe() const override;
 
 private:
     void Require(int row, int column) const;
+    halvern::Font font;
     int rows = 0;
     std::vector<std::vector<std::string>> columns;
     KeyTable keys;

@@ -102,6 +102,7 @@ TEST_F(Settings, ARestartFindsEverythingInItsPlace)
         halvern.MessageFrm.MailUnPath.Select(2);
         halvern.PositionFrm.SetPlace({1000, -20, 30, 400, 1});
         halvern.FindFrm.FindPosTxt.SetFont({"Sans", 8.25});
+        halvern.DigiFrm.ShDigiLst.SetFont({"Serif", 12});
         halvern.Map.MapCenterLat = -12.3456789F;
         halvern.Map.MapRange = 4096.5;
         setUp.IntDomainCombo.SetText("127.0.0.1");
@@ -124,6 +125,7 @@ TEST_F(Settings, ARestartFindsEverythingInItsPlace)
     EXPECT_EQ(halvern.MessageFrm.MailUnPath.Text(), "WIDE1-1,WIDE2-1");
     EXPECT_EQ(halvern.PositionFrm.Place(), (Place{1000, -20, 30, 400, 1}));
     EXPECT_EQ(halvern.FindFrm.FindPosTxt.Font(), (Font{"Sans", 8.25}));
+    EXPECT_EQ(halvern.DigiFrm.DigiLst.Font(), (Font{"Serif", 12})) << "the list that the window shows";
     EXPECT_EQ(halvern.Map.MapCenterLat, -12.3456789F);
     EXPECT_EQ(halvern.Map.MapRange, 4096) << "a fraction is rounded, halves to even";
     EXPECT_EQ(setUp.IntDomainCombo.Text(), "127.0.0.1");

@@ -263,6 +263,10 @@ TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
     EXPECT_THAT(SaidAt(halvern.FontFrm.FontOkCmd), ElementsAre("input \"Pick Your Font\" \"Font\" \"Monospace,9\""));
     EXPECT_EQ(halvern.FindFrm.FindDigiTxt.Font(), (Font{"Sans", 8.25}));
     EXPECT_EQ(halvern.PositionFrm.ShPosLst.Font(), (Font{"Monospace", 9}));
+    halvern.FontFrm.FormOpt.Select(4);
+    Answer({"Sans,20"});
+    halvern.FontFrm.FontOkCmd.Click();
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.Font(), (Font{"Sans", 20}));
 }
 
 TEST_F(Setup, AChildWindowIsHiddenByItsCloseBoxAndKeepsItsRows)
