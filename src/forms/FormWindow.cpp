@@ -34,12 +34,7 @@ QRect Within(QRect pixels, const QRect& area, QSize least)
 
 void PressCloseBox(Form& form)
 {
-    FromScreen(form, [&form] {
-        if (form.OnCloseBox)
-            form.OnCloseBox();
-        else
-            form.Unload();
-    });
+    FromScreen(form, [&form] { form.PressCloseBox(); });
 }
 
 // --- inside the main window ------------------------------------------------------------------------------------------
