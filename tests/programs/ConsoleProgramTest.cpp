@@ -57,6 +57,19 @@ TEST_F(ConsoleProgram, ALiveStationLivesInRealTimeAndHasNothingSimulated)
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
 }
 
+TEST_F(ConsoleProgram, AScriptDrivesTheRealWindowsAndTakesTheirPictures)
+{
+    const auto picture = work.Path() + "/setup.png";
+    EXPECT_THAT(Run("--simulate --windows",
+                    "select SetUpfrm.SSTab1 4\npicture SetUpfrm \"" + picture + "\"\nclose ConMdiFrm\nnonsense"),
+                ElementsAre("modal SetUpfrm", "closed SetUpfrm"));
+    EXPECT_EQ(status, 0);
+    const auto size = PictureSize(DiskFiles().Read(picture).value_or(""));
+    ASSERT_TRUE(size);
+    EXPECT_GT(size->width, 200);
+    EXPECT_GT(size->height, 200);
+}
+
 /// A packet server of this machine, on a port of its own choice, until the end of the test.
 class Feed {
 public:
