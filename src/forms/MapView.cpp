@@ -11,8 +11,8 @@
 namespace halvern {
 namespace {
 
-/// Sprites are settled at most as often as a screen can show it.
-constexpr int SettleMs = 20;
+/// Stations move on the screen at most twenty times a second, however many packets come in.
+constexpr int SettleMs = 50;
 
 MouseButton ButtonOf(const QMouseEvent* event)
 {
@@ -60,35 +60,42 @@ void MapView::UsePointer()
     setCursor(shapes.at(form.Map1.MousePointer()));
 }
 
+/// A little smaller than the desktop's, so that more labels find room.
+QFont MapView::LabelFont() const
+{
+    auto smaller = font();
+    smaller.setPointSizeF(smaller.pointSizeF() * 0.88);
+    return smaller;
+}
+
 // --- painting --------------------------------------------------------------------------------------------------------
 
 void MapView::SettleSprites()
 {
-    const auto region = sprites.Settle(size(), font(), devicePixelRatioF());
+    const auto region = sprites.Settle(size(), LabelFont(), devicePixelRatioF());
     if (!region.isEmpty()) update(region);
 }
 
 void MapView::paintEvent(QPaintEvent* event)
 {
-    const auto before = sprites.Settle(size(), font(), devicePixelRatioF());
+    const auto before = sprites.Settle(size(), LabelFont(), devicePixelRatioF());
     if (!event->region().contains(before.boundingRect()) && !before.isEmpty()) update(before);
     const auto& image = drawn.front().painter->Image(size(), devicePixelRatioF());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    for (const auto& rect : event->region()) {
-        const auto ratio = image.devicePixelRatio();
+    painter.setClipRegion(event->region());
+    const auto ratio = image.devicePixelRatio();
+    for (const auto& rect : event->region())
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
-        painter.setClipRect(rect);
-        sprites.Paint(painter, rect);
-        painter.setClipping(false);
-    }
+    sprites.Paint(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
 }
 
 void MapView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    if (sprites.Pending() && event->oldSize().isValid()) sprites.Settle(event->oldSize(), font(), devicePixelRatioF());
+    if (sprites.Pending() && event->oldSize().isValid())
+        sprites.Settle(event->oldSize(), LabelFont(), devicePixelRatioF());
     FromScreen(form, [this] { form.SetClientSize(width(), height()); });
     update();
 }

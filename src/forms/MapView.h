@@ -37,6 +37,7 @@ private:
     ViewPoint InView(QPointF place) const;
     void SettleSprites();
     void UsePointer();
+    QFont LabelFont() const;
     QString TextAt(QPoint place) const;
 
     Halvern& halvern;

@@ -18,36 +18,66 @@ constexpr int LabelMargin = 2;
 /// More changes than this at once are painted as a whole.
 constexpr std::size_t MostBoxes = 200;
 
-/// Which parts of the view are taken by labels, in squares of a few dozen pixels.
-class TakenRoom {
+/// The squares of a view that a region touches: a quick answer for most sprites.
+class TouchedSquares {
 public:
-    explicit TakenRoom(QSize size) : across(size.width() / Wide + 2), down(size.height() / High + 2)
+    TouchedSquares(QSize size, const QRegion& region) : across(size.width() / Side + 1), down(size.height() / Side + 1)
     {
-        squares.resize(static_cast<std::size_t>(across) * static_cast<std::size_t>(down));
+        touched.resize(static_cast<std::size_t>(across) * down);
+        for (const auto& rect : region) ForSquares(rect, [this](std::size_t square) { touched[square] = 1; });
     }
-    /// Takes the room if it is free.
-    bool Take(const QRect& box)
+    bool MayHold(const QRect& box) const
     {
-        const QRect cells(QPoint(Bound(box.left() / Wide, across), Bound(box.top() / High, down)),
-                          QPoint(Bound(box.right() / Wide, across), Bound(box.bottom() / High, down)));
-        for (int y = cells.top(); y <= cells.bottom(); ++y)
-            for (int x = cells.left(); x <= cells.right(); ++x)
-                for (const auto& taken : At(x, y))
-                    if (taken.intersects(box)) return false;
-        for (int y = cells.top(); y <= cells.bottom(); ++y)
-            for (int x = cells.left(); x <= cells.right(); ++x) At(x, y).push_back(box);
-        return true;
+        bool holds = false;
+        ForSquares(box, [&](std::size_t square) { holds |= touched[square] != 0; });
+        return holds;
     }
 
 private:
-    static constexpr int Wide = 64, High = 32;
-    static int Bound(int cell, int count) { return std::clamp(cell, 0, count - 1); }
-    std::vector<QRect>& At(int x, int y) { return squares[static_cast<std::size_t>(y) * across + x]; }
+    static constexpr int Side = 16;
+    template <class Visit> void ForSquares(const QRect& box, Visit visit) const
+    {
+        const int right = std::min(box.right() / Side, across - 1), bottom = std::min(box.bottom() / Side, down - 1);
+        for (int y = std::max(0, box.top() / Side); y <= bottom; ++y)
+            for (int x = std::max(0, box.left() / Side); x <= right; ++x)
+                visit(static_cast<std::size_t>(y) * across + x);
+    }
     int across, down;
-    std::vector<std::vector<QRect>> squares;
+    std::vector<char> touched;
 };
 
 } // namespace
+
+// --- room for labels -------------------------------------------------------------------------------------------------
+
+void TakenRoom::Reset(QSize size)
+{
+    across = size.width() / Wide + 1;
+    down = size.height() / High + 1;
+    squares.resize(static_cast<std::size_t>(across) * down);
+    for (auto& square : squares) square.clear();
+}
+
+QRect TakenRoom::SquaresOf(const QRect& box) const
+{
+    const auto bound = [](int square, int count) { return std::clamp(square, 0, count - 1); };
+    return {QPoint(bound(box.left() / Wide, across), bound(box.top() / High, down)),
+            QPoint(bound(box.right() / Wide, across), bound(box.bottom() / High, down))};
+}
+
+bool TakenRoom::Take(const QRect& box)
+{
+    const auto area = SquaresOf(box);
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            for (const auto& taken : At(x, y))
+                if (taken.left() <= box.right() && box.left() <= taken.right() && taken.top() <= box.bottom() &&
+                    box.top() <= taken.bottom())
+                    return false;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) At(x, y).push_back(box);
+    return true;
+}
 
 // --- pictures --------------------------------------------------------------------------------------------------------
 
@@ -144,7 +174,7 @@ void SpriteLayer::Project(Pair& pair) const
 void SpriteLayer::ShareRoom(QRegion* changedBoxes)
 {
     const QRect view({}, size);
-    TakenRoom room(size);
+    room.Reset(size);
     const auto count = static_cast<int>(pairs.size());
     for (int rank = 0; rank < count; ++rank) {
         auto& pair = pairs[rank == 0 ? 0 : count - rank];
@@ -190,14 +220,15 @@ QRegion SpriteLayer::Settle(QSize viewSize, const QFont& nextFont, qreal ratio)
 
 // --- painting --------------------------------------------------------------------------------------------------------
 
-void SpriteLayer::Paint(QPainter& painter, const QRect& clip) const
+void SpriteLayer::Paint(QPainter& painter, const QRegion& region) const
 {
+    const TouchedSquares squares(size, region);
     for (const auto& pair : pairs)
-        if (pair.picture != nullptr && pair.pictureBox.intersects(clip))
+        if (pair.picture != nullptr && squares.MayHold(pair.pictureBox))
             painter.drawPixmap(pair.pictureBox, *pair.picture);
     painter.setFont(font);
     for (std::size_t i = 0; i < pairs.size(); ++i)
-        if (pairs[i].labelShown && pairs[i].labelBox.intersects(clip))
+        if (pairs[i].labelShown && squares.MayHold(pairs[i].labelBox))
             PaintLabel(painter, form.SymLbl(static_cast<int>(i)), pairs[i].labelBox);
 }
 

@@ -29,6 +29,21 @@ private:
     std::unordered_map<std::string, QPixmap> pictures;
 };
 
+/// Which parts of a view are taken by labels, in squares that are a little larger than a label.
+class TakenRoom {
+public:
+    void Reset(QSize size);
+    /// Takes the room if it is free.
+    bool Take(const QRect& box);
+
+private:
+    static constexpr int Wide = 128, High = 32;
+    QRect SquaresOf(const QRect& box) const;
+    std::vector<QRect>& At(int x, int y) { return squares[static_cast<std::size_t>(y) * across + x]; }
+    int across = 1, down = 1;
+    std::vector<std::vector<QRect>> squares;
+};
+
 /// Symbols and labels above the map, in pixels. It is told which stations changed, and says what to paint anew: a
 /// station that moved costs its own few pixels.
 ///
@@ -45,7 +60,8 @@ public:
 
     /// Takes over what was noted, the view's frame and its size. @return what is to be painted anew
     QRegion Settle(QSize viewSize, const QFont& font, qreal ratio);
-    void Paint(QPainter& painter, const QRect& clip) const;
+    /// Paints what stands in a region; the painter is clipped to it.
+    void Paint(QPainter& painter, const QRegion& region) const;
     /// The uppermost station at a place, or -1.
     int At(QPoint place) const;
 
@@ -71,6 +87,7 @@ private:
     const MapForm& form;
     std::unique_ptr<SymbolPictures> pictures;
     std::vector<Pair> pairs;
+    TakenRoom room;
     std::vector<int> changed;
     bool allChanged = true;
     ViewFrame frame;
