@@ -5,7 +5,6 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QSocketNotifier>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <unistd.h>
@@ -15,7 +14,6 @@
 #include <csignal>
 #include <cstdio>
 #include <deque>
-#include <filesystem>
 #include <memory>
 #include <span>
 #include <tuple>
@@ -23,10 +21,8 @@
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
 #include "forms/Windows.h"
-#include "platform/ApplicationFolder.h"
 #include "platform/qt/QtPlatform.h"
-
-namespace fs = std::filesystem;
+#include "platform/qt/StationFolder.h"
 
 namespace halvern {
 namespace {
@@ -117,13 +113,6 @@ struct Options {
     std::string directory;
 };
 
-/// The desktop program's folder.
-std::string OwnFolder()
-{
-    const auto userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return ApplicationFolder(QCoreApplication::applicationDirPath().toStdString(), userData.toStdString());
-}
-
 Options ReadOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
@@ -135,9 +124,7 @@ Options ReadOptions(const QCoreApplication& application)
     parser.process(application);
     const auto directories = parser.positionalArguments();
     if (directories.size() > 1) parser.showHelp(2);
-    auto directory = directories.isEmpty() ? OwnFolder() : fs::absolute(directories[0].toStdString()).string();
-    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-    return {parser.isSet("simulate"), parser.isSet("windows"), directory};
+    return {parser.isSet("simulate"), parser.isSet("windows"), StationFolder(directories)};
 }
 
 void PassRealTime(std::int64_t milliseconds, const std::function<bool()>& stop)
@@ -180,7 +167,9 @@ int RunConsole(const Options& options)
     std::optional<Windows> windows;
     if (options.windows) {
         windows.emplace(halvern);
-        world.SavePicture = [&windows](Form& form, const std::string& file) { return windows->SavePicture(form, file); };
+        world.SavePicture = [&windows](Form& form, const std::string& file) {
+            return windows->SavePicture(form, file);
+        };
     }
     return ConsoleSession(std::move(world)).Run();
 }

@@ -2,7 +2,6 @@
 // halvern: the desktop program.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <cstdio>
@@ -11,9 +10,9 @@
 #include "app/Handlers.h"
 #include "config/StartUp.h"
 #include "forms/Windows.h"
-#include "platform/ApplicationFolder.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
+#include "platform/qt/StationFolder.h"
 
 namespace fs = std::filesystem;
 
@@ -26,13 +25,6 @@ struct Options {
     int demoSeconds = 0;
     std::string pictures;
 };
-
-/// The operator's own folder, where he names none.
-std::string OwnFolder()
-{
-    const auto userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return ApplicationFolder(QCoreApplication::applicationDirPath().toStdString(), userData.toStdString());
-}
 
 Options ReadOptions(const QCoreApplication& application)
 {
@@ -47,9 +39,7 @@ Options ReadOptions(const QCoreApplication& application)
     parser.process(application);
     const auto directories = parser.positionalArguments();
     if (directories.size() > 1) parser.showHelp(2);
-    auto directory = directories.isEmpty() ? OwnFolder() : fs::absolute(directories[0].toStdString()).string();
-    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-    return {directory, parser.isSet("open-internet"), parser.value("demo-seconds").toInt(),
+    return {StationFolder(directories), parser.isSet("open-internet"), parser.value("demo-seconds").toInt(),
             parser.value("pictures").toStdString()};
 }
 
