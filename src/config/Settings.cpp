@@ -5,6 +5,7 @@
 #include "config/IniTable.h"
 #include "config/Passcode.h"
 #include "config/Servers.h"
+#include "config/SetupFields.h"
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
 #include "config/SetupRules.h"
@@ -116,6 +117,7 @@ void ReadServers(Halvern& halvern)
 void SaveSettings(Halvern& halvern)
 {
     auto& setUp = halvern.SetUpfrm;
+    RaiseCase(setUp.CallSignTxt);
     if (ValidateSetup(halvern) != "OK" || !PortsAgreeForSaving(halvern)) return;
     TakeOwnCallAndAlias(halvern);
     setUp.Hide();

@@ -61,6 +61,7 @@ void ActivateSetUp(Halvern& halvern)
 void AcceptSetUp(Halvern& halvern)
 {
     auto& setUp = halvern.SetUpfrm;
+    RaiseCase(setUp.CallSignTxt); // Enter presses OK while the cursor is still in the field
     if (ValidateSetup(halvern) != "OK" || !PortsAgree(halvern)) return;
     TakeOwnCallAndAlias(halvern);
     const bool changed = BeaconDataChanged(setUp);
