@@ -8,7 +8,7 @@
 
 #include "config/Passcode.h"
 #include "platform/Text.h"
-#include "platform/qt/Application.h"
+#include "support/qt/Application.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "support/Station.h"
 

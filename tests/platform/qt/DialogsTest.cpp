@@ -14,9 +14,9 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/qt/Application.h"
 #include "platform/qt/Glyphs.h"
 #include "support/Station.h"
+#include "support/qt/Application.h"
 
 namespace halvern {
 namespace {

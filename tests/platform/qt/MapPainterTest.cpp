@@ -7,10 +7,10 @@
 
 #include <QPainter>
 
-#include "platform/qt/Application.h"
 #include "platform/qt/Palette.h"
 #include "state/MapFrm.h"
 #include "support/Station.h"
+#include "support/qt/Application.h"
 
 namespace halvern {
 namespace {

@@ -12,10 +12,10 @@
 #include <unistd.h>
 
 #include "platform/Text.h"
-#include "platform/qt/Application.h"
 #include "platform/qt/ComPorts.h"
 #include "platform/qt/QtPlatform.h"
 #include "support/Station.h"
+#include "support/qt/Application.h"
 
 namespace halvern {
 namespace {

@@ -8,7 +8,7 @@
 #include <QElapsedTimer>
 #include <QTcpServer>
 
-#include "platform/qt/Application.h"
+#include "support/qt/Application.h"
 
 namespace halvern {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/Application.h"
+#include "support/qt/Application.h"
 
 #include <memory>
 
