@@ -137,6 +137,8 @@ def only_one_side(dest, info, row, place):
             return "we look for a position behind a banner only in TheNet beacons"
         if kind == "Mic-E" and len(text) < 9:
             return "we do not read fewer than nine characters"
+        if kind == "Mic-E" and not symbol_known(text[8], text[7]):
+            return "we know no such symbol"
         if kind == "sentence":
             return "we drop sentences without a fix, without a symbol, or cut short"
         if place is not None and (abs(place[0]) < 1e-9 or abs(place[1]) < 1e-9):
