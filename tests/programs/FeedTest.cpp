@@ -8,9 +8,9 @@
 
 #include "config/Passcode.h"
 #include "platform/Text.h"
-#include "support/qt/Application.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "support/Station.h"
+#include "support/qt/Application.h"
 
 namespace halvern {
 namespace {
