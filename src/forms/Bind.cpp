@@ -220,9 +220,8 @@ QSpinBox* BindNumber(NumberLabel& number, QWidget* parent)
     show();
     BindCommon(spin, number);
     WatchFor(spin, number, [show](const Change&) { show(); });
-    QObject::connect(spin, &QSpinBox::valueChanged, spin, [&number](int value) {
-        FromScreen(number, [&] { number.SetNumber(value); });
-    });
+    QObject::connect(spin, &QSpinBox::valueChanged, spin,
+                     [&number](int value) { FromScreen(number, [&] { number.SetNumber(value); }); });
     return spin;
 }
 

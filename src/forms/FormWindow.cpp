@@ -152,11 +152,24 @@ void DialogWindow::Follow()
     setWindowTitle(Shown(form.Caption()));
     setAccessibleName(windowTitle());
     if (form.Visible() == isVisible()) return;
-    if (!form.Visible()) return hide();
+    if (!form.Visible()) {
+        hide();
+        return parentWidget()->activateWindow();
+    }
     adjustSize();
     show();
     raise();
     activateWindow();
+    FocusFirst();
+}
+
+/// The keys go to the first field or list, and not to the tabs above it.
+void DialogWindow::FocusFirst()
+{
+    for (auto* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain())
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled() &&
+            widget->focusProxy() == nullptr && qobject_cast<QTabBar*>(widget) == nullptr)
+            return widget->setFocus();
 }
 
 void DialogWindow::reject()

@@ -52,6 +52,7 @@ protected:
 
 private:
     void Follow();
+    void FocusFirst();
     Form& form;
     Button* escape = nullptr;
 };

@@ -77,16 +77,18 @@ QWidget* FixedFor(int characters, QWidget* widget)
 
 void AddAngle(QFormLayout* form, const AngleFields& fields, QWidget* behind, QWidget* parent)
 {
-    const auto field = [parent](TextField& control, int characters) {
-        return FixedFor(characters, BindField(control, parent));
+    const auto field = [parent](TextField& control, int characters, const QString& pattern) {
+        auto* line = BindField(control, parent);
+        line->setPlaceholderText(pattern);
+        return FixedFor(characters, line);
     };
-    auto* degrees = field(fields.degrees, 3);
+    auto* degrees = field(fields.degrees, 3, QString(static_cast<qsizetype>(fields.degrees.longest), 'D'));
     QList<QWidget*> line{new QLabel(QStringLiteral("\u00b0"), parent),
-                         field(fields.minutes, 2),
+                         field(fields.minutes, 2, "MM"),
                          new QLabel(".", parent),
-                         field(fields.hundredths, 2),
+                         field(fields.hundredths, 2, "hh"),
                          new QLabel("'", parent),
-                         field(fields.sign, 2)};
+                         field(fields.sign, 2, fields.degrees.longest > 2 ? "W" : "N")};
     if (behind != nullptr) line += behind;
     AddRow(form, fields.degrees, degrees, line);
 }

@@ -150,6 +150,9 @@ private:
     {
         auto* parent = page.widget;
         auto* lines = Group(page.left, QObject::tr("This station"), parent);
+        lines->addRow(Hint(QObject::tr("Call sign, position, comment and status are needed; the rest can stay as it "
+                                       "is. Nothing is sent before you open a port."),
+                           parent));
         auto* call = FixedFor(8, BindField(setUp.CallSignTxt, parent));
         auto* ssid = BindNumber(setUp.SSIDLBL, parent);
         AddRow(lines, setUp.CallSignTxt, call, {LabelFor(ssid, setUp.SSIDLBL), ssid});
