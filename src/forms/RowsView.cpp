@@ -176,6 +176,13 @@ void RowsView::keyPressEvent(QKeyEvent* event)
     PlainTable::keyPressEvent(event);
 }
 
+void RowsView::focusInEvent(QFocusEvent* event)
+{
+    const bool outer = std::exchange(writing, true); // coming by picks no row
+    PlainTable::focusInEvent(event);
+    writing = outer;
+}
+
 void RowsView::selectionChanged(const QItemSelection& now, const QItemSelection& before)
 {
     PlainTable::selectionChanged(now, before);

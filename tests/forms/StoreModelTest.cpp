@@ -172,6 +172,18 @@ TEST_F(View, ClicksAndKeysSelectAndClick)
     EXPECT_EQ(view->currentIndex().row(), 7);
 }
 
+TEST_F(View, PicksNoRowWhenTheKeysComeToIt)
+{
+    int clicks = 0;
+    store.OnClick = [&] { ++clicks; };
+    QApplication::setActiveWindow(view.get());
+    view->setFocus();
+    EXPECT_TRUE(view->hasFocus());
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(store.Selected(), -1);
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+}
+
 TEST_F(View, CopiesRowsAsTheyAre)
 {
     store.Select(5);
