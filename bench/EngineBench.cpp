@@ -89,13 +89,13 @@ void StationsKnown(benchmark::State& state)
 BENCHMARK(StationsKnown)->Arg(1000)->Arg(10000)->Arg(31990);
 
 /// One kind of packet with 1,000 stations known.
-void KindOfPacket(benchmark::State& state, const char* info)
+void KindOfPacket(benchmark::State& state, const char* info, const char* dest = "APRS")
 {
     auto station = QuietStation();
     for (int i = 0; i < 1000; ++i) station->Hear(Report(i, 0), "TCPIP");
     int next = 0;
     for (auto _ : state) {
-        std::string line = Call(next++ % 1000) + ">APRS,WIDE1-1,WIDE2-1:" + info;
+        std::string line = Call(next++ % 1000) + ">" + dest + ",WIDE1-1,WIDE2-1:" + info;
         ProcessPacket(station->halvern, line, "TCPIP");
         if (station->halvern.TerminalFrm.RawPacketLst.Count() < 30000) continue;
         state.PauseTiming();
@@ -104,6 +104,7 @@ void KindOfPacket(benchmark::State& state, const char* info)
     }
     state.SetItemsProcessed(state.iterations());
 }
+BENCHMARK_CAPTURE(KindOfPacket, mic_e, "`(_fn\"Oj/]on the road", "S32U6T");
 BENCHMARK_CAPTURE(KindOfPacket, status, ">on the air");
 BENCHMARK_CAPTURE(KindOfPacket, message, ":Q9ZZZ    :hello{12");
 BENCHMARK_CAPTURE(KindOfPacket, message_to_us, ":Q0OWN    :hello{12");
@@ -112,6 +113,7 @@ BENCHMARK_CAPTURE(KindOfPacket, object, ";LEADER   *092345z4903.50N/07201.75W>08
 BENCHMARK_CAPTURE(KindOfPacket, weather, "_10090556c220s004g005t077r000p000P000h50b09900");
 BENCHMARK_CAPTURE(KindOfPacket, sentence, "$GPRMC,210000,A,4049.14,N,07308.41,W,12.5,088.4,010100,,*7C");
 BENCHMARK_CAPTURE(KindOfPacket, query, "?WX?");
+BENCHMARK_CAPTURE(KindOfPacket, query_answered, "?APRSP");
 
 } // namespace
 } // namespace halvern
