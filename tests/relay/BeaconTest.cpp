@@ -75,20 +75,6 @@ struct Beacons : testing::Test {
 
 const std::string Position = "=4049.14N/07308.41W-PHG5130 own";
 
-TEST_F(Beacons, ADayBeginsFastAndSettlesToItsRate)
-{
-    station.OpenTnc();
-    auto air = Air(24 * 3600);
-    std::vector<int> expected{0, 8, 24, 56};
-    for (int second = 116; second <= 24 * 3600; second += 600) expected.push_back(second);
-    EXPECT_EQ(Times(air, "radio"), expected);
-    ASSERT_EQ(air.size(), 2 * expected.size());
-    EXPECT_EQ(air[0], "0 radio Q0OWN>APHV01:" + Position);
-    EXPECT_EQ(air[1], "0 radio Q0OWN>APHV01:>here");
-    EXPECT_THAT(Times(air, "internet"), IsEmpty());
-    EXPECT_EQ(main.Timer2.Interval(), 60000);
-}
-
 TEST_F(Beacons, TheEngineHearsTheStatusFirst)
 {
     station.OpenTnc();

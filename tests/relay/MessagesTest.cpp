@@ -48,12 +48,7 @@ struct OwnMessages : testing::Test {
         station.OpenTnc();
         main.Timer2.Stop(); // the beacons are told elsewhere
     }
-    void Type(const std::string& to, const std::string& text)
-    {
-        form.SendCallTxt.SetText(to);
-        form.MsgTxt.SetText(text);
-        form.MsgTxt.Press(13);
-    }
+    void Type(const std::string& to, const std::string& text) { station.Type(to, text); }
     /// Seconds, from now, at which something goes out by radio.
     std::vector<int> SendTimes(int seconds)
     {
@@ -132,11 +127,8 @@ TEST_F(OwnMessages, TakeTheRoadOnWhichTheStationWasHeard)
         if (each.radio) fresh.OpenTnc();
         main.Timer2.Stop();
         if (each.internet) main.InternetSoc.Connect();
-        auto& form = fresh.halvern.MessageFrm;
-        form.MailUnPath.SetText(each.mailPath);
-        form.SendCallTxt.SetText("Q0AAA");
-        form.MsgTxt.SetText("hi");
-        form.MsgTxt.Press(13);
+        fresh.halvern.MessageFrm.MailUnPath.SetText(each.mailPath);
+        fresh.Type("Q0AAA", "hi");
         fresh.time.Wait(1);
         EXPECT_EQ(fresh.SentByRadio(),
                   each.byRadio ? std::vector<std::string>{each.byRadio} : std::vector<std::string>{});

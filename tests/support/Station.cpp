@@ -92,6 +92,20 @@ void Station::Hear(std::string line, std::string_view tag)
     ProcessPacket(halvern, line, tag);
 }
 
+void Station::SetCall(const std::string& call)
+{
+    halvern.SetUpfrm.CallSignTxt.SetText(call);
+    halvern.Engine.OwnCall = call;
+}
+
+void Station::Type(const std::string& to, const std::string& text)
+{
+    auto& form = halvern.MessageFrm;
+    form.SendCallTxt.SetText(to);
+    form.MsgTxt.SetText(text);
+    form.MsgTxt.Press('\r');
+}
+
 void Station::OpenTnc()
 {
     halvern.ConMdiFrm.PortTnc.Click();

@@ -46,6 +46,10 @@ public:
     void SetUp();
     /// One line as a port would hand it over.
     void Hear(std::string line, std::string_view tag = "TNC");
+    /// Becomes another station, of SSID 0.
+    void SetCall(const std::string& call);
+    /// Types a message on the Send tab, Enter included.
+    void Type(const std::string& to, const std::string& text);
     /// Presses the toggle of the TNC port and expects it to open.
     void OpenTnc();
     /// One frame as the TNC hands it over: the text line is what was said on the air.
