@@ -17,7 +17,10 @@ namespace {
 
 using test::RunFor;
 using test::RunUntil;
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 /// halvern-feed as a program of its own, with three packets to play.
 struct FeedTest : ::testing::Test {
@@ -66,26 +69,67 @@ struct Client {
     std::string heard;
 };
 
+/// A station of ours, logged in by its real Internet port.
+struct Member {
+    Member(int port, const std::string& call, const std::string& code)
+    {
+        station.SetUp();
+        station.SetCall(call);
+        auto& setUp = station.halvern.SetUpfrm;
+        setUp.IntDomainCombo.SetText("127.0.0.1");
+        setUp.APRServePortTxt.SetText(std::to_string(port));
+        setUp.APRServePassTxt.SetText(code);
+        setUp.APRServeFilterTxt.SetText("r/40/-73/100");
+        main.PortIp.Click();
+        EXPECT_TRUE(main.PortIp.Checked());
+        EXPECT_TRUE(RunUntil([&] { return raw.Count() == 3; })) << "the file";
+    }
+    void Send(const std::string& to, const std::string& text)
+    {
+        station.Type(to, text);
+        station.time.Wait(1);
+    }
+    /// Waits for a row among the station's own messages.
+    bool Shows(const std::string& row) const
+    {
+        return RunUntil([&] { return messages.IndexOf(row) != NotFound; });
+    }
+    test::Station station;
+    MainForm& main = station.halvern.ConMdiFrm;
+    const List& raw = station.halvern.TerminalFrm.RawPacketLst;
+    const List& messages = station.halvern.MessageFrm.MsgToYouLst;
+    QtSocketDevice real{main.InternetSoc};
+};
+
 TEST_F(FeedTest, AStationLogsInAndHearsTheFile)
 {
     Start({"--rate", "200"});
-    test::Station station;
-    station.SetUp();
-    auto& setUp = station.halvern.SetUpfrm;
-    QtSocketDevice real(station.halvern.ConMdiFrm.InternetSoc);
-    setUp.IntDomainCombo.SetText("127.0.0.1");
-    setUp.APRServePortTxt.SetText(std::to_string(port));
-    setUp.APRServePassTxt.SetText(APRSPasscode("Q0OWN"));
-    setUp.APRServeFilterTxt.SetText("r/40/-73/100");
-    station.halvern.ConMdiFrm.PortIp.Click();
-    ASSERT_TRUE(station.halvern.ConMdiFrm.PortIp.Checked());
-    const auto& raw = station.halvern.TerminalFrm.RawPacketLst;
-    EXPECT_TRUE(RunUntil([&] { return raw.Count() == 3; }));
-    EXPECT_THAT(test::Station::Rows(raw), ElementsAre("Q1AAA>APRS:>one", "Q1BBB>APRS:>tw\xF6", "Q1CCC>APRS:>three"));
+    Member member(port, "Q0OWN", APRSPasscode("Q0OWN"));
+    EXPECT_THAT(test::Station::Rows(member.raw),
+                ElementsAre("Q1AAA>APRS:>one", "Q1BBB>APRS:>tw\xF6", "Q1CCC>APRS:>three"));
     EXPECT_TRUE(RunUntil([&] { return Said("Q0OWN has heard all 3 lines"); }));
     EXPECT_TRUE(Said("is Q0OWN, verified")) << output;
-    station.halvern.ConMdiFrm.PortIp.Click();
+    member.main.PortIp.Click();
     EXPECT_TRUE(RunUntil([&] { return Said("Q0OWN gone"); }));
+}
+
+TEST_F(FeedTest, StationsOfOursTalkThroughIt)
+{
+    Start({"--check-login", "--rate", "0"});
+    Member one(port, "Q0AAA", APRSPasscode("Q0AAA")), two(port, "Q0BBB", APRSPasscode("Q0BBB"));
+    Member stranger(port, "Q0CCC", "12345");
+    one.Send("Q0BBB", "hello \xC0\xDB\xFC");
+    EXPECT_TRUE(two.Shows("Q0AAA>Q0BBB:1.hello \xC0\xDB\xFC"));
+    EXPECT_TRUE(one.Shows("Q0AAA>Q0BBB:1.hello \xC0\xDB\xFC MESSAGE RECEIVED"));
+    two.Send("Q0AAA", "and back");
+    EXPECT_TRUE(one.Shows("Q0BBB>Q0AAA:1.and back"));
+    EXPECT_TRUE(two.Shows("Q0BBB>Q0AAA:1.and back MESSAGE RECEIVED"));
+
+    stranger.Send("Q0AAA", "from nowhere");
+    EXPECT_TRUE(RunUntil([&] { return Said("Q0CCC>APHV01,TCPIP*::Q0AAA    :from nowhere{1"); }));
+    RunFor(50);
+    EXPECT_THAT(test::Station::Rows(one.raw), Not(Contains(HasSubstr("Q0CCC"))));
+    EXPECT_EQ(stranger.station.halvern.MessageFrm.OutMsg.Count(), 1) << "nobody has acked it";
 }
 
 TEST_F(FeedTest, TheFileIsPlayedAtItsRateAndInALoop)
