@@ -2,6 +2,7 @@
 #include "forms/MapView.h"
 
 #include <QtWidgets>
+#include <algorithm>
 
 #include "forms/Bind.h"
 #include "forms/Glyphs.h"
@@ -156,6 +157,37 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
         else
             Fire(form.Map1.OnMouseUp, ButtonOf(event), at.x, at.y);
     });
+}
+
+void MapView::StepCloser(int steps)
+{
+    auto& range = halvern.ConMdiFrm.ScaleCombo;
+    if (!range.Visible() || !range.Enabled() || range.Selected() < 0) return;
+    const int next = std::clamp(range.Selected() + steps, 0, range.Count() - 1);
+    FromScreen(range, [&] { range.Click(next); });
+}
+
+void MapView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_PageUp:
+        return StepCloser(1);
+    case Qt::Key_Minus:
+    case Qt::Key_PageDown:
+        return StepCloser(-1);
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void MapView::wheelEvent(QWheelEvent* event)
+{
+    wheelTurn += event->angleDelta().y();
+    const int steps = wheelTurn / QWheelEvent::DefaultDeltasPerStep;
+    wheelTurn -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0) StepCloser(steps);
+    event->accept();
 }
 
 QString MapView::TextAt(QPoint place) const

@@ -28,6 +28,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
@@ -35,6 +37,8 @@ private:
         double x, y;
     };
     ViewPoint InView(QPointF place) const;
+    /// Picks the range some steps closer, as the range selector would.
+    void StepCloser(int steps);
     void SettleSprites();
     void UsePointer();
     QFont LabelFont() const;
@@ -49,6 +53,7 @@ private:
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
     SpriteLayer sprites;
     QTimer settle;
+    int wheelTurn = 0; ///< what the wheel has turned since the last whole step
 };
 
 } // namespace halvern

@@ -81,6 +81,25 @@ TEST_F(MapWindow, TakesAClickADragAndASecondaryClick)
     EXPECT_EQ(halvern.Map.MapRange, 128);
 }
 
+TEST_F(MapWindow, StepsByKeysAndWheelWithoutAnyMode)
+{
+    QTest::keyClick(view, Qt::Key_Plus);
+    EXPECT_EQ(halvern.Map.MapRange, 64);
+    QTest::keyClick(view, Qt::Key_PageDown);
+    EXPECT_EQ(halvern.Map.MapRange, 128);
+    const auto turn = [&](int angle) {
+        QWheelEvent event(QPointF(5, 5), view->mapToGlobal(QPointF(5, 5)), {}, {0, angle}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view, &event);
+    };
+    turn(60); // half a step, as a fine wheel sends it
+    EXPECT_EQ(halvern.Map.MapRange, 128);
+    turn(60);
+    EXPECT_EQ(halvern.Map.MapRange, 64);
+    turn(120 * 30);
+    EXPECT_EQ(halvern.Map.MapRange, 1) << "the closest step is the last";
+}
+
 TEST_F(MapWindow, TellsThePlaceUnderThePointer)
 {
     QTest::mouseMove(view, PlaceOf(40.25, 75.5));
