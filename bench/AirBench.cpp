@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the station itself takes, ports simulated: from the bytes of a frame to those that answer it.
+#include <benchmark/benchmark.h>
+
+#include "support/Station.h"
+
+namespace halvern {
+namespace {
+
+constexpr int MostRaw = 30000;
+
+/// Hands the TNC's frames to a station in turn; each must be answered by one frame.
+void FrameToFrame(benchmark::State& state, const std::vector<std::string>& lines)
+{
+    test::Station station;
+    station.SetUp();
+    station.dialogs.Say = nullptr;
+    auto& port = station.halvern.ConMdiFrm.MSComm1;
+    auto& raw = station.halvern.TerminalFrm.RawPacketLst;
+    station.OpenTnc();
+    std::vector<std::string> frames;
+    for (const auto& line : lines) frames.push_back(test::FrameOf(line));
+    std::size_t next = 0;
+    for (auto _ : state) {
+        port.Arrived(frames[next++ % frames.size()]);
+        if (station.SentBy(port).size() != 1) return state.SkipWithError("not one frame out for a frame in");
+        if (raw.Count() < MostRaw) continue;
+        state.PauseTiming();
+        raw.Clear();
+        state.ResumeTiming();
+    }
+}
+
+/// The same 1,000 stations over and over.
+std::vector<std::string> Lines(const char* path, const char* info)
+{
+    std::vector<std::string> lines;
+    for (int i = 0; i < 1000; ++i)
+        lines.push_back("Q" + std::to_string(1000 + i) + ">APRS" + path + ":" + info + std::to_string(i));
+    return lines;
+}
+
+void Digipeat(benchmark::State& state)
+{
+    FrameToFrame(state, Lines(",Q0OWN,WIDE2-1", "!4903.50N/07201.75W>088/036 on the road "));
+}
+BENCHMARK(Digipeat)->Unit(benchmark::kMicrosecond);
+
+void Ack(benchmark::State& state)
+{
+    FrameToFrame(state, Lines(",WIDE2-1*", ":Q0OWN    :hello{"));
+}
+BENCHMARK(Ack)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace halvern
+
+BENCHMARK_MAIN();
