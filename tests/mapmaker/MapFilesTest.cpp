@@ -79,6 +79,19 @@ TEST_F(MapmakerFiles, WhatIsNoMapIsNamedAndRefused)
     }
 }
 
+TEST_F(MapmakerFiles, AFileOfOursTakesTheLinksPlaceAndFailureLeavesTheOldOne)
+{
+    WriteWhole(folder_ / "shared", "all read this");
+    std::filesystem::create_symlink(folder_ / "shared", folder_ / "own");
+    WriteWhole(folder_ / "own", "changed");
+    EXPECT_EQ(ReadWhole(folder_ / "shared"), "all read this");
+    EXPECT_EQ(ReadWhole(folder_ / "own"), "changed");
+    std::filesystem::create_directory(folder_ / "own.new"); // stands in the new file's way
+    EXPECT_THROW(WriteWhole(folder_ / "own", "half"), std::runtime_error);
+    EXPECT_EQ(ReadWhole(folder_ / "own"), "changed");
+    EXPECT_THROW(ReadWhole(folder_), std::runtime_error);
+}
+
 TEST_F(MapmakerFiles, AFrameTooLargeForTheFormatIsRefused)
 {
     EXPECT_THROW(WriteMap(folder_ / "a.map", {BodyFormat::LineFormat, {90, 3700, -90, 0}, 0, 0, 0}, {}),
@@ -142,6 +155,26 @@ TEST(MapmakerGeometry, SimplifyingKeepsEveryLeftOutVertexWithinTheTolerance)
     EXPECT_EQ(Simplify({{40, 90}, {40.002, 89.5}, {40, 89}}, 0.001).size(), 3u);
     const Path ring{{40, 90}, {41, 90}, {41, 89}, {40, 89}, {40, 90}};
     EXPECT_EQ(Simplify(ring, 0.1), ring);
+    const Path remote{{0, -20}, {0.0015, -20.5}, {0, -21}}; // where the shipped maps are coarser
+    EXPECT_EQ(Simplify(remote, 0.001), remote);
+    EXPECT_EQ(Simplify(remote, 0.001, Coarseness).size(), 2u);
+}
+
+TEST(MapmakerGeometry, APathAcrossTheDateLineGoesOn)
+{
+    const std::vector<std::pair<std::vector<double>, std::vector<double>>> cases{
+        {{-179, 179, 178}, {-179, -181, -182}},         // eastward past the line
+        {{179, -179, -178, 179}, {179, 181, 182, 179}}, // over and back
+        {{-179, 179, 179, -179}, {-179, -181, -181, -179}},
+        {{180, -180, -180}, {180, -180, -180}}, // around the globe
+        {{100, -70}, {100, -70}},               // less than half a turn
+    };
+    for (const auto& [before, after] : cases) {
+        Path path;
+        for (const double lon : before) path.push_back({1, lon});
+        TakeShortWays(path);
+        for (std::size_t i = 0; i < path.size(); ++i) EXPECT_EQ(path[i].lon, after[i]) << before[0] << " at " << i;
+    }
 }
 
 TEST(MapmakerGeometry, PiecesJoinWhereJustTwoOfAKindMeet)
@@ -200,6 +233,24 @@ TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
     EXPECT_EQ(look("lines", "waterway", "river"), "9");
     EXPECT_EQ(look("sea", "waterway", "dock"), "3");
     EXPECT_EQ(look("lines", "waterway", "dock"), "none");
+}
+
+TEST(MapmakerRules, WhatHoldsABlankStandsInQuotes)
+{
+    const Rules rules = Rules::Parse("\xEF\xBB\xBF\"my roads\" \"type=Major Highway\" 12 \"full name\"\r\n");
+    const auto field = [](const std::string&) { return std::string("Major Highway"); };
+    ASSERT_TRUE(rules.LookOf("my roads", field));
+    EXPECT_EQ(rules.LookOf("my roads", field)->nameField, "full name");
+    EXPECT_FALSE(rules.LookOf("roads", field));
+}
+
+TEST(MapmakerRules, ATagIsFoundAmongTheOthers)
+{
+    const std::string tags = R"("ref"=>"I 87","note"=>"a \"b\" \\ => c","lanes"=>"4")";
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"ref", "I 87"}, {"note", "a \"b\" \\ => c"}, {"lanes", "4"}, {"I 87", ""}, {"", ""}};
+    for (const auto& [name, value] : cases) EXPECT_EQ(TagOf(tags, name), value) << name;
+    EXPECT_EQ(TagOf("", "ref") + TagOf("\"ref", "ref") + TagOf("\"ref\"=>", "ref"), "");
 }
 
 TEST(MapmakerRules, ABadRuleIsNamedByItsRow)

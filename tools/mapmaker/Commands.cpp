@@ -8,10 +8,12 @@
 #include "VectorFile.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <iterator>
 #include <numbers>
+#include <regex>
 #include <set>
 #include <stdexcept>
 
@@ -26,10 +28,25 @@ double Cosine(double lat)
     return std::cos(lat * std::numbers::pi / 180);
 }
 
+Rules RulesOf(const Task& task)
+{
+    if (task.rules.empty()) return Rules(task.colour);
+    const std::string text = ReadWhole(task.rules);
+    try {
+        return Rules::Parse(text);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(task.rules.string() + ": " + error.what());
+    }
+}
+
 std::vector<DrawnLine> ReadInputs(const Task& task)
 {
     if (task.inputs.empty()) throw std::runtime_error("no vector file is named; --help tells how");
-    const Rules rules = task.rules.empty() ? Rules(task.colour) : Rules::Parse(ReadWhole(task.rules));
+    if (!std::filesystem::is_directory(task.data))
+        throw std::runtime_error(task.data.string() +
+                                 ": there is no such folder; --data names the one that holds dosmaps, "
+                                 "maplist and the others");
+    const Rules rules = RulesOf(task);
     std::vector<DrawnLine> lines;
     for (const std::filesystem::path& input : task.inputs) {
         std::vector<DrawnLine> more = ReadVectorFile(input, rules);
@@ -37,13 +54,20 @@ std::vector<DrawnLine> ReadInputs(const Task& task)
     }
     for (DrawnLine& line : lines)
         if (task.tolerance > 0) line.vertices = Simplify(line.vertices, task.tolerance);
-    if (lines.empty()) throw std::runtime_error("the vector files hold no line that the rules let through");
+    if (lines.empty())
+        throw std::runtime_error("the vector files hold no line that the rules let through; points aren't drawn");
     return lines;
 }
 
+/// The frame that was named, or the one that the lines fill.
 Box FrameFor(const Task& task, const std::vector<DrawnLine>& lines)
 {
-    if (task.frame.top > task.frame.bottom) return task.frame;
+    if (task.frame.top > task.frame.bottom) {
+        if (std::all_of(lines.begin(), lines.end(),
+                        [&](const DrawnLine& line) { return Clip(line.vertices, task.frame).empty(); }))
+            throw std::runtime_error("--box: no line lies in it");
+        return task.frame;
+    }
     Box frame = BoundsOf(lines.front().vertices);
     for (const DrawnLine& line : lines) {
         const Box bounds = BoundsOf(line.vertices);
@@ -55,26 +79,32 @@ Box FrameFor(const Task& task, const std::vector<DrawnLine>& lines)
     return frame;
 }
 
-void NoteIfSlow(const MapFigures& figures)
+std::string SlowNote(const MapFigures& figures)
 {
-    if (figures.points > CalmPoints)
-        std::printf("note: a map of more than %zu points draws slowly; --tolerance thins it out\n", CalmPoints);
+    if (figures.points <= CalmPoints) return "";
+    return "note: a map of more than " + std::to_string(CalmPoints) +
+           " points draws slowly; --tolerance thins it out\n";
 }
 
-void CheckName(const std::string& name)
+/// A name in small letters, so that no two differ by their letters' size only. Throws when it won't do for a file of
+/// at most `most` characters.
+std::string CheckedName(std::string name, std::size_t most)
 {
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::tolower(c); });
     const bool plain = std::all_of(name.begin(), name.end(), [](unsigned char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
+        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
     });
-    if (name.empty() || name.size() > 8 || !plain)
-        throw std::runtime_error("--name takes 1 to 8 letters, digits, - or _");
+    if (name.empty() || name.size() > most || !plain)
+        throw std::runtime_error("--name takes 1 to " + std::to_string(most) + " letters, digits, - or _");
+    return name;
 }
 
-void CheckSteps(int widest, int narrowest)
+/// Throws when a map of this name comes with the program: a new one in its place would leave a hole in the globe.
+void CheckNotShipped(const std::string& name)
 {
-    for (const int step : {widest, narrowest})
-        if (step != 0 && std::find(ListSteps.begin(), ListSteps.end(), step) == ListSteps.end())
-            throw std::runtime_error("--steps: " + std::to_string(step) + " isn't 2048, 1024, 512 ... 2 or 1");
+    static const std::regex shipped("world|globe|usa|[a-e](sea|[0-9]{2}[ns][0-9]{3}[ew])");
+    if (std::regex_match(name, shipped))
+        throw std::runtime_error("--name " + name + ": a map that comes with Halvern has this name; take another one");
 }
 
 /// The name of the map that the list gives for a centre: the first of the nearest.
@@ -108,75 +138,89 @@ int CoveredShare(const std::vector<ListEntry>& entries, const std::string& name,
     return chosen == 0 ? 100 : covered * 100 / chosen;
 }
 
-void Enlist(const LinesTask& task, const Box& frame)
+std::filesystem::path ListFile(const Task& task)
 {
-    const std::filesystem::path file = task.data / "maplist" / "maplist1.hvn";
-    MapList list = MapList::Read(file);
-    list.Remove(task.name);
+    return task.data / "maplist" / "maplist1.hvn";
+}
+
+void Enlist(const LinesTask& task, const std::string& name, const Box& frame, MapList list)
+{
+    list.Remove(name);
     int leastShare = 100;
     for (int step = task.widest; step >= task.narrowest; step /= 2) {
-        list.Add(step, {task.name, (frame.top + frame.bottom) / 2, (frame.left + frame.right) / 2});
-        leastShare = std::min(leastShare, CoveredShare(list.Entries(step), task.name, frame, step));
+        list.Add(step, {name, (frame.top + frame.bottom) / 2, (frame.left + frame.right) / 2});
+        leastShare = std::min(leastShare, CoveredShare(list.Entries(step), name, frame, step));
     }
     if (leastShare < 90)
         std::printf("note: only %d of 100 views that will choose this map, as the nearest, lie within it; a larger\n"
                     "      --box mends that, or the command add, which puts the lines into the maps that are there\n",
                     leastShare);
-    list.Write(file);
-    std::printf("%s: %s is entered for steps %d to %d\n", file.c_str(), task.name.c_str(), task.widest, task.narrowest);
+    list.Write(ListFile(task));
+    std::printf("%s: %s is entered for steps %d to %d\n", ListFile(task).c_str(), name.c_str(), task.widest,
+                task.narrowest);
 }
 
 /// Marks the names of lines that were added to a map, so that they can be taken out again.
 const std::string AddedMark = "+";
 
 /// Puts those lines that a map's frame holds behind its own. The map becomes one of ASCII, which keeps their precision.
-void AddToMap(const AddTask& task, const std::filesystem::path& file, const std::vector<DrawnLine>& lines)
+/// Returns what to tell of it, empty when the map stays as it is.
+std::string AddToMap(const AddTask& task, const std::filesystem::path& file, const std::vector<DrawnLine>& lines)
 {
     MapContent map = ReadMap(file);
     constexpr double Globe = 300;
-    if (map.plan.frame.left - map.plan.frame.right > Globe) return; // shared by cells far apart
+    if (map.plan.frame.left - map.plan.frame.right > Globe) return ""; // shared by cells far apart
     const std::size_t own = map.lines.size();
     if (!task.append) std::erase_if(map.lines, [](const DrawnLine& line) { return line.name.starts_with(AddedMark); });
     const std::size_t kept = map.lines.size();
     for (const DrawnLine& line : lines)
         if (!Clip(line.vertices, map.plan.frame).empty()) map.lines.push_back(line);
-    if (map.lines.size() == kept && kept == own) return;
+    if (map.lines.size() == kept && kept == own) return "";
     map.plan.format = BodyFormat::Ascii;
     map.plan.unitsPerDegree = std::max(map.plan.unitsPerDegree, task.unitsPerDegree);
     const MapFigures figures = WriteMap(file, map.plan, map.lines);
-    std::printf("%s: %zu lines added, %zu points in all\n", file.c_str(), map.lines.size() - kept, figures.points);
-    NoteIfSlow(figures);
+    return file.string() + ": " + std::to_string(own - kept) + " lines taken out, " +
+           std::to_string(map.lines.size() - kept) + " added, " + std::to_string(figures.points) + " points in all\n" +
+           SlowNote(figures);
 }
 
 } // namespace
 
 void MakeLines(const LinesTask& task)
 {
-    CheckName(task.name);
-    CheckSteps(task.widest, task.narrowest);
+    const std::string name = CheckedName(task.name, 8);
+    CheckNotShipped(name);
     const std::vector<DrawnLine> lines = ReadInputs(task);
+    const MapList list = task.widest > 0 ? MapList::Read(ListFile(task)) : MapList();
     const MapPlan plan{task.format, FrameFor(task, lines), task.unitsPerDegree, task.widest, task.narrowest};
-    const std::filesystem::path file = task.data / "dosmaps" / (task.name + ".map");
+    const std::filesystem::path file = task.data / "dosmaps" / (name + ".map");
     const MapFigures figures = WriteMap(file, plan, lines);
-    std::printf("%s: %zu points, %zu bytes\n", file.c_str(), figures.points, figures.bytes);
-    NoteIfSlow(figures);
-    if (task.widest > 0) Enlist(task, plan.frame);
+    std::printf("%s: %zu points, %zu bytes\n%s", file.c_str(), figures.points, figures.bytes,
+                SlowNote(figures).c_str());
+    if (task.widest > 0) Enlist(task, name, plan.frame, list);
 }
 
 void AddToMaps(const AddTask& task)
 {
-    CheckSteps(task.widest, task.narrowest);
     std::vector<DrawnLine> lines = ReadInputs(task);
     for (DrawnLine& line : lines) line.name = AddedMark + line.name;
-    const MapList list = MapList::Read(task.data / "maplist" / "maplist1.hvn");
+    const MapList list = MapList::Read(ListFile(task));
     std::set<std::string> names;
     for (int step = task.widest; step >= task.narrowest; step /= 2)
         for (const ListEntry& entry : list.Entries(step)) names.insert(entry.name);
-    Progress progress("Adding", names.size());
-    for (const std::string& name : names) {
-        AddToMap(task, task.data / "dosmaps" / (name + ".map"), lines);
-        progress.Step();
+    std::string report;
+    {
+        Progress progress("Adding", names.size());
+        for (const std::string& name : names) {
+            report += AddToMap(task, task.data / "dosmaps" / (name + ".map"), lines);
+            progress.Step();
+        }
     }
+    if (report.empty())
+        throw std::runtime_error(
+            "the lines touch none of these steps' maps. Where there is only sea the cells share a map, "
+            "which takes no lines: make a map of your own there, with the command lines");
+    std::fputs(report.c_str(), stdout);
 }
 
 void MakeTiles(const TilesTask& task)
@@ -201,13 +245,19 @@ void MakeTiles(const TilesTask& task)
 
 void MakePicture(const PictureTask& task)
 {
-    CheckName(task.name);
+    constexpr std::size_t LongestName = 40;
+    constexpr double Highest = 10000;
+    const std::string name = CheckedName(task.name, LongestName);
     const std::vector<DrawnLine> lines = ReadInputs(task);
     const Box frame = FrameFor(task, lines);
     const double shape =
         (frame.top - frame.bottom) / ((frame.left - frame.right) * Cosine((frame.top + frame.bottom) / 2));
+    if (!(task.width * shape <= Highest))
+        throw std::runtime_error(
+            "--box: the picture would be more than 10000 pixels high; a wider box or a smaller --width "
+            "mends that");
     const int height = std::max(1, static_cast<int>(std::lround(task.width * shape)));
-    const std::filesystem::path file = task.data / "bitmap" / (task.name + ".gif");
+    const std::filesystem::path file = task.data / "bitmap" / (name + ".gif");
     DrawPicture(file, frame, task.width, height, lines);
     std::printf("%s: %d by %d pixels\n", file.c_str(), task.width, height);
 }

@@ -137,11 +137,11 @@ double Coarseness(const Vertex& place)
     return place.lat < -60 ? PolarSeas : std::clamp(Elsewhere + (place.lat - 67) * 0.1, Elsewhere, PolarSeas);
 }
 
-Path Simplify(const Path& path, double tolerance)
+Path Simplify(const Path& path, double tolerance, double (*coarseness)(const Vertex&))
 {
     if (path.size() < 3) return path;
     std::vector<double> weights(path.size());
-    for (std::size_t i = 0; i < path.size(); ++i) weights[i] = 1 / std::pow(tolerance * Coarseness(path[i]), 2);
+    for (std::size_t i = 0; i < path.size(); ++i) weights[i] = 1 / std::pow(tolerance * coarseness(path[i]), 2);
     std::vector<bool> kept(path.size(), false);
     kept.front() = kept.back() = true;
     std::vector<std::pair<std::size_t, std::size_t>> spans{{0, path.size() - 1}};
@@ -165,6 +165,16 @@ Path Simplify(const Path& path, double tolerance)
     for (std::size_t i = 0; i < path.size(); ++i)
         if (kept[i]) simple.push_back(path[i]);
     return simple;
+}
+
+void TakeShortWays(Path& path)
+{
+    double turn = 0;
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        const double way = path[i].lon - (path[i - 1].lon - turn);
+        if (std::abs(way) != 360) turn -= 360 * std::round(way / 360);
+        path[i].lon += turn;
+    }
 }
 
 std::vector<Path> Clip(const Path& path, const Box& box)

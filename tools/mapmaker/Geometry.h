@@ -48,9 +48,19 @@ bool Touch(const Box& one, const Box& other);
 /// seas.
 double Coarseness(const Vertex& place);
 
+/// The same everywhere: 1.
+inline double EvenCoarseness(const Vertex&)
+{
+    return 1;
+}
+
 /// Leaves out the vertices that lie nearer than `tolerance` (degrees of latitude; longitude counts by its true length)
 /// to the line without them, times the coarseness there. The first and the last vertex stay.
-Path Simplify(const Path& path, double tolerance);
+Path Simplify(const Path& path, double tolerance, double (*coarseness)(const Vertex&) = EvenCoarseness);
+
+/// Lets a path that jumps by more than half a turn, as sources write one that crosses the date line, go on past 180
+/// instead. A jump of just one full turn is a parallel around the globe and stays.
+void TakeShortWays(Path& path);
 
 /// The pieces of `path` inside `box`. The path is taken at every full turn of the globe that brings it into the box, so
 /// that a box may reach past 180 degrees.

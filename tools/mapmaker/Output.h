@@ -7,8 +7,13 @@
 
 namespace halvern::mapmaker {
 
-/// Writes a file anew, its folder too when there is none. Throws std::runtime_error with the file's name on failure.
+/// Writes a file anew, its folder too when there is none: a new file takes the old one's place, so that there is never
+/// half a file, and a link to a file that others use gives way to a file of its own. Throws std::runtime_error with the
+/// file's name and the reason on failure.
 void WriteWhole(const std::filesystem::path& file, const std::string& bytes);
+
+/// From now on the signals that end the program take a half-written file away before.
+void LeaveNoHalfFiles();
 
 /// The bytes of a file. Throws std::runtime_error with the file's name when it can't be read.
 std::string ReadWhole(const std::filesystem::path& file);

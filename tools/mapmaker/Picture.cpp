@@ -3,6 +3,7 @@
 
 #include "Output.h"
 
+#include <cpl_vsi.h>
 #include <gdal_priv.h>
 
 #include <array>
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 namespace halvern::mapmaker {
 
@@ -36,7 +38,10 @@ constexpr std::array<std::array<short, 3>, 16> Palette{{{0, 0, 0},
 /// A raster of colour numbers.
 class Raster {
 public:
-    Raster(int width, int height) : width_(width), height_(height), pixels_(static_cast<std::size_t>(width * height)) {}
+    Raster(int width, int height)
+        : width_(width), height_(height), pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+    {
+    }
 
     void Line(double x1, double y1, double x2, double y2, int colour)
     {
@@ -61,8 +66,10 @@ struct Closer {
     void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
 };
 
-void WriteGif(const std::filesystem::path& file, Raster& raster, int width, int height)
+/// The bytes of a GIF file.
+std::string Gif(Raster& raster, int width, int height)
 {
+    const char* const name = "/vsimem/picture.gif";
     GDALAllRegister();
     GDALDriver* memory = GetGDALDriverManager()->GetDriverByName("MEM");
     GDALDriver* gif = GetGDALDriverManager()->GetDriverByName("GIF");
@@ -77,11 +84,14 @@ void WriteGif(const std::filesystem::path& file, Raster& raster, int width, int 
     }
     band->SetColorTable(&colours);
     if (band->RasterIO(GF_Write, 0, 0, width, height, raster.Pixels(), width, height, GDT_Byte, 0, 0) != CE_None)
-        throw std::runtime_error(file.string() + ": the picture can't be made");
-    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
-    if (!std::unique_ptr<GDALDataset, Closer>(
-            gif->CreateCopy(file.c_str(), picture.get(), FALSE, nullptr, nullptr, nullptr)))
-        throw std::runtime_error(file.string() + ": can't be written");
+        throw std::runtime_error("the picture can't be made");
+    if (!std::unique_ptr<GDALDataset, Closer>(gif->CreateCopy(name, picture.get(), FALSE, nullptr, nullptr, nullptr)))
+        throw std::runtime_error("this GDAL can't make the GIF file");
+    vsi_l_offset size = 0;
+    const GByte* bytes = VSIGetMemFileBuffer(name, &size, FALSE);
+    std::string text(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+    VSIUnlink(name);
+    return text;
 }
 
 } // namespace
@@ -96,7 +106,7 @@ void DrawPicture(const std::filesystem::path& gif, const Box& frame, int width, 
         for (const Path& piece : Clip(line.vertices, frame))
             for (std::size_t i = 1; i < piece.size(); ++i)
                 raster.Line(x(piece[i - 1]), y(piece[i - 1]), x(piece[i]), y(piece[i]), line.colour);
-    WriteGif(gif, raster, width, height);
+    WriteWhole(gif, Gif(raster, width, height));
     char text[96];
     std::snprintf(text, sizeof text, "%.6g\n%.6g\n%.6g\n%.6g\n", frame.top, -frame.left, frame.bottom, -frame.right);
     std::filesystem::path calibration = gif;

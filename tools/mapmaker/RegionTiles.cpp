@@ -95,7 +95,8 @@ void MakeRegionTiles(const std::vector<Feature>& features, const std::filesystem
     std::vector<Feature> shown;
     for (const Feature& feature : features)
         if (Wanted(feature))
-            shown.push_back({feature.what, feature.rank, feature.area, Simplify(feature.vertices, Tolerance)});
+            shown.push_back(
+                {feature.what, feature.rank, feature.area, Simplify(feature.vertices, Tolerance, Coarseness)});
     Progress progress("Region tiles", Regions.size());
     std::size_t bytes = 0;
     for (std::size_t region = 0; region < Regions.size(); ++region) {

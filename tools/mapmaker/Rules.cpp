@@ -2,10 +2,17 @@
 #include "Rules.h"
 
 #include <charconv>
+#include <iomanip>
 #include <sstream>
 #include <stdexcept>
 
 namespace halvern::mapmaker {
+
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+} // namespace
 
 Rules::Rules(int colour)
 {
@@ -18,17 +25,18 @@ Rules Rules::Parse(std::string_view text)
     std::istringstream rows{std::string(text)};
     std::string row;
     for (int number = 1; std::getline(rows, row); ++number) {
+        if (number == 1 && row.starts_with(ByteOrderMark)) row.erase(0, ByteOrderMark.size());
         std::istringstream parts{row.substr(0, row.find('#'))};
         std::vector<std::string> words;
-        for (std::string word; parts >> word;) words.push_back(word);
+        for (std::string word; parts >> std::quoted(word);) words.push_back(word);
         if (words.empty()) continue;
         try {
             rules.rules_.push_back(ParseRow(words));
         } catch (const std::runtime_error& error) {
-            throw std::runtime_error("rule in row " + std::to_string(number) + ": " + error.what());
+            throw std::runtime_error("row " + std::to_string(number) + ": " + error.what());
         }
     }
-    if (rules.rules_.empty()) throw std::runtime_error("the rule file holds no rule");
+    if (rules.rules_.empty()) throw std::runtime_error("holds no rule");
     return rules;
 }
 
@@ -52,6 +60,19 @@ Rules::Rule Rules::ParseRow(const std::vector<std::string>& words)
     }
     if (words.size() == 4 && words[3] != "-") rule.look.nameField = words[3];
     return rule;
+}
+
+std::string TagOf(const std::string& tags, const std::string& name)
+{
+    std::istringstream parts(tags);
+    std::string key;
+    std::string value;
+    char mark[3]{}; // => and a comma
+    while (parts >> std::quoted(key) >> mark[0] >> mark[1] >> std::quoted(value)) {
+        if (key == name) return value;
+        if (!(parts >> mark[2])) break;
+    }
+    return "";
 }
 
 std::optional<Look> Rules::LookOf(const std::string& layer,

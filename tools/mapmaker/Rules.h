@@ -15,12 +15,17 @@ struct Look {
     std::string nameField; ///< the field whose value names the line; empty: none
 };
 
+/// The value of a tag among those that a source keeps together in one field, as "key"=>"value","key"=>"value"; empty
+/// when it isn't there.
+std::string TagOf(const std::string& tags, const std::string& name);
+
 /// Which features of a vector file are drawn, and how: a small text of one rule a row,
 ///
 ///     layer  field=value  colour  [name field]
 ///
-/// where layer and value may be `*`, the whole condition may be `*`, and the colour is 0 to 15 or `skip`. The first
-/// rule that fits a feature decides; one that no rule fits is left out. `#` starts a remark.
+/// where layer and value may be `*`, the whole condition may be `*`, and the colour is 0 to 15 or `skip`. What holds a
+/// blank stands in quotes. The first rule that fits a feature decides; one that no rule fits is left out. `#` starts a
+/// remark.
 class Rules {
 public:
     /// Everything in one colour.

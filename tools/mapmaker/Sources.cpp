@@ -73,7 +73,7 @@ std::vector<Feature> LoadSources(const WorldSources& sources, double tolerance)
     AddBorders(LoadBorders(sources.gshhg / "binned_border_f.nc"), counties, all);
     AddCounties(counties, all);
     progress.Step();
-    for (Feature& feature : all) feature.vertices = Simplify(feature.vertices, tolerance);
+    for (Feature& feature : all) feature.vertices = Simplify(feature.vertices, tolerance, Coarseness);
     progress.Step();
     return all;
 }

@@ -6,6 +6,7 @@
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -27,7 +28,7 @@ struct Destroyer {
 using Transformation = std::unique_ptr<OGRCoordinateTransformation, Destroyer>;
 
 /// The way from a layer's coordinates to longitude and latitude; none when they are that already or nothing is said.
-Transformation WayToDegrees(const std::filesystem::path& file, const OGRLayer& layer)
+Transformation WayToDegrees(const OGRLayer& layer)
 {
     const OGRSpatialReference* from = const_cast<OGRLayer&>(layer).GetSpatialRef();
     if (!from) return nullptr;
@@ -38,7 +39,7 @@ Transformation WayToDegrees(const std::filesystem::path& file, const OGRLayer& l
     source.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     Transformation way(OGRCreateCoordinateTransformation(&source, &degrees));
     if (!way)
-        throw std::runtime_error(file.string() + ": no way is known from the coordinates of its layer \"" +
+        throw std::runtime_error(std::string("no way is known from the coordinates of its layer \"") +
                                  const_cast<OGRLayer&>(layer).GetName() + "\" to degrees");
     return way;
 }
@@ -50,6 +51,7 @@ void CollectPaths(const OGRGeometry& geometry, std::vector<Path>& paths)
     case wkbLinearRing: {
         Path path;
         for (const OGRPoint& point : *geometry.toLineString()) path.push_back({point.getY(), -point.getX()});
+        TakeShortWays(path);
         if (path.size() > 1) paths.push_back(std::move(path));
         return;
     }
@@ -74,21 +76,71 @@ std::string OneLine(std::string name)
     return name.substr(0, 80);
 }
 
-void AddFeature(const OGRFeature& feature, const std::string& layer, OGRCoordinateTransformation* way,
-                const Rules& rules, std::vector<DrawnLine>& lines)
+/// A field's text. What an OpenStreetMap extract has no field of its own for stands among its other tags.
+std::string FieldOf(const OGRFeature& feature, const std::string& name)
 {
-    const auto fieldOf = [&](const std::string& name) -> std::string {
-        const int index = feature.GetFieldIndex(name.c_str());
+    const auto text = [&](const char* field) -> std::string {
+        const int index = feature.GetFieldIndex(field);
         return index < 0 ? "" : const_cast<OGRFeature&>(feature).GetFieldAsString(index);
     };
+    return feature.GetFieldIndex(name.c_str()) < 0 ? TagOf(text("other_tags"), name) : text(name.c_str());
+}
+
+/// Throws when a place can't be one of the globe.
+void CheckPlaces(const OGRGeometry& geometry, const std::string& layer)
+{
+    constexpr double Slack = 1e-6;
+    OGREnvelope bounds;
+    geometry.getEnvelope(&bounds);
+    if (bounds.MinX >= -540 && bounds.MaxX <= 540 && bounds.MinY >= -90 - Slack && bounds.MaxY <= 90 + Slack) return;
+    throw std::runtime_error("the coordinates of its layer \"" + layer + "\" aren't degrees (" +
+                             std::to_string(bounds.MinX) + ", " + std::to_string(bounds.MinY) +
+                             "), and it doesn't say what they are; a shapefile says it in the .prj file beside it");
+}
+
+/// Adds a feature's lines. False: it has no place in degrees.
+bool AddFeature(const OGRFeature& feature, const std::string& layer, OGRCoordinateTransformation* way,
+                const Rules& rules, std::vector<DrawnLine>& lines)
+{
+    const auto fieldOf = [&](const std::string& name) { return FieldOf(feature, name); };
     const std::optional<Look> look = rules.LookOf(layer, fieldOf);
-    if (!look || !feature.GetGeometryRef()) return;
+    if (!look || !feature.GetGeometryRef() || feature.GetGeometryRef()->IsEmpty()) return true;
     const std::unique_ptr<OGRGeometry> geometry(feature.GetGeometryRef()->getLinearGeometry());
-    if (!geometry || (way && geometry->transform(way) != OGRERR_NONE)) return;
+    if (!geometry || (way && geometry->transform(way) != OGRERR_NONE)) return false;
+    CheckPlaces(*geometry, layer);
     std::vector<Path> paths;
     CollectPaths(*geometry, paths);
     const std::string name = look->nameField.empty() ? "" : OneLine(fieldOf(look->nameField));
     for (Path& path : paths) lines.push_back({look->colour, name, std::move(path)});
+    return true;
+}
+
+/// The next feature of any layer; none at the end. Throws when the file is damaged there.
+std::unique_ptr<OGRFeature> NextFeature(GDALDataset& dataset, OGRLayer*& layer, double& done)
+{
+    CPLErrorReset();
+    std::unique_ptr<OGRFeature> feature(dataset.GetNextFeature(&layer, &done, nullptr, nullptr));
+    if (CPLGetLastErrorType() == CE_Failure)
+        throw std::runtime_error(std::string("is damaged: ") + CPLGetLastErrorMsg());
+    return feature;
+}
+
+std::vector<DrawnLine> ReadFeatures(GDALDataset& dataset, const std::filesystem::path& file, const Rules& rules)
+{
+    std::map<OGRLayer*, Transformation> ways;
+    std::vector<DrawnLine> lines;
+    Progress progress("Reading " + file.filename().string(), ProgressSteps);
+    std::size_t shown = 0;
+    std::size_t nowhere = 0;
+    OGRLayer* layer = nullptr;
+    double done = 0;
+    while (const std::unique_ptr<OGRFeature> feature = NextFeature(dataset, layer, done)) {
+        if (!ways.contains(layer)) ways[layer] = WayToDegrees(*layer);
+        if (!AddFeature(*feature, layer->GetName(), ways[layer].get(), rules, lines)) ++nowhere;
+        for (; static_cast<double>(shown) < done * ProgressSteps; ++shown) progress.Step();
+    }
+    if (nowhere > 0) std::printf("note: %zu features have no place in degrees and are left out\n", nowhere);
+    return lines;
 }
 
 } // namespace
@@ -100,18 +152,11 @@ std::vector<DrawnLine> ReadVectorFile(const std::filesystem::path& file, const R
         GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
     if (!dataset)
         throw std::runtime_error(file.string() + ": GDAL can't read this as a vector file. " + CPLGetLastErrorMsg());
-    std::map<OGRLayer*, Transformation> ways;
-    std::vector<DrawnLine> lines;
-    Progress progress("Reading " + file.filename().string(), ProgressSteps);
-    std::size_t shown = 0;
-    OGRLayer* layer = nullptr;
-    double done = 0;
-    while (const std::unique_ptr<OGRFeature> feature{dataset->GetNextFeature(&layer, &done, nullptr, nullptr)}) {
-        if (!ways.contains(layer)) ways[layer] = WayToDegrees(file, *layer);
-        AddFeature(*feature, layer->GetName(), ways[layer].get(), rules, lines);
-        for (; static_cast<double>(shown) < done * ProgressSteps; ++shown) progress.Step();
+    try {
+        return ReadFeatures(*dataset, file, rules);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(file.string() + ": " + error.what());
     }
-    return lines;
 }
 
 } // namespace halvern::mapmaker

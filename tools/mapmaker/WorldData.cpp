@@ -63,7 +63,8 @@ std::vector<Feature> FeaturesFor(const Level& level, const std::vector<Feature>&
     std::vector<Feature> shown;
     for (const Feature& feature : features)
         if (Wanted(feature, level))
-            shown.push_back({feature.what, feature.rank, feature.area, Simplify(feature.vertices, level.tolerance)});
+            shown.push_back(
+                {feature.what, feature.rank, feature.area, Simplify(feature.vertices, level.tolerance, Coarseness)});
     return shown;
 }
 
@@ -117,8 +118,9 @@ std::vector<DrawnLine> LinesIn(const Box& frame, const std::vector<Stretch>& str
             if (!Touch({at.top, at.left + turn, at.bottom, at.right + turn}, frame)) continue;
             for (std::size_t i = 0; i < Styles.size(); ++i)
                 if (Styles[i].what == stretch.what)
-                    byStyle[i].push_back({Styles[i].colour, Styles[i].name,
-                                          tolerance > 0 ? Simplify(stretch.vertices, tolerance) : stretch.vertices});
+                    byStyle[i].push_back(
+                        {Styles[i].colour, Styles[i].name,
+                         tolerance > 0 ? Simplify(stretch.vertices, tolerance, Coarseness) : stretch.vertices});
             break; // clipping looks at every turn by itself
         }
     std::vector<DrawnLine> lines;
@@ -247,7 +249,7 @@ void MakeWorld(const WorldSources& sources, const std::filesystem::path& data)
     for (auto level = Levels.rbegin(); level != Levels.rend(); ++level) {
         const std::vector<Feature> shown = FeaturesFor(*level, features);
         MakeLevel(*level, shown, maps, list);
-        for (Feature& feature : features) feature.vertices = Simplify(feature.vertices, level->tolerance);
+        for (Feature& feature : features) feature.vertices = Simplify(feature.vertices, level->tolerance, Coarseness);
     }
     for (const SingleMap& map : SingleMaps) MakeSingle(map, features, maps);
     list.Add(ListSteps[0], {"globe", 0, 0});

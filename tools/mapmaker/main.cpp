@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Commands.h"
+#include "MapList.h"
+#include "Output.h"
 #include "WorldData.h"
 
 #include <cpl_error.h>
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <functional>
@@ -21,7 +25,7 @@ constexpr const char* Help = R"(mapmaker: makes maps for Halvern from vector fil
   mapmaker lines --name NAME [options] FILE...
       A map from all vector files that GDAL reads (GeoJSON, shapefile, OpenStreetMap
       extract...): DATA/dosmaps/NAME.map, and with --steps its place in the map list.
-        --name NAME       1 to 8 letters or digits
+        --name NAME       1 to 8 letters, digits, - or _; capitals become small
         --steps W-N       enter the map into DATA/maplist/maplist1.hvn for the range
                           steps W down to N, e.g. 16-1; the program takes the map
                           whose centre is nearest to that of the view
@@ -51,6 +55,7 @@ Options of lines, add, tiles and picture:
   --data DATA       the folder that holds dosmaps, maplist...; "data" if not given
   --rules FILE      which features are drawn and how; one rule a row, the first that fits
                     decides:  layer  field=value  colour (0 to 15) or skip  [name field]
+                    (in quotes what holds a blank: "type=Major Highway")
                       *      highway=motorway  14  ref
                       lines  waterway=*         9  name
                       *      *                  skip
@@ -93,10 +98,13 @@ Arguments Split(int count, char** words)
     Arguments arguments;
     for (int i = 2; i < count; ++i) {
         const std::string word = words[i];
-        if (!word.starts_with("--")) {
+        const std::size_t equals = word.find('=');
+        if (!word.starts_with("-")) {
             arguments.files.emplace_back(word);
         } else if (word == "--append") {
             arguments.options[word] = "yes";
+        } else if (equals != std::string::npos) {
+            arguments.options[word.substr(0, equals)] = word.substr(equals + 1);
         } else if (i + 1 < count) {
             arguments.options[word] = words[++i];
         } else {
@@ -111,7 +119,8 @@ template <typename Value> Value Number(const std::string& option, const std::str
     Value value{};
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end) throw std::runtime_error(option + ": \"" + text + "\" isn't a number");
+    if (error != std::errc() || stop != end || !std::isfinite(static_cast<double>(value)))
+        throw std::runtime_error(option + ": \"" + text + "\" isn't a number");
     return value;
 }
 
@@ -131,7 +140,9 @@ Box ParseBox(const std::string& text)
     std::vector<double> edges;
     for (std::string part; std::getline(parts, part, ',');) edges.push_back(Number<double>("--box", part));
     if (edges.size() != 4 || edges[0] <= edges[2] || edges[0] > 90 || edges[2] < -90 || edges[1] >= edges[3])
-        throw std::runtime_error("--box takes north,west,south,east in degrees, west and south negative");
+        throw std::runtime_error(
+            "--box takes north,west,south,east in degrees, west and south negative; the east edge of\n"
+            "a box across the date line lies beyond 180: --box -15,177,-20,182");
     return {edges[0], -edges[1], edges[2], -edges[3]};
 }
 
@@ -143,15 +154,20 @@ void TakeCommon(Arguments& arguments, Task& task)
     task.colour = Whole(arguments, "--colour", 7, 0, 15);
     task.frame = ParseBox(arguments.Take("--box", ""));
     task.tolerance = Number<double>("--tolerance", arguments.Take("--tolerance", "0"));
+    if (task.tolerance < 0) throw std::runtime_error("--tolerance takes degrees, 0 or more");
 }
 
-/// "16-1" or just "16".
+/// "16-1" or just "16"; an empty text leaves both 0.
 template <typename StepsTask> void TakeSteps(StepsTask& task, const std::string& steps)
 {
+    if (steps.empty()) return;
     const std::size_t dash = steps.find('-');
     task.widest = Number<int>("--steps", steps.substr(0, dash));
     task.narrowest = dash == std::string::npos ? task.widest : Number<int>("--steps", steps.substr(dash + 1));
-    if (task.widest < task.narrowest) throw std::runtime_error("--steps takes e.g. 16-1");
+    for (const int step : {task.widest, task.narrowest})
+        if (std::find(ListSteps.begin(), ListSteps.end(), step) == ListSteps.end())
+            throw std::runtime_error("--steps: " + std::to_string(step) + " isn't 2048, 1024, 512 ... 2 or 1");
+    if (task.widest < task.narrowest) throw std::runtime_error("--steps takes the wider step first, e.g. 16-1");
 }
 
 void Lines(Arguments& arguments)
@@ -163,7 +179,7 @@ void Lines(Arguments& arguments)
     if (format != "ascii" && format != "line") throw std::runtime_error("--format takes ascii or line");
     task.format = format == "ascii" ? BodyFormat::Ascii : BodyFormat::LineFormat;
     task.unitsPerDegree = Whole(arguments, "--units", task.unitsPerDegree, 1, 1000000);
-    TakeSteps(task, arguments.Take("--steps", "0"));
+    TakeSteps(task, arguments.Take("--steps", ""));
     arguments.CheckNoneLeft();
     MakeLines(task);
 }
@@ -214,9 +230,11 @@ int main(int count, char** words)
     const std::map<std::string, std::function<void(Arguments&)>> commands{
         {"lines", Lines}, {"add", Add}, {"tiles", Tiles}, {"picture", Pictures}, {"world", World}};
     CPLSetErrorHandler(CPLQuietErrorHandler); // what matters of GDAL's messages goes into ours
+    LeaveNoHalfFiles();
     try {
         for (int i = 1; i < count; ++i)
-            if (std::string(words[i]) == "--help") return std::fputs(Help, stdout) < 0;
+            if (std::string(words[i]) == "--help" || std::string(words[i]) == "-h")
+                return std::fputs(Help, stdout) < 0 || std::fflush(stdout) != 0;
         const auto command = commands.find(count > 1 ? words[1] : "");
         if (command == commands.end())
             throw std::runtime_error("the commands are lines, add, tiles, picture, world; --help tells more");
