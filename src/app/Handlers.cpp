@@ -10,12 +10,15 @@
 #include "config/StartUp.h"
 #include "engine/ResetStores.h"
 #include "map/BitmapMap.h"
+#include "map/Find.h"
 #include "map/FirstMap.h"
 #include "map/Geometry.h"
 #include "map/MapCommand.h"
 #include "map/MapMouse.h"
-#include "map/Plotting.h"
+#include "map/MapPicture.h"
+#include "map/Phg.h"
 #include "map/Redraw.h"
+#include "map/StationInfo.h"
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
@@ -168,6 +171,25 @@ void ConnectMapMenu(Halvern& halvern)
         };
 }
 
+void ConnectFind(Halvern& halvern)
+{
+    auto& found = halvern.FindFoundFrm;
+    found.OnActivate = [&] { ListFound(halvern); };
+    found.OkCmd.OnClick = [&] { PickFound(halvern); };
+    found.CancelCmd.OnClick = [&] { found.Hide(); };
+    auto& find = halvern.FindFrm;
+    find.OnActivate = [&] { ShowFound(halvern); };
+    find.GoToCmd.OnClick = [&] { GoToFound(halvern); };
+    find.FindCloseCmd.OnClick = [&] { find.Hide(); };
+    auto& main = halvern.ConMdiFrm;
+    main.InfoMenu.OnClick = [&] { ShowInformation(halvern); };
+    main.WXInfo.OnClick = [&] { ShowWeatherOf(halvern); };
+    main.CgiFinduMenu.OnClick = [&] { LookUpOnTheWeb(halvern); };
+    halvern.InformationFrm.CloseCmd.OnClick = [&] { halvern.InformationFrm.Hide(); };
+    halvern.ChosePrinter.OkCmd.OnClick = [&] { PickPrinter(halvern); };
+    halvern.ChosePrinter.CancelCmd.OnClick = [&] { halvern.ChosePrinter.Hide(); };
+}
+
 void ConnectMessages(Halvern& halvern)
 {
     auto& form = halvern.MessageFrm;
@@ -212,6 +234,7 @@ void ConnectHandlers(Halvern& halvern)
     ConnectTransmitter(halvern);
     ConnectMapMenu(halvern);
     ConnectMap(halvern);
+    ConnectFind(halvern);
     ConnectMessages(halvern);
     ConnectPathBuilder(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {

@@ -9,6 +9,7 @@
 namespace halvern {
 
 inline constexpr int ChildWindows = 10;
+inline constexpr int WeatherWindow = 9;
 
 /// Window 1 to 10, in the order of the View menu.
 Form& ChildWindow(Halvern& halvern, int window);

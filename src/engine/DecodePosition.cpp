@@ -5,6 +5,7 @@
 #include "engine/ResetStores.h"
 #include "engine/UtcTime.h"
 #include "map/Geometry.h"
+#include "map/Phg.h"
 #include "map/Plotting.h"
 #include "map/SymbolFile.h"
 #include "state/Rows.h"

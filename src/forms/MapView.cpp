@@ -25,7 +25,7 @@ MouseButton ButtonOf(const QMouseEvent* event)
 MapView::MapView(Halvern& halvern, QWidget* parent)
     : QWidget(parent), halvern(halvern), form(halvern.MapFrm), sprites(halvern.MapFrm)
 {
-    for (Surface* surface : {&form.Map1, &form.Pic1, &form.Pic2, &form.PrintPicBox})
+    for (Surface* surface : form.Surfaces())
         drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
     BindCommon(this, form.Map1);

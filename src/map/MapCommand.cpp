@@ -2,7 +2,9 @@
 #include "map/MapCommand.h"
 
 #include "config/MapKind.h"
+#include "map/Find.h"
 #include "map/Geometry.h"
+#include "map/MapPicture.h"
 
 namespace halvern {
 namespace {
@@ -72,8 +74,9 @@ struct Command {
 };
 
 constexpr Command Commands[] = {
-    {"PanMap", PanMap},    {"ZoomLast", ZoomLast}, {"ZoomUSA", ZoomUsa},
-    {"UsgsMap", ShowUsgs}, {"DosMap", ShowDos},    {"BitMap", ShowBitMap},
+    {"PanMap", PanMap},     {"ZoomLast", ZoomLast},  {"ZoomUSA", ZoomUsa},  {"FindCallSign", FindCallSign},
+    {"PrintMap", PrintMap}, {"SaveBitMap", SaveMap}, {"UsgsMap", ShowUsgs}, {"DosMap", ShowDos},
+    {"BitMap", ShowBitMap},
 };
 
 } // namespace

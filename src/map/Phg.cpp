@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "map/Phg.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "engine/PositionText.h"
 #include "map/MobileSymbol.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
 #include "state/Rows.h"
 
@@ -17,14 +18,12 @@ constexpr std::string_view UsualCode = "5130";  ///< of a fixed station that sen
 constexpr std::string_view MobileCode = "3020"; ///< of everything that moves, and of objects
 constexpr double DegreesPerUnit = 0.015625 * 2;
 
-/// Power, height, gain and direction of a row, four digits.
+/// The four digits that count for a row.
 std::string_view CodeOf(std::string_view row)
 {
     if (ColumnAt(row, positionRow::Type) == ';' || IsMobile(ColumnAt(row, positionRow::Code))) return MobileCode;
-    const auto code = Columns(row, 41, 4);
-    const bool sent =
-        Columns(row, 38, 3) == "PHG" && code.size() == 4 && std::all_of(code.begin(), code.end(), IsDigit);
-    return sent ? code : UsualCode;
+    const auto sent = SentPhg(row);
+    return sent.empty() ? UsualCode : sent;
 }
 
 bool PassesFilter(const EngineState& engine, std::string_view row)
@@ -37,12 +36,9 @@ bool PassesFilter(const EngineState& engine, std::string_view row)
 }
 
 /// Reach of a station; half of it for a mobile one.
-double RadiusOf(std::string_view code, int mode)
+double RadiusOf(const Phg& phg, int mode)
 {
-    const double power = (code[0] - '0') * (code[0] - '0');
-    const double height = 10 * std::pow(2, code[1] - '0');
-    const double gain = std::pow(10, (code[2] - '0') / 10.0);
-    return std::sqrt(2 * height * std::sqrt((power / 10) * (gain / 2))) / (mode == 0 ? 2 : 4);
+    return std::sqrt(2 * phg.height * std::sqrt((phg.power / 10) * (phg.gain / 2))) / (mode == 0 ? 2 : 4);
 }
 
 struct Centre {
@@ -71,13 +67,24 @@ void MoveCentre(Centre& centre, const Centre& station, double direction, double 
                       station.longitude + push.longitudeBySine * sine + push.longitudeByCosine * cosine};
 }
 
-double DirectionOf(const List& directions, char digit)
+} // namespace
+
+std::string_view SentPhg(std::string_view row)
 {
-    const int index = digit - '0';
-    return index < directions.Count() ? LeadingNumber(directions.Row(index)) : 0;
+    const auto code = Columns(row, 41, 4);
+    const bool sent =
+        Columns(row, 38, 3) == "PHG" && code.size() == 4 && std::all_of(code.begin(), code.end(), IsDigit);
+    return sent ? code : std::string_view{};
 }
 
-} // namespace
+Phg ReadPhg(const List& directions, std::string_view digits)
+{
+    const auto digit = [&](std::size_t place) { return digits[place] - '0'; };
+    return {.power = static_cast<double>(digit(0) * digit(0)),
+            .height = 10 * std::pow(2, digit(1)),
+            .gain = std::pow(10, digit(2) / 10.0),
+            .direction = digit(3) < directions.Count() ? LeadingNumber(directions.Row(digit(3))) : 0};
+}
 
 void PlotPhg(Halvern& halvern, int mode, int start)
 {
@@ -87,11 +94,11 @@ void PlotPhg(Halvern& halvern, int mode, int start)
     for (int i = start; i < stations.Count(); ++i) {
         const std::string_view row = stations.Row(i);
         if (ColumnAt(row, positionRow::State) == mark::Killed) continue;
-        const auto code = CodeOf(row);
-        const double radius = RadiusOf(code, mode);
+        const auto phg = ReadPhg(halvern.SetUpfrm.PhgDirLst, CodeOf(row));
+        const double radius = RadiusOf(phg, mode);
         MoveCentre(centre,
                    {LatTextToDegrees(positionRow::Latitude(row)), LonTextToDegrees(positionRow::Longitude(row))},
-                   DirectionOf(halvern.SetUpfrm.PhgDirLst, code[3]), radius / range);
+                   phg.direction, radius / range);
         if (PassesFilter(halvern.Engine, row))
             halvern.MapFrm.Map1.Circle(centre.longitude, centre.latitude, radius * DegreesPerUnit, colour::BrightWhite);
     }

@@ -37,9 +37,4 @@ void ReplotStations(Halvern& halvern);
 /// places in the new view, unless this was the first map of the run, which has no stations yet.
 void FinishLineMap(Halvern& halvern);
 
-/// Range circles for the stations from row `start` on. @param mode  0 fixed, 1 mobile
-void PlotPhg(Halvern& halvern, int mode, int start);
-/// Switches the circles of a menu item on or off. Circles that stand stay until the next map is drawn.
-void TogglePhg(Halvern& halvern, MenuItem& item, int mode);
-
 } // namespace halvern

@@ -5,7 +5,7 @@
 
 #include "map/DosMap.h"
 #include "map/Geometry.h"
-#include "map/Plotting.h"
+#include "map/Phg.h"
 #include "map/UsgsMap.h"
 
 namespace halvern {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Controls.h"
+#include "platform/Surface.h"
 
 namespace halvern {
 
@@ -40,6 +41,9 @@ public:
     virtual std::vector<std::string> Printers() = 0;
     /// Prints what stands on a surface, fitted to the page. @return what went wrong, or an empty text.
     virtual std::string Print(const std::string& printer, Control& surface) = 0;
+    /// Puts a picture of the whole screen on a surface, once no box stands on it any more. Leaves the surface as it is
+    /// where no such picture can be had.
+    virtual void CaptureScreen(Surface& onto) = 0;
     virtual void Browse(const std::string& address) = 0;
     virtual void Help(const std::string& file) = 0;
     /// A text file in a window with its name as the title.

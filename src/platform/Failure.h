@@ -28,7 +28,9 @@ inline constexpr int FileNotFound = 53;
 inline constexpr int FileAlreadyOpen = 55;
 inline constexpr int DiskFull = 61;
 inline constexpr int PastEndOfFile = 62;
+inline constexpr int FileAccess = 75;
 inline constexpr int InvalidPicture = 481;
+inline constexpr int Printer = 482;
 } // namespace failure
 
 /// Adds one to a 16-bit counter. @throws RuntimeFailure past 32767.

@@ -49,8 +49,20 @@ void Surface::Picture(const std::string& file, int wide, int high)
 
 void Surface::Keep(Surface& other)
 {
-    for (std::size_t i = 0; i < std::min(painters.size(), other.painters.size()); ++i)
-        painters[i]->Keep(*other.painters[i]);
+    for (auto* painter : painters)
+        for (auto* from : other.painters) painter->Keep(*from);
+}
+
+void Surface::WhitenGround()
+{
+    for (auto* painter : painters) painter->WhitenGround();
+}
+
+std::string Surface::Bitmap() const
+{
+    std::string bytes;
+    for (std::size_t i = 0; i < painters.size() && bytes.empty(); ++i) bytes = painters[i]->Bitmap();
+    return bytes;
 }
 
 void Surface::SetSize(int wide, int high)

@@ -49,8 +49,12 @@ public:
     virtual void Circle(double x, double y, double radius, int colour) = 0;
     /// A picture file, from the top-left corner, `width` by `height` pixels.
     virtual void Picture(const std::string& file, int width, int height) = 0;
-    /// What stands on another surface becomes the lasting picture of this one.
+    /// What stands on another surface becomes the lasting picture of this one, if both are of a kind.
     virtual void Keep(Painter& other) = 0;
+    /// Black pixels of what stands here become white.
+    virtual void WhitenGround() {}
+    /// What stands here as the bytes of a BMP file; none from a painter that makes no pictures.
+    virtual std::string Bitmap() { return {}; }
 };
 
 /// How a box meets what is drawn already: the box of a drag takes itself away with Invert before it is drawn anew.
@@ -74,8 +78,12 @@ public:
     void Box(double x1, double y1, double x2, double y2, int colour);
     void Circle(double x, double y, double radius, int colour);
     void Picture(const std::string& file, int width, int height);
-    /// The picture of `other` becomes the lasting picture of this surface; painters pair up in the order of attaching.
+    /// The picture of `other` becomes the lasting picture of this surface; painters of a kind pair up.
     void Keep(Surface& other);
+    /// Black becomes white until the next Clear, for paper.
+    void WhitenGround();
+    /// The picture as the bytes of a BMP file, or nothing where nobody makes one.
+    std::string Bitmap() const;
 
     const ViewFrame& Frame() const { return frame; }
     /// Size in pixels of an ordinary screen.

@@ -143,6 +143,8 @@ struct ChosePrinterForm : Form {
     List PrinterLst{*this, "PrinterLst"};
     Button OkCmd{*this, "OkCmd", "&OK"};
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
+    std::string Printer; ///< the one that was chosen last
+    bool Chosen = false; ///< it was closed by OK
 };
 
 struct PosAlarmForm : Form {

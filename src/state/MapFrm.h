@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -19,6 +20,7 @@ struct MapForm : Form {
     Surface Pic1{*this, "Pic1"};
     Surface Pic2{*this, "Pic2"};
     Surface PrintPicBox{*this, "PrintPicBox"};
+    std::array<Surface*, 4> Surfaces() { return {&Map1, &Pic1, &Pic2, &PrintPicBox}; }
     SpriteArray<PictureSprite> SymPic{*this, "SymPic"};
     SpriteArray<LabelSprite> SymLbl{*this, "SymLbl"};
 

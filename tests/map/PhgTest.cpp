@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "map/MapStation.h"
-#include "map/Plotting.h"
+#include "map/Phg.h"
 
 namespace halvern::test {
 namespace {

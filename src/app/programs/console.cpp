@@ -21,6 +21,8 @@
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
 #include "forms/Windows.h"
+#include "platform/qt/MapPainter.h"
+#include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/StationFolder.h"
 
@@ -164,8 +166,12 @@ int RunConsole(const Options& options)
         real.emplace(halvern.All, options.directory);
     }
     ConnectHandlers(halvern);
+    std::deque<MapPainter> painters; // without windows there is nobody else who makes pictures of maps
     std::optional<Windows> windows;
-    if (options.windows) {
+    if (!options.windows) {
+        for (auto* surface : halvern.MapFrm.Surfaces()) painters.emplace_back(*surface);
+    } else {
+        dialogs.Screen = [&](Surface& onto) { ShowImage(onto, windows->Main().grab().toImage()); };
         windows.emplace(halvern);
         world.SavePicture = [&windows](Form& form, const std::string& file) {
             return windows->SavePicture(form, file);

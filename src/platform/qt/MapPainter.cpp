@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/MapPainter.h"
 
+#include <span>
 #include <utility>
 
+#include <QBuffer>
 #include <QPainter>
 
 #include "platform/Files.h"
@@ -41,6 +43,7 @@ void MapPainter::Clear()
     kept.clear();
     list = std::make_shared<DisplayList>(frame);
     band.reset();
+    whiteGround = false;
     Changed();
 }
 
@@ -89,7 +92,34 @@ void MapPainter::Keep(Painter& other)
     Changed();
 }
 
+void MapPainter::WhitenGround()
+{
+    whiteGround = true;
+    Changed();
+}
+
+std::string MapPainter::Bitmap()
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    Image({surface.Width(), surface.Height()}).save(&buffer, "BMP");
+    return bytes.toStdString();
+}
+
 const QImage& MapPainter::Image(QSize size, qreal ratio)
+{
+    const auto& layers = Layers(size, ratio);
+    if (!whiteGround) return layers;
+    image = layers.copy();
+    for (int y = 0; y < image.height(); ++y)
+        for (auto& pixel :
+             std::span(reinterpret_cast<QRgb*>(image.scanLine(y)), static_cast<std::size_t>(image.width())))
+            if ((pixel & 0xFFFFFF) == 0) pixel = qRgb(255, 255, 255);
+    return image;
+}
+
+/// All layers together, on black.
+const QImage& MapPainter::Layers(QSize size, qreal ratio)
 {
     const bool fresh = !std::exchange(stale, false);
     const auto devicePixels = (QSizeF(size) * ratio).toSize().expandedTo({1, 1});

@@ -29,7 +29,7 @@ public:
     MapPainter(const MapPainter&) = delete;
     MapPainter& operator=(const MapPainter&) = delete;
 
-    /// The map as it stands, on black, without the rubber band.
+    /// The map as it stands, on its ground, without the rubber band.
     ///
     /// @param size   in pixels of an ordinary screen
     /// @param ratio  device pixels to each of those
@@ -53,9 +53,13 @@ public:
     void Circle(double x, double y, double radius, int colour) override;
     void Picture(const std::string& file, int width, int height) override;
     void Keep(Painter& other) override;
+    void WhitenGround() override;
+    /// Of the surface's size, on an ordinary screen.
+    std::string Bitmap() override;
 
 private:
     DisplayList& Changed();
+    const QImage& Layers(QSize size, qreal ratio);
 
     Surface& surface;
     std::vector<std::shared_ptr<DisplayList>> kept; ///< the lasting picture, from the ground up
@@ -64,6 +68,7 @@ private:
     std::optional<ViewFrame> band;
     QImage image; ///< all layers together, where there is more than one
     bool stale = false;
+    bool whiteGround = false;
 };
 
 } // namespace halvern

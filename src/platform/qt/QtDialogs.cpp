@@ -16,6 +16,8 @@
 #include <QPrinterInfo>
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QScreen>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <QUrl>
 
@@ -26,6 +28,8 @@ namespace halvern {
 namespace {
 
 constexpr const char* PdfPrinter = "PDF File";
+/// Until then a box that was closed has left the screen.
+constexpr int BoxGoneMs = 300;
 
 /// Above what a dialog stands: the window that the operator is looking at.
 QWidget* Above()
@@ -186,6 +190,25 @@ std::string QtDialogs::Print(const std::string& printerName, Control& surface)
     if (!painter.begin(&printer)) return "The printer does not take the page.";
     FitOnPage(painter, picture);
     return painter.end() ? std::string() : "The page was not printed.";
+}
+
+void ShowImage(Surface& onto, const QImage& image)
+{
+    QTemporaryFile file; // a surface takes its pictures from files
+    if (image.isNull() || !file.open() || !image.save(&file, "BMP") || !file.flush()) return;
+    onto.SetSize(image.width(), image.height());
+    onto.Clear();
+    onto.Picture(file.fileName().toStdString(), image.width(), image.height());
+}
+
+void QtDialogs::CaptureScreen(Surface& onto)
+{
+    LetTimePass(BoxGoneMs);
+    auto* window = Above();
+    auto picture = window == nullptr ? QPixmap() : window->screen()->grabWindow();
+    // some desktops give no program a picture of the screen; the window holds what the operator is after
+    if (picture.isNull() && window != nullptr) picture = window->grab();
+    ShowImage(onto, picture.toImage());
 }
 
 void QtDialogs::Browse(const std::string& address)

@@ -10,6 +10,9 @@
 
 namespace halvern {
 
+/// Puts a picture on a surface, which gets its size.
+void ShowImage(Surface& onto, const QImage& image);
+
 /// Asks and tells the operator on the screen.
 class QtDialogs final : public Dialogs {
 public:
@@ -32,6 +35,7 @@ public:
     /// The system's printers, and one that writes a PDF file.
     std::vector<std::string> Printers() override;
     std::string Print(const std::string& printer, Control& surface) override;
+    void CaptureScreen(Surface& onto) override;
     void Browse(const std::string& address) override;
     void Help(const std::string& file) override { Fire(OnHelp, file); }
     void ShowText(const std::string& file) override { Fire(OnShowText, file); }

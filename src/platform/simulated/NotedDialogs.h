@@ -26,7 +26,9 @@ public:
     std::function<void(Form&)> RunModal;
     /// What time passing means here.
     std::function<void(int milliseconds)> PassTime;
-    std::vector<std::string> PrinterNames;
+    std::vector<std::string> PrinterNames{"PDF File"};
+    /// Puts a picture of the screen on a surface, where there is a screen.
+    std::function<void(Surface&)> Screen;
 
     void Message(Icon icon, const std::string& text, const std::string& title) override;
     Answer Question(const std::string& text, const std::string& title) override;
@@ -37,6 +39,7 @@ public:
     void ShowModal(Form& form) override;
     std::vector<std::string> Printers() override { return PrinterNames; }
     std::string Print(const std::string& printer, Control& surface) override;
+    void CaptureScreen(Surface& onto) override { Fire(Screen, onto); }
     void Browse(const std::string& address) override;
     void Help(const std::string& file) override;
     void ShowText(const std::string& file) override;
