@@ -18,6 +18,7 @@
 #include "map/MapPicture.h"
 #include "map/Phg.h"
 #include "map/Redraw.h"
+#include "map/Refresh.h"
 #include "map/StationInfo.h"
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
@@ -152,6 +153,7 @@ void ConnectMapMenu(Halvern& halvern)
     auto& main = halvern.ConMdiFrm;
     main.ScaleCombo.OnClick = [&] { RangeSelected(halvern); };
     main.HomeMenu.OnClick = [&] { GoHome(halvern); };
+    main.RefreshMnu.OnClick = [&] { Refresh(halvern); };
     main.RefreshMapMenu.OnClick = [&] { halvern.MapFrm.Map1.Repaint(); };
     main.BitMapCombo.OnClick = [&] { PictureSelected(halvern); };
     main.PlotPhgFixedMenu.OnClick = [&] { TogglePhg(halvern, main.PlotPhgFixedMenu, 0); };

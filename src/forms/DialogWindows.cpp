@@ -9,6 +9,9 @@ namespace {
 
 /// Characters that a list or a long field of a dialog shows at least.
 constexpr int DialogColumns = 56;
+/// What the stores hold of a station that was found: rows longer than this go on in a second line.
+constexpr int FoundColumns = 74;
+constexpr int FoundLines = 2;
 
 /// The controls of a form in the order in which it declares them.
 QList<Control*> ControlsOf(const Form& form)
@@ -20,12 +23,26 @@ QList<Control*> ControlsOf(const Form& form)
     return controls;
 }
 
+struct ListSize {
+    std::string_view list;
+    int rows, columns;
+};
+
+/// Lists of which is known how much they hold.
+constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
+                                   {"ChosePrinter.PrinterLst", 6, 36},
+                                   {"FindFoundFrm.CallSignLst", 8, 24},
+                                   {"MoveMyObjectFrm.ObjectLst", 6, DialogColumns}};
+
 RowsView* DialogRows(List& list, QWidget* parent)
 {
+    ListSize size{list.Name(), 12, DialogColumns};
+    for (const auto& known : KnownLists)
+        if (known.list == list.Name()) size = known;
     auto* view = new RowsView(list, {}, parent);
     BindCommon(view, list);
-    view->WantRows(12);
-    return WideFor(DialogColumns, view);
+    view->WantRows(size.rows);
+    return WideFor(size.columns, view);
 }
 
 /// A list with its label above it.
@@ -63,6 +80,15 @@ QList<Button*> AddControls(QVBoxLayout* layout, Form& form, QWidget* parent)
     return buttons;
 }
 
+/// A row that is picked twice is picked for good.
+void PressOkByDoubleClick(QWidget* window)
+{
+    for (auto* button : window->findChildren<QPushButton*>())
+        for (auto* view : window->findChildren<RowsView*>())
+            if (button->objectName().endsWith(".OkCmd"))
+                QObject::connect(view, &QAbstractItemView::doubleClicked, button, [button] { button->click(); });
+}
+
 /// The one that acts is what Enter presses, so it comes first.
 QList<Button*> InOrder(QList<Button*> buttons)
 {
@@ -77,6 +103,7 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
     auto* window = new DialogWindow(form, parent);
     auto* layout = new QVBoxLayout(window);
     layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, form, window))));
+    PressOkByDoubleClick(window);
     if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
     return window;
 }
@@ -115,6 +142,26 @@ DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent)
     return window;
 }
 
+DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent)
+{
+    auto& form = halvern.FindFrm;
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    auto* lines = new QFormLayout;
+    for (TextField* field : {&form.FindPosTxt, &form.FindStatusTxt, &form.FindDigiTxt, &form.PhgTxt}) {
+        auto* text = WideFor(FoundColumns, BindText(*field, window));
+        const int around = 2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()) + 1);
+        text->setFixedHeight(FoundLines * (text->fontMetrics().lineSpacing() + 1) + around);
+        AddRow(lines, *field, text, {});
+    }
+    auto* raw = BindCombo(form.RawPacCombo, window);
+    raw->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // its rows are long, and come later
+    AddRow(lines, form.RawPacCombo, raw, {});
+    layout->addLayout(lines);
+    layout->addWidget(ButtonRow(window, {&form.GoToCmd, &form.FindCloseCmd}));
+    return window;
+}
+
 DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent)
 {
     auto* window = new DialogWindow(form, parent);
@@ -128,7 +175,6 @@ DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget
         AddRow(lines, create.SymbolCombo, symbol, {});
     } else {
         auto* view = DialogRows(halvern.MoveMyObjectFrm.ObjectLst, window);
-        view->WantRows(6);
         AddList(layout, halvern.MoveMyObjectFrm.ObjectLst, view);
     }
     layout->addLayout(lines);

@@ -11,6 +11,7 @@ DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent);
+DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);
 /// For every form that has no layout of its own: its controls below each other, its buttons at the foot.
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent);

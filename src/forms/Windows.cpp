@@ -70,13 +70,14 @@ void Windows::AddDialogs()
     windows.emplace(&h.SetUpfrm, MakeSetUpWindow(h, main.get()));
     windows.emplace(&h.AddPathFrm, MakeAddPathWindow(h, main.get()));
     windows.emplace(&h.FontFrm, MakeFontWindow(h, main.get()));
+    windows.emplace(&h.FindFrm, MakeFindWindow(h, main.get()));
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, main.get()));
-    for (Form* form : std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm,
-                                                   &h.TakeTransObjFrm, &h.FindFrm, &h.FindFoundFrm, &h.InformationFrm,
-                                                   &h.browfrm, &h.GraphFrm, &h.CompassFrm, &h.ChosePrinter,
-                                                   &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
+    for (Form* form :
+         std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm,
+                                      &h.FindFoundFrm, &h.InformationFrm, &h.browfrm, &h.GraphFrm, &h.CompassFrm,
+                                      &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
         windows.emplace(form, MakePlainWindow(h, *form, main.get()));
 }
 

@@ -168,5 +168,26 @@ TEST_F(MapPainterTest, APictureCoversItsShareOfTheSurface)
     EXPECT_EQ(At(map, 300, 100), colour::Black);
 }
 
+TEST_F(MapPainterTest, OnPaperTheGroundIsWhiteAndTheLinesStay)
+{
+    form.Pic2.SetSize(400, 200);
+    MapPainter paper(form.Pic2);
+    Line(form.Map1, 20, 0, -20, 0, colour::Red);
+    form.Map1.Circle(0, 0, 5, colour::Green);
+    form.Map1.Keep(form.Map1);
+    form.Pic2.Keep(form.Map1);
+    form.Pic2.WhitenGround();
+    EXPECT_EQ(At(paper, 300, 20), colour::BrightWhite);
+    EXPECT_EQ(At(paper, 100, 100), colour::Red);
+    EXPECT_EQ(At(map, 300, 20), colour::Black);
+    EXPECT_EQ(At(map, 150, 100), colour::Green) << "the map keeps all that stood on it";
+    const auto bytes = form.Pic2.Bitmap();
+    const auto saved = QImage::fromData(QByteArray::fromStdString(bytes), "BMP");
+    EXPECT_EQ(saved.size(), QSize(400, 200));
+    EXPECT_EQ(saved.pixelColor(300, 20), QColor(Qt::white));
+    form.Pic2.Clear();
+    EXPECT_EQ(At(paper, 300, 20), colour::Black);
+}
+
 } // namespace
 } // namespace halvern
