@@ -12,7 +12,8 @@ enum class Kind { Coast, Lake, River, Country, FirstLevel, County, Grid };
 struct Feature {
     Kind what = Kind::Coast;
     int rank = 0;    ///< rivers: 0 widest to 10 smallest; other kinds 0
-    double area = 0; ///< coasts and lakes: square kilometres that the whole ring encloses; other kinds 0
+    double area = 0; ///< square kilometres: of coasts and lakes what the whole ring encloses, of first-level
+                     ///< borders and counties the mean of their country's areas; other kinds 0
     Path vertices;
 };
 

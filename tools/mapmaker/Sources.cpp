@@ -3,6 +3,7 @@
 
 #include "Gshhg.h"
 #include "Output.h"
+#include "Provinces.h"
 #include "Topology.h"
 
 #include <iterator>
@@ -11,16 +12,20 @@ namespace halvern::mapmaker {
 
 namespace {
 
+/// Mean square kilometres of the areas that first-level borders and counties part, where the source doesn't tell.
+constexpr double StateSize = 150000;
+constexpr double CountySize = 2500;
+
 /// GSHHG draws state borders on the open water of these lakes as scattered dashes; no other first-level border is here.
 constexpr Box GreatLakes{49, 92.5, 41, 80};
 
-/// The parts of a line that lie outside an area and the Great Lakes, cut at its vertices.
+/// The parts of a first-level border that lie outside an area and the Great Lakes, cut at its vertices.
 std::vector<Feature> Outside(const Feature& feature, const Area& area)
 {
     std::vector<Feature> parts;
     Path part;
     const auto finish = [&] {
-        if (part.size() > 1) parts.push_back({feature.what, feature.rank, feature.area, part});
+        if (part.size() > 1) parts.push_back({feature.what, feature.rank, StateSize, part});
         part.clear();
     };
     for (const Vertex& vertex : feature.vertices) {
@@ -55,14 +60,15 @@ void AddCounties(const Topology& counties, std::vector<Feature>& all)
     for (const std::size_t arc : counties.SharedArcs("counties"))
         pieces.push_back({states.contains(arc) ? 1 : 0, counties.Arc(arc)});
     for (KeyedPath& path : JoinEnds(std::move(pieces)))
-        all.push_back({path.key == 1 ? Kind::FirstLevel : Kind::County, 0, 0, std::move(path.vertices)});
+        all.push_back({path.key == 1 ? Kind::FirstLevel : Kind::County, 0, path.key == 1 ? StateSize : CountySize,
+                       std::move(path.vertices)});
 }
 
 } // namespace
 
 std::vector<Feature> LoadSources(const WorldSources& sources, double tolerance)
 {
-    Progress progress("Reading the sources", 5);
+    Progress progress("Reading the sources", 6);
     const Topology counties(sources.usAtlas / "counties-10m.json");
     progress.Step();
     std::vector<Feature> all = LoadShores(sources.gshhg / "binned_GSHHS_f.nc");
@@ -72,6 +78,9 @@ std::vector<Feature> LoadSources(const WorldSources& sources, double tolerance)
     progress.Step();
     AddBorders(LoadBorders(sources.gshhg / "binned_border_f.nc"), counties, all);
     AddCounties(counties, all);
+    progress.Step();
+    std::vector<Feature> provinces = LoadProvinces(sources.provinces);
+    std::move(provinces.begin(), provinces.end(), std::back_inserter(all));
     progress.Step();
     for (Feature& feature : all) feature.vertices = Simplify(feature.vertices, tolerance, Coarseness);
     progress.Step();

@@ -49,9 +49,9 @@ bool Wanted(const Feature& feature, const Level& level)
     case Kind::River:
         return feature.rank <= level.smallestRiver;
     case Kind::FirstLevel:
-        return level.firstLevel;
+        return feature.area >= level.smallestState;
     case Kind::County:
-        return level.counties;
+        return feature.area >= level.smallestCounty;
     default:
         return true;
     }

@@ -5,10 +5,12 @@
 
 namespace halvern::mapmaker {
 
-/// Folders that hold the sources: the netCDF files of GSHHG and the package us-atlas.
+/// Folders that hold the sources: the netCDF files of GSHHG and the package us-atlas; and the file of the world's
+/// provinces.
 struct WorldSources {
     std::filesystem::path gshhg;
     std::filesystem::path usAtlas;
+    std::filesystem::path provinces;
 };
 
 /// Makes all the data that Halvern ships, in `data`: dosmaps, maplist, mapdata and a picture in bitmap. Files of

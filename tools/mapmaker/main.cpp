@@ -47,9 +47,9 @@ constexpr const char* Help = R"(mapmaker: makes maps for Halvern from vector fil
       A calibrated picture: DATA/bitmap/NAME.gif and NAME.txt.
         --width PIXELS    1200 if not given
 
-  mapmaker world --gshhg FOLDER --us-atlas FOLDER [--data DATA]
-      All the map data that Halvern ships, from the GSHHG netCDF files and the npm
-      package us-atlas.
+  mapmaker world --gshhg FOLDER --us-atlas FOLDER --provinces FILE [--data DATA]
+      All the map data that Halvern ships, from the GSHHG netCDF files, the npm
+      package us-atlas and the world_map.gpkg of the Debian package qgis-common.
 
 Options of lines, add, tiles and picture:
   --data DATA       the folder that holds dosmaps, maplist...; "data" if not given
@@ -217,7 +217,7 @@ void Pictures(Arguments& arguments)
 
 void World(Arguments& arguments)
 {
-    const WorldSources sources{arguments.Need("--gshhg"), arguments.Need("--us-atlas")};
+    const WorldSources sources{arguments.Need("--gshhg"), arguments.Need("--us-atlas"), arguments.Need("--provinces")};
     const std::string data = arguments.Take("--data", "data");
     arguments.CheckNoneLeft();
     MakeWorld(sources, data);
