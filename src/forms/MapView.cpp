@@ -14,6 +14,8 @@ namespace {
 
 /// Stations move on the screen at most twenty times a second, however many packets come in.
 constexpr int SettleMs = 50;
+/// Dots of a picture for paper to a pixel of an ordinary screen.
+constexpr qreal PaperFineness = 2;
 
 MouseButton ButtonOf(const QMouseEvent* event)
 {
@@ -110,7 +112,7 @@ void MapView::changeEvent(QEvent* event)
 QImage MapView::PictureOf(const Control& surface) const
 {
     for (const auto& [candidate, painter] : drawn)
-        if (candidate == &surface) return painter->Image({candidate->Width(), candidate->Height()});
+        if (candidate == &surface) return painter->Image({candidate->Width(), candidate->Height()}, PaperFineness);
     return {};
 }
 

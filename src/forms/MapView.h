@@ -18,7 +18,7 @@ class MapView final : public QWidget {
 public:
     explicit MapView(Halvern& halvern, QWidget* parent = nullptr);
     QSize sizeHint() const override { return {800, 600}; }
-    /// What stands on one of the map's surfaces, without stations; nothing for another control.
+    /// What stands on one of the map's surfaces, without stations, fine enough for paper; nothing for another control.
     QImage PictureOf(const Control& surface) const;
 
 protected:

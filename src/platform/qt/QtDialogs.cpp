@@ -178,6 +178,7 @@ std::string QtDialogs::Print(const std::string& printerName, Control& surface)
     const auto picture = PictureOf ? PictureOf(surface) : QImage();
     if (picture.isNull()) return "There is no picture to print.";
     QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(picture.width() > picture.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
     if (printerName == PdfPrinter) {
         const auto path = File({true, "Print To File", "PDF Files | *.pdf", Typed(QDir::homePath()), "map.pdf"});
         if (!path) return {};
