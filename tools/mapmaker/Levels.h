@@ -38,7 +38,7 @@ inline constexpr std::array<Level, 5> Levels{{
     {'d', 512, 512, 30, 60, true, 0, 0.028, 40, 500, 1, 4000, None, 5, 5, 0, 0},
     {'c', 256, 128, 20, 40, true, 0, 0.014, 4, 60, 2, 0, 1000, 2, 2, 2, 2},
     {'b', 64, 32, 6, 12, false, 0, 0.0045, 1, 10, 3, 0, 0, 0.5, 0.5, 0.5, 0.5},
-    {'a', 16, 1, 4, 8, false, 0, 0.0022, 0.2, 1, 4, 0, 0, 5 * Minute, 2.5 * Minute, 5 * Minute, 5 * Minute},
+    {'a', 16, 1, 4, 8, false, 0, 0.0022, 0.2, 1, 4, 0, 0, 5 * Minute, 2.5 * Minute, 10 * Minute, 2.5 * Minute},
 }};
 
 /// A map of the whole globe, or one that isn't chosen by the list.

@@ -174,7 +174,7 @@ bool IsSea(const Level& level, const Cell& cell, const std::vector<Stretch>& str
 /// The map of bare grid that serves every cell of open sea, and Antarctica.
 MapFigures WriteSea(const Level& level, const std::vector<Stretch>& stretches, const std::filesystem::path& file)
 {
-    constexpr double CoastTolerance = 0.008; // a third of what it comes to in the polar seas
+    constexpr double CoastTolerance = 0.01; // a third of what it comes to in the polar seas
     constexpr int Units = 240;
     const Box globe{90, 270, -90, -270};
     std::vector<DrawnLine> lines = GridLines(globe, level.seaGridLat, level.seaGridLon);
