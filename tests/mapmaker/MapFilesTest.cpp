@@ -116,7 +116,7 @@ TEST_F(MapmakerFiles, TheListKeepsWhatItIsToldAndRefusesWhatItCantHold)
     EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lon, -140);
     EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lat, 38.5333);
     MapList again = MapList::Read(file);
-    again.Remove("own");
+    EXPECT_EQ(again.Remove("own"), 1u);
     EXPECT_EQ(again.Entries(64).size(), 1u);
     EXPECT_EQ(again.Entries(2048)[0].name, "a2048");
     again.Add(1, {"ninechars", 0, 0});

@@ -152,9 +152,12 @@ void Enlist(const LinesTask& task, const std::string& name, const Box& frame, Ma
         leastShare = std::min(leastShare, CoveredShare(list.Entries(step), name, frame, step));
     }
     if (leastShare < 90)
-        std::printf("note: only %d of 100 views that will choose this map, as the nearest, lie within it; a larger\n"
-                    "      --box mends that, or the command add, which puts the lines into the maps that are there\n",
-                    leastShare);
+        std::printf(
+            "note: of 100 views that will choose this map, as the nearest, only %d lie within it; the others are "
+            "empty\n"
+            "      beyond its edge. A larger --box mends that, or the command add, which puts the lines into the\n"
+            "      maps that are there\n",
+            leastShare);
     list.Write(ListFile(task));
     std::printf("%s: %s is entered for steps %d to %d\n", ListFile(task).c_str(), name.c_str(), task.widest,
                 task.narrowest);
@@ -167,7 +170,12 @@ const std::string AddedMark = "+";
 /// Returns what to tell of it, empty when the map stays as it is.
 std::string AddToMap(const AddTask& task, const std::filesystem::path& file, const std::vector<DrawnLine>& lines)
 {
-    MapContent map = ReadMap(file);
+    MapContent map;
+    try {
+        map = ReadMap(file);
+    } catch (const std::runtime_error& error) {
+        return std::string("note: ") + error.what() + "; it is left as it is\n";
+    }
     constexpr double Globe = 300;
     if (map.plan.frame.left - map.plan.frame.right > Globe) return ""; // shared by cells far apart
     const std::size_t own = map.lines.size();
@@ -200,9 +208,24 @@ void MakeLines(const LinesTask& task)
     if (task.widest > 0) Enlist(task, name, plan.frame, list);
 }
 
+void RemoveMap(const Task& task, const std::string& given)
+{
+    const std::string name = CheckedName(given, 8);
+    CheckNotShipped(name);
+    MapList list = MapList::Read(ListFile(task));
+    const std::filesystem::path file = task.data / "dosmaps" / (name + ".map");
+    const std::size_t entries = list.Remove(name);
+    if (entries > 0) list.Write(ListFile(task));
+    std::error_code error;
+    const bool gone = std::filesystem::remove(file, error);
+    if (error) throw std::runtime_error(file.string() + ": can't be removed: " + error.message());
+    if (!gone && entries == 0) throw std::runtime_error("--name " + name + ": there is no such map");
+    std::printf("%s is removed, and %zu entries of the map list\n", file.c_str(), entries);
+}
+
 void AddToMaps(const AddTask& task)
 {
-    std::vector<DrawnLine> lines = ReadInputs(task);
+    std::vector<DrawnLine> lines = task.remove ? std::vector<DrawnLine>() : ReadInputs(task);
     for (DrawnLine& line : lines) line.name = AddedMark + line.name;
     const MapList list = MapList::Read(ListFile(task));
     std::set<std::string> names;
@@ -210,12 +233,13 @@ void AddToMaps(const AddTask& task)
         for (const ListEntry& entry : list.Entries(step)) names.insert(entry.name);
     std::string report;
     {
-        Progress progress("Adding", names.size());
+        Progress progress(task.remove ? "Removing" : "Adding", names.size());
         for (const std::string& name : names) {
             report += AddToMap(task, task.data / "dosmaps" / (name + ".map"), lines);
             progress.Step();
         }
     }
+    if (report.empty() && task.remove) throw std::runtime_error("no map of these steps holds lines from add");
     if (report.empty())
         throw std::runtime_error(
             "the lines touch none of these steps' maps. Where there is only sea the cells share a map, "

@@ -31,6 +31,7 @@ struct LinesTask : Task {
 /// Lines from vector files into the maps that the list has for a run of range steps.
 struct AddTask : Task {
     bool append = false; ///< keep the lines of earlier additions
+    bool remove = false; ///< read no files, only take the lines of earlier additions out
     int unitsPerDegree = 10000;
     int widest = 0;
     int narrowest = 0;
@@ -52,6 +53,7 @@ struct PictureTask : Task {
 /// can't.
 void MakeLines(const LinesTask& task);
 void AddToMaps(const AddTask& task);
+void RemoveMap(const Task& task, const std::string& name);
 void MakeTiles(const TilesTask& task);
 void MakePicture(const PictureTask& task);
 

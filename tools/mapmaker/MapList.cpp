@@ -100,10 +100,12 @@ void MapList::Add(int step, const ListEntry& entry)
     entries_[RowOf(step)].push_back(entry);
 }
 
-void MapList::Remove(const std::string& name)
+std::size_t MapList::Remove(const std::string& name)
 {
+    std::size_t removed = 0;
     for (std::vector<ListEntry>& row : entries_)
-        std::erase_if(row, [&](const ListEntry& entry) { return entry.name == name; });
+        removed += std::erase_if(row, [&](const ListEntry& entry) { return entry.name == name; });
+    return removed;
 }
 
 } // namespace halvern::mapmaker

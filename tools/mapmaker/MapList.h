@@ -31,8 +31,8 @@ public:
     /// that isn't a step.
     void Add(int step, const ListEntry& entry);
 
-    /// Takes all entries of a map out of the list.
-    void Remove(const std::string& name);
+    /// Takes all entries of a map out of the list; returns how many there were.
+    std::size_t Remove(const std::string& name);
 
     const std::vector<ListEntry>& Entries(int step) const { return entries_.at(RowOf(step)); }
 

@@ -18,22 +18,9 @@ namespace halvern::mapmaker {
 
 namespace {
 
-constexpr std::array<std::array<short, 3>, 16> Palette{{{0, 0, 0},
-                                                        {0, 0, 170},
-                                                        {0, 170, 0},
-                                                        {0, 170, 170},
-                                                        {170, 0, 0},
-                                                        {170, 0, 170},
-                                                        {170, 85, 0},
-                                                        {170, 170, 170},
-                                                        {85, 85, 85},
-                                                        {85, 85, 255},
-                                                        {85, 255, 85},
-                                                        {85, 255, 255},
-                                                        {255, 85, 85},
-                                                        {255, 85, 255},
-                                                        {255, 255, 85},
-                                                        {255, 255, 255}}};
+/// The colours in which the program draws its maps, as 0xRRGGBB.
+constexpr std::array<int, 16> Palette{0x000000, 0x345EA8, 0x3FB05C, 0x2FB0BE, 0xEB5A5A, 0xC46BD0, 0xC08A45, 0xC3C9CE,
+                                      0x8C949B, 0x9AC2FF, 0x7CE694, 0x74E8F2, 0xFF938A, 0xF0A5F5, 0xFFE066, 0xFFFFFF};
 
 /// A raster of colour numbers.
 class Raster {
@@ -78,8 +65,9 @@ std::string Gif(Raster& raster, int width, int height)
     GDALRasterBand* band = picture->GetRasterBand(1);
     GDALColorTable colours;
     for (int i = 0; i < static_cast<int>(Palette.size()); ++i) {
-        const auto& [red, green, blue] = Palette[static_cast<std::size_t>(i)];
-        const GDALColorEntry entry{red, green, blue, 255};
+        const int colour = Palette[static_cast<std::size_t>(i)];
+        const auto part = [&](int shift) { return static_cast<short>(colour >> shift & 255); };
+        const GDALColorEntry entry{part(16), part(8), part(0), 255};
         colours.SetColorEntry(i, &entry);
     }
     band->SetColorTable(&colours);

@@ -227,9 +227,10 @@ void MakeSingle(const SingleMap& map, const std::vector<Feature>& features, cons
 /// The picture that ships as an example of a bitmap map: the United States and what surrounds them.
 void MakeSamplePicture(const std::vector<Feature>& features, const std::filesystem::path& folder)
 {
-    constexpr Box Frame{50.5, 126, 23.5, 65};
-    constexpr int Width = 1280;
-    constexpr int Height = 720;
+    // As wide for its height as the map's window: a picture fits exactly only in a window of its own shape.
+    constexpr Box Frame{54, 126, 19, 65};
+    constexpr int Width = 1240;
+    constexpr int Height = 900;
     const Level& look = Levels[1];
     std::vector<DrawnLine> lines = GridLines(Frame, look.gridLat, look.gridLon);
     for (DrawnLine& line : LinesIn(Frame, Stretches(FeaturesFor(look, features)), 0)) lines.push_back(std::move(line));

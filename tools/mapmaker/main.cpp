@@ -38,6 +38,10 @@ constexpr const char* Help = R"(mapmaker: makes maps for Halvern from vector fil
         --append          keep what an earlier add put in
         --units N         units per degree, 10000 if not given
 
+  mapmaker remove --name NAME | --steps W-N [--data DATA]
+      Undoes: takes a map of your own away and out of the map list, or the lines of
+      add out of the maps of these steps.
+
   mapmaker tiles --layer LAYER [options] FILE...
       Tiles of the United States' 15 regions: DATA/mapdata/S01_LAYER.GRF and so on.
         --layer LAYER     PB borders, RDI main roads, RDL local roads, WB waters
@@ -195,6 +199,20 @@ void Add(Arguments& arguments)
     AddToMaps(task);
 }
 
+void Remove(Arguments& arguments)
+{
+    AddTask task;
+    task.data = arguments.Take("--data", "data");
+    task.remove = true;
+    const std::string name = arguments.Take("--name", "");
+    if (name.empty()) TakeSteps(task, arguments.Need("--steps"));
+    arguments.CheckNoneLeft();
+    if (name.empty())
+        AddToMaps(task);
+    else
+        RemoveMap(task, name);
+}
+
 void Tiles(Arguments& arguments)
 {
     TilesTask task;
@@ -228,7 +246,7 @@ void World(Arguments& arguments)
 int main(int count, char** words)
 {
     const std::map<std::string, std::function<void(Arguments&)>> commands{
-        {"lines", Lines}, {"add", Add}, {"tiles", Tiles}, {"picture", Pictures}, {"world", World}};
+        {"lines", Lines}, {"add", Add}, {"remove", Remove}, {"tiles", Tiles}, {"picture", Pictures}, {"world", World}};
     CPLSetErrorHandler(CPLQuietErrorHandler); // what matters of GDAL's messages goes into ours
     LeaveNoHalfFiles();
     try {
@@ -237,7 +255,7 @@ int main(int count, char** words)
                 return std::fputs(Help, stdout) < 0 || std::fflush(stdout) != 0;
         const auto command = commands.find(count > 1 ? words[1] : "");
         if (command == commands.end())
-            throw std::runtime_error("the commands are lines, add, tiles, picture, world; --help tells more");
+            throw std::runtime_error("the commands are lines, add, remove, tiles, picture, world; --help tells more");
         Arguments arguments = Split(count, words);
         command->second(arguments);
         return 0;
