@@ -1,50 +1,40 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "engine/PacketHeader.h"
 #include "engine/ResetStores.h"
 #include "engine/UtcTime.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
-namespace halvern {
+namespace halvern::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-struct Intake : ::testing::Test {
-    Intake() { station.SetUp(); }
-    std::vector<std::string> Raw() { return test::Station::Rows(station.halvern.TerminalFrm.RawPacketLst); }
-    std::vector<std::string> Status() { return test::Station::Rows(station.halvern.StatusFrm.StatusLst); }
-    test::Station station;
+struct Intake : StationTest {
+    Strings Status() const { return Rows(halvern.StatusFrm.StatusLst); }
 };
 
-TEST(PacketHeader, SayWhoSentToWhomByWhichPath)
+TEST(PacketHeader, SaysWhoSentToWhomByWhichPath)
 {
-    struct Case {
-        const char* header;
-        const char* read; ///< source, dest and path with bars between; empty: no header
-    };
-    for (const auto& [header, read] : {
-             Case{"Q1A>APR:", "Q1A|APR:|"},
-             {"Q1ABC-12>APRS,WIDE1-1,WIDE2-1:", "Q1ABC-12|APRS|WIDE1-1,WIDE2-1"},
-             {"Q1ABC>APRS,X:", "Q1ABC|APRS|X"},
-             {"Q1ABC>APRS,:", ""},
-             {"Q1ABC>APRS,AB,Q2ABC:", ""},
-             {"Q1ABC>APRS,ABC,Q:", ""},
-             {"Q1ABC>APRS,ABC,QQ:", "Q1ABC|APRS|ABC,QQ"},
-             {"Q1ABC>,WIDE1-1:", ""},
-             {"Q1ABC>A,WIDE1-1:", ""},
-             {"Q1>APRS:", ""},
-             {"Q123456789>APRS:", ""},
-             {"Q12345678>APRS:", "Q12345678|APRS:|"},
-             {"Q1A>:", ""},
-         }) {
+    // source, dest and path with bars between; empty: no header
+    const std::pair<const char*, const char*> cases[] = {
+        {"Q1A>APR:", "Q1A|APR:|"},
+        {"Q1ABC-12>APRS,WIDE1-1,WIDE2-1:", "Q1ABC-12|APRS|WIDE1-1,WIDE2-1"},
+        {"Q1ABC>APRS,X:", "Q1ABC|APRS|X"},
+        {"Q1ABC>APRS,:", ""},
+        {"Q1ABC>APRS,AB,Q2ABC:", ""},
+        {"Q1ABC>APRS,ABC,Q:", ""},
+        {"Q1ABC>APRS,ABC,QQ:", "Q1ABC|APRS|ABC,QQ"},
+        {"Q1ABC>,WIDE1-1:", ""},
+        {"Q1ABC>A,WIDE1-1:", ""},
+        {"Q1>APRS:", ""},
+        {"Q123456789>APRS:", ""},
+        {"Q12345678>APRS:", "Q12345678|APRS:|"},
+        {"Q1A>:", ""}};
+    for (const auto& [header, read] : cases) {
         const auto parts = ReadPacketHeader(header);
-        const auto text =
-            parts ? std::string(parts->source) + "|" + std::string(parts->dest) + "|" + std::string(parts->path)
-                  : std::string();
-        EXPECT_EQ(text, read) << header;
+        const auto join = [](const auto& p) {
+            return std::string(p.source) + "|" + std::string(p.dest) + "|" + std::string(p.path);
+        };
+        EXPECT_EQ(parts ? join(*parts) : "", read) << header;
     }
 }
 
@@ -56,7 +46,7 @@ TEST_F(Intake, LinesThatAreNoPacketsLeaveNoRow)
     EXPECT_THAT(Raw(), IsEmpty());
     station.Hear("Q1A>APR:\r>hel\nlo\r\n");
     EXPECT_THAT(Raw(), ElementsAre("Q1A>APR:>hello"));
-    EXPECT_EQ(station.halvern.ConMdiFrm.StatusBar1.Caption(), "Q1A>APR:>hello");
+    EXPECT_EQ(main.StatusBar1.Caption(), "Q1A>APR:>hello");
 }
 
 TEST_F(Intake, WeatherRowsGetTheirTime)
@@ -80,16 +70,16 @@ TEST_F(Intake, AThirdPartyPacketLeavesOnlyWhatItCarries)
     station.Hear("Q1ABC>APRS,WIDE1-1:}Q2ABC>APRS,TCPIP,Q1ABC*:}Q3ABC>APRS,TCPIP*:>inner");
     EXPECT_THAT(Raw(), ElementsAre("Q3ABC>APRS,TCPIP*:>inner"));
     EXPECT_THAT(Status(), ElementsAre("Q3ABC     >inner"));
-    EXPECT_THAT(test::Station::Rows(station.halvern.DigiFrm.DigiLst), ElementsAre("Q3ABC     TCPIP*"));
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 0), NotFound);
+    EXPECT_THAT(Rows(halvern.DigiFrm.DigiLst), ElementsAre("Q3ABC     TCPIP*"));
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 0), NotFound);
 }
 
 TEST_F(Intake, TheModeDecidesWhichDestinationsAreLetIn)
 {
     station.Hear("Q1ABC>APRS:>no path in mode normal");
     station.Hear("Q2ABC>FOO,WIDE1-1:>unknown destination");
-    station.halvern.SetUpfrm.AprsMode.Preselect(1);
-    station.halvern.Engine.OwnDest = SpecialDestination;
+    setUp.AprsMode.Preselect(1);
+    halvern.Engine.OwnDest = SpecialDestination;
     station.Hear("Q3ABC>SPC:>no path");
     station.Hear("Q4ABC>SPC,WIDE1-1:>special");
     station.Hear("Q5ABC>APRS,WIDE1-1:>not special");
@@ -98,18 +88,18 @@ TEST_F(Intake, TheModeDecidesWhichDestinationsAreLetIn)
 
 TEST_F(Intake, ResourcesAreFiledInEveryModeAndNotCounted)
 {
-    station.halvern.Engine.ReviewMode = true;
+    halvern.Engine.ReviewMode = true;
     station.Hear("Q1ABC>RESORC,WIDE1-1:DX de Q1ABC");
-    EXPECT_THAT(test::Station::Rows(station.halvern.DxFrm.ResourceLst), ElementsAre("DX de Q1ABC"));
+    EXPECT_THAT(Rows(halvern.DxFrm.ResourceLst), ElementsAre("DX de Q1ABC"));
     EXPECT_THAT(Raw(), IsEmpty());
 }
 
 TEST_F(Intake, ABannerInFrontOfAPositionIsCutOff)
 {
     station.Hear("Q1ABC>BEACON,WIDE:TheNet X-1J4 (QQ)!4903.50N/07201.75W#node");
-    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 1);
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
     station.Hear("Q2ABC>BEACON,WIDE:TheNet and a banner that is much too long (QQ)!4903.50N/07201.75W#node");
-    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 1);
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
 }
 
 TEST_F(Intake, UnknownTypesNeverOverwriteAStatus)
@@ -132,13 +122,11 @@ TEST_F(Intake, TheOwnStatusAlwaysStandsInTheFirstRow)
     EXPECT_THAT(Status(), ElementsAre("Q0OWN     >220908zmine"));
 }
 
-// --- the heard grid --------------------------------------------------------------------------------------------------
-
 struct HeardGridTest : Intake {
     HeardGridTest()
     {
         station.time.SetUtc({2026, 11, 22, 9, 30, 0});
-        ResetStores(station.halvern, "Clear");
+        ResetStores(halvern, "Clear");
     }
     void HearAt(int day, int hour, const std::string& call)
     {
@@ -148,50 +136,35 @@ struct HeardGridTest : Intake {
     std::string Row(int row)
     {
         std::string text;
-        auto& grid = station.halvern.HeardFrm.HeardGrid;
+        auto& grid = halvern.HeardFrm.HeardGrid;
         for (int column = 0; column < grid.Cols(); ++column) text += (column ? "|" : "") + grid.Cell(row, column);
         return text;
     }
 };
 
-TEST_F(HeardGridTest, CountsByStationAndHour)
-{
-    HearAt(22, 9, "Q1ABC");
-    HearAt(22, 9, "Q1ABC");
-    HearAt(22, 10, "Q2ABC");
-    HearAt(22, 10, "Q1ABC");
-    EXPECT_EQ(Row(0), "Call Sign|22/09:30|22/10:05");
-    EXPECT_EQ(Row(1), "Q0OWN|0|0");
-    EXPECT_EQ(Row(2), "Q1ABC|2|1");
-    EXPECT_EQ(Row(3), "Q2ABC||1");
-    EXPECT_EQ(station.halvern.HeardFrm.Caption(), "Heard Form: Total Stations Heard = 3");
-}
-
 TEST_F(HeardGridTest, StartsAgainWhenTheFirstHourComesRound)
 {
     HearAt(22, 23, "Q1ABC");
-    station.halvern.ConMdiFrm.HeardOnRfLst.Add("Q1ABC    0");
+    main.HeardOnRfLst.Add("Q1ABC    0");
     HearAt(23, 8, "Q1ABC");
     EXPECT_EQ(Row(0), "Call Sign|22/09:30|22/23:05|23/08:05");
     HearAt(23, 9, "Q2ABC");
     EXPECT_EQ(Row(0), "Call Sign|23/09:05");
     EXPECT_EQ(Row(2), "Q2ABC|1");
-    EXPECT_EQ(station.halvern.ConMdiFrm.HeardOnRfLst.Count(), 0);
+    EXPECT_EQ(main.HeardOnRfLst.Count(), 0);
 }
 
 TEST_F(HeardGridTest, OwnPacketsAsSentAreNotCounted)
 {
-    station.halvern.SetUpfrm.UnPath.Select(1);
+    setUp.UnPath.Select(1);
     station.Hear("Q0OWN>APHV01,WIDE2-2:>as sent");
     EXPECT_EQ(Row(1), "Q0OWN|0");
     station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>as repeated");
     EXPECT_EQ(Row(1), "Q0OWN|1");
-    station.halvern.Engine.ReviewMode = true;
+    halvern.Engine.ReviewMode = true;
     station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>played back");
     EXPECT_EQ(Row(1), "Q0OWN|1");
 }
-
-// --- the clock and the resets ----------------------------------------------------------------------------------------
 
 TEST(UtcTime, FollowsTheZoneThatIsInForce)
 {
@@ -214,13 +187,12 @@ struct Resets : Intake {
         station.Hear("Q0OWN>APHV01,WIDE2-2:>here", "MAP");
         station.Hear("Q1ABC>APRS,WIDE:!4903.50N/07201.75W-other");
         station.Hear("Q1ABC>APRS,WIDE::Q2ABC    :traffic{1");
-        station.halvern.MessageFrm.Timer1.Start(4000);
+        halvern.MessageFrm.Timer1.Start(4000);
     }
 };
 
 TEST_F(Resets, ThePlaybacksKeepTheRawRowsAndTheSymbolFilterKeepsTheMessages)
 {
-    auto& halvern = station.halvern;
     const int raw = halvern.TerminalFrm.RawPacketLst.Count();
     halvern.Engine.ReviewMode = true;
     ResetStores(halvern, "JustOk");
@@ -238,27 +210,23 @@ TEST_F(Resets, ThePlaybacksKeepTheRawRowsAndTheSymbolFilterKeepsTheMessages)
 
 TEST_F(Resets, AnyOtherWordEmptiesEverythingButTheOwnStation)
 {
-    auto& halvern = station.halvern;
     ResetStores(halvern, "Clear");
     EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own", "Q0OWN>APHV01:>here"));
     EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
     EXPECT_EQ(Status().size(), 1u);
     EXPECT_FALSE(halvern.Engine.ReviewMode);
-    EXPECT_FALSE(halvern.ConMdiFrm.RestoreMenu.Enabled());
+    EXPECT_FALSE(main.RestoreMenu.Enabled());
 }
 
-TEST(EmptyStores, StayEmptyAtAResetUntilTheNextOwnBeacon)
+TEST_F(Intake, EmptyStoresStayEmptyAtAResetUntilTheNextOwnBeacon)
 {
-    test::Station station;
-    station.SetUp();
-    ResetStores(station.halvern, "Clear");
-    EXPECT_EQ(station.halvern.PositionFrm.PosLst.Count(), 0);
-    EXPECT_EQ(station.halvern.TerminalFrm.RawPacketLst.Count(), 0);
+    ResetStores(halvern, "Clear");
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count() + halvern.TerminalFrm.RawPacketLst.Count(), 0);
 }
 
 TEST_F(Resets, AFullRawStoreStartsAgainAndTheLineIsLost)
 {
-    auto& raw = station.halvern.TerminalFrm.RawPacketLst;
+    auto& raw = halvern.TerminalFrm.RawPacketLst;
     while (raw.Count() <= 32700) raw.Add("Q1ABC>APRS,WIDE:>filler");
     station.Hear("Q3ABC>APRS,WIDE:>lost");
     EXPECT_EQ(raw.Count(), 2);
@@ -266,4 +234,4 @@ TEST_F(Resets, AFullRawStoreStartsAgainAndTheLineIsLost)
 }
 
 } // namespace
-} // namespace halvern
+} // namespace halvern::test

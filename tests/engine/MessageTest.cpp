@@ -1,35 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "engine/Bulletins.h"
-#include "platform/Text.h"
-#include "ports/Kiss.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
-namespace halvern {
+namespace halvern::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 /// A station with every port open, so that an answer can take any road.
-struct Messages : ::testing::Test {
-    Messages() : form(station.halvern.MessageFrm), main(station.halvern.ConMdiFrm)
+struct Messages : StationTest {
+    Messages()
     {
-        station.SetUp();
         station.time.SetUtc({2026, 11, 22, 9, 8, 7});
         main.PortTnc.SetChecked(true);
         main.MSComm1.Open();
         for (Socket* socket : {&main.SoundSoc, &main.InternetSoc, &main.Psk63Soc}) socket->Connect();
     }
-    static std::vector<std::string> Rows(const List& list) { return test::Station::Rows(list); }
-    std::vector<std::string> Sent(const Control& port) { return station.ports.Line(port)->TakeSent(); }
+    Strings Sent(const Port& port) { return station.SentBy(port); }
     /// What a KISS port sent, as text lines.
-    std::vector<std::string> SentFrames(const Control& port)
+    Strings SentFrames(const Port& port)
     {
-        std::vector<std::string> lines;
-        for (const auto& frame : Sent(port))
-            lines.push_back(KissFrameToText(station.halvern, frame.substr(2, frame.size() - 3)));
+        auto lines = Sent(port);
+        for (auto& line : lines) line = LineOfFrame(line);
         return lines;
     }
     bool NothingSent()
@@ -42,9 +33,6 @@ struct Messages : ::testing::Test {
     {
         station.Hear(from + ">APRS,WIDE1-1::" + CallField(to) + ":" + text, tag);
     }
-    test::Station station;
-    MessageForm& form;
-    MainForm& main;
 };
 
 TEST_F(Messages, AMessageToUsIsFiledOnceAndAckedEachTimeByItsOwnRoad)
@@ -52,7 +40,7 @@ TEST_F(Messages, AMessageToUsIsFiledOnceAndAckedEachTimeByItsOwnRoad)
     HearMessage("Q1ABC", "Q0OWN", "Hello{12");
     EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12"));
     EXPECT_EQ(form.Caption(), "New Message!");
-    EXPECT_THAT(station.TakeSaid(), ElementsAre("bell"));
+    EXPECT_THAT(Said(), ElementsAre("bell"));
     HearMessage("Q1ABC", "q0own", "hello{12", "SOUND");
     EXPECT_THAT(SentFrames(main.SoundSoc), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12"));
     HearMessage("Q1ABC", "Q0OWN", "Hello{12", "TCPIP");
@@ -62,7 +50,7 @@ TEST_F(Messages, AMessageToUsIsFiledOnceAndAckedEachTimeByItsOwnRoad)
     HearMessage("Q1ABC", "Q0OWN", "Hello{12", "IMPORT");
     EXPECT_TRUE(NothingSent());
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN:12.Hello"));
-    EXPECT_THAT(station.TakeSaid(), IsEmpty());
+    EXPECT_THAT(Said(), IsEmpty());
 }
 
 TEST_F(Messages, TheMailPathCarriesTheAckAndPlaybackSendsNone)
@@ -70,7 +58,7 @@ TEST_F(Messages, TheMailPathCarriesTheAckAndPlaybackSendsNone)
     form.MailUnPath.Select(1);
     HearMessage("Q1ABC", "Q0OWN", "Hello{12}x");
     EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2::Q1ABC    :ack12}x"));
-    station.halvern.Engine.ReviewMode = true;
+    halvern.Engine.ReviewMode = true;
     HearMessage("Q2ABC", "Q0OWN", "Played back{1");
     EXPECT_TRUE(NothingSent());
     EXPECT_EQ(form.MsgToYouLst.Count(), 2);
@@ -78,12 +66,10 @@ TEST_F(Messages, TheMailPathCarriesTheAckAndPlaybackSendsNone)
 
 TEST_F(Messages, InTheDialectOfMarksAnAckIsMarkedUnlessAPacketIsComingIn)
 {
-    station.halvern.SetUpfrm.Psk63PortTxt.SetText("3122");
+    setUp.Psk63PortTxt.SetText("3122");
     HearMessage("Q1ABC", "Q0OWN", "Hello{1", "PSK63");
-    std::string marked;
-    for (const char character : std::string("SSSSSQ0OWN>APHV01::Q1ABC    :ack1EEEEE")) marked += {'\x19', character};
-    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre(marked, "\x1aTX\x1b"));
-    station.halvern.Engine.Psk63Busy = true;
+    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre(Marked("SSSSSQ0OWN>APHV01::Q1ABC    :ack1EEEEE"), "\x1aTX\x1b"));
+    halvern.Engine.Psk63Busy = true;
     HearMessage("Q1ABC", "Q0OWN", "Hello{1", "PSK63");
     EXPECT_THAT(Sent(main.Psk63Soc), IsEmpty());
 }
@@ -104,7 +90,7 @@ TEST_F(Messages, AnotherSsidOfOurCallIsFiledAndNeitherAckedNorRung)
     HearMessage("Q0OWN", "Q0OWN-5", "From ourselves{4");
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN-5:For the car{3"));
     EXPECT_TRUE(NothingSent());
-    EXPECT_THAT(station.TakeSaid(), IsEmpty());
+    EXPECT_THAT(Said(), IsEmpty());
 }
 
 TEST_F(Messages, TrafficBetweenOthersLeavesItsAcksOut)
@@ -113,28 +99,10 @@ TEST_F(Messages, TrafficBetweenOthersLeavesItsAcksOut)
     HearMessage("Q1ABC", "Q2ABC", "HELLO{1");
     HearMessage("Q2ABC", "Q1ABC", "ack1");
     EXPECT_THAT(Rows(form.TrafficLst), ElementsAre("Q1ABC>Q2ABC:  Hello{1"));
-    station.halvern.SetUpfrm.MsgGroupLst.Add("CQ");
+    setUp.MsgGroupLst.Add("CQ");
     HearMessage("Q1ABC", "CQ", "to everybody");
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>CQ:  to everybody"));
     EXPECT_EQ(form.Caption(), "New Message!");
-    EXPECT_TRUE(NothingSent());
-}
-
-TEST_F(Messages, AnAckMarksItsMessageAndStartsTheNext)
-{
-    form.MsgToYouLst.Add("Q0OWN>Q1ABC:12.Hello");
-    form.OutMsg.Add(":Q1ABC    unproto APHV01 via NONE:Hello{12");
-    form.OutMsg.Add(":Q2ABC    unproto APHV01 via NONE:Other{13");
-    form.Timer1.Start(32000);
-    HearMessage("q1abc", "Q0OWN", "ack12");
-    EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q0OWN>Q1ABC:12.Hello MESSAGE RECEIVED"));
-    EXPECT_THAT(Rows(form.OutMsg), ElementsAre(":Q2ABC    unproto APHV01 via NONE:Other{13"));
-    EXPECT_EQ(form.Timer1.Interval(), 1);
-    EXPECT_TRUE(form.Timer1.Enabled());
-    HearMessage("Q9ABC", "Q0OWN", "ACK99");
-    EXPECT_THAT(Rows(form.OutMsg), IsEmpty()) << "with one message out any ack is for it";
-    EXPECT_FALSE(form.Timer1.Running());
-    EXPECT_EQ(form.Timer1.Interval(), 0);
     EXPECT_TRUE(NothingSent());
 }
 
@@ -142,38 +110,26 @@ TEST_F(Messages, AMessageThatIsNoMessageLeavesOnlyItsRawRow)
 {
     station.Hear("Q1ABC>APRS,WIDE1-1::Q0OWN no second colon");
     HearMessage("Q1ABC", "BLN", "no identifier");
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 1), NotFound);
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 1), NotFound);
     EXPECT_THAT(Rows(form.BullLst), IsEmpty());
 }
 
 TEST_F(Messages, BulletinsStandBySourceAndInTheirOrder)
 {
-    struct Heard {
-        const char* from;
-        const char* to;
-        const char* text;
-    };
-    for (const auto& [from, to, text] : {Heard{"Q1ABC", "BLN3", "three"},
-                                         {"Q2ABC", "BLNB", "b"},
-                                         {"Q1ABC", "BLN1", "one"},
-                                         {"Q1ABC", "BLN12", "twelve"},
-                                         {"Q2ABC", "BLNA", "a"},
-                                         {"Q1ABC", "BLNQ", "letter"},
-                                         {"Q1ABC", "BLN3", "three anew"},
-                                         {"Q1ABC", "bln3", "THREE ANEW"}})
-        HearMessage(from, to, text);
+    const char* const heard[][3] = {{"Q1ABC", "BLN3", "three"},      {"Q2ABC", "BLNB", "b"},
+                                    {"Q1ABC", "BLN1", "one"},        {"Q1ABC", "BLN12", "twelve"},
+                                    {"Q2ABC", "BLNA", "a"},          {"Q1ABC", "BLNQ", "letter"},
+                                    {"Q1ABC", "BLN3", "three anew"}, {"Q1ABC", "bln3", "THREE ANEW"}};
+    for (const auto& [from, to, text] : heard) HearMessage(from, to, text);
     EXPECT_THAT(Rows(form.BullLst), ElementsAre("Q1ABC>BLN1:one", "Q1ABC>BLN3:three anew", "Q1ABC>BLN12:twelve",
                                                 "Q1ABC>BLNQ:letter", "Q2ABC>BLNA:a", "Q2ABC>BLNB:b"));
     EXPECT_EQ(form.Caption(), "New Bulletin!");
-    EXPECT_EQ(station.TakeSaid().size(), 7u);
+    EXPECT_EQ(Said().size(), 7u);
 }
-
-// --- queries ---------------------------------------------------------------------------------------------------------
 
 struct Queries : Messages {
     Queries()
     {
-        auto& setUp = station.halvern.SetUpfrm;
         setUp.UnPath.Select(1);
         main.SoundSoc.Disconnect();
         main.InternetSoc.Disconnect();
@@ -194,7 +150,7 @@ TEST_F(Queries, AreAnsweredAtOnceOnTheRadioAndOnPsk63)
     EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre(status));
     EXPECT_EQ(Sent(main.Psk63Soc).size(), 2u);
     EXPECT_THAT(Rows(form.MsgToYouLst), IsEmpty());
-    EXPECT_THAT(Rows(station.halvern.StatusFrm.StatusLst), IsEmpty());
+    EXPECT_THAT(Rows(halvern.StatusFrm.StatusLst), IsEmpty());
     for (const auto* silent : {"?APRSO", "?aprsp", "?APRSM", "?IGATE", "?APRSD", "?APRST", "?PING?"})
         HearMessage("Q1ABC", "Q0OWN", silent);
     station.Hear("Q1ABC>APRS,WIDE1-1:?WX?");
@@ -203,12 +159,11 @@ TEST_F(Queries, AreAnsweredAtOnceOnTheRadioAndOnPsk63)
 
 TEST_F(Queries, AnswerThePhgOfTheSettingsAndNoPositionWhileAGpsGivesIt)
 {
-    auto& setUp = station.halvern.SetUpfrm;
     setUp.PhgDirLst.Select(3);
     setUp.OverlayChar = "7";
     station.Hear("Q1ABC>APRS,WIDE1-1:?APRSP");
     EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2:=4049.14N707308.41W-PHG0003 own"));
-    station.halvern.Engine.GpsPositionOn = true;
+    halvern.Engine.GpsPositionOn = true;
     station.Hear("Q1ABC>APRS,WIDE1-1:?APRSP");
     EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2:"));
 }
@@ -234,7 +189,7 @@ TEST_F(Queries, TellHowOftenAStationWasHeardHourByHour)
     HearMessage("Q1ABC", "Q0OWN", "?APRSH Q2ABC please");
     const auto answer = SentFrames(main.MSComm1);
     ASSERT_EQ(answer.size(), 1u);
-    EXPECT_THAT(answer[0], ::testing::StartsWith("Q0OWN>APHV01,WIDE2-2::Q1ABC    :Hrd= "));
+    EXPECT_THAT(answer[0], StartsWith("Q0OWN>APHV01,WIDE2-2::Q1ABC    :Hrd= "));
     EXPECT_EQ(std::count(answer[0].begin(), answer[0].end(), '1'), 3) << "the destination, the caller, and one hour";
 }
 
@@ -250,43 +205,37 @@ TEST_F(Queries, WhatWaitsForTheAskingStationIsSentAgain)
 
 TEST_F(Queries, MarkedAnswersGoOutTogether)
 {
-    station.halvern.SetUpfrm.Psk63PortTxt.SetText("3122");
+    setUp.Psk63PortTxt.SetText("3122");
     station.Hear("Q1ABC>APRS,WIDE1-1:?APRS?");
-    const auto sent = Sent(main.Psk63Soc);
-    ASSERT_EQ(sent.size(), 3u);
-    EXPECT_EQ(sent[0].substr(sent[0].size() - 4), "\x19"
-                                                  "E\x19\r");
-    EXPECT_EQ(sent[1].substr(sent[1].size() - 2), "\x19"
-                                                  "E");
-    EXPECT_EQ(sent[2], "\x1aTX\x1b");
+    using testing::EndsWith;
+    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre(EndsWith("E\x19\r"), EndsWith("E"), "\x1aTX\x1b"));
 }
-
-// --- objects ---------------------------------------------------------------------------------------------------------
 
 struct Objects : Messages {
     const std::string live = ";LEADER   *092345z4903.50N/07201.75W>088/036";
-    std::vector<std::string> Positions() { return Rows(station.halvern.PositionFrm.PosLst); }
+    Strings Positions() { return Rows(halvern.PositionFrm.PosLst); }
 };
 
 TEST_F(Objects, AreFiledUnderTheirNameWithTheirSender)
 {
     station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
     EXPECT_THAT(Positions(), ElementsAre("LEADER    ;092345z4903.50N/07201.75W>088/036 <Q1ABC>"));
-    EXPECT_THAT(Rows(station.halvern.DigiFrm.DigiLst), ElementsAre("LEADER    WIDE1-1"));
+    EXPECT_THAT(Rows(halvern.DigiFrm.DigiLst), ElementsAre("LEADER    WIDE1-1"));
     station.Hear("Q1ABC>APRS,WIDE1-1:;LEADER   *092345h4903.50N/07201.75W>");
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.Cell(2, 2), "2") << "a bad one is counted all the same";
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.Cell(2, 2), "2") << "a bad one is counted all the same";
 }
 
 TEST_F(Objects, AKilledOneStaysUnseenAndComesBack)
 {
-    station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
     auto killed = live;
     killed[10] = '_';
-    station.Hear("Q1ABC>APRS,WIDE1-1:" + killed);
+    for (const auto& report : {live, killed}) station.Hear("Q1ABC>APRS,WIDE1-1:" + report);
     EXPECT_EQ(Positions()[0].substr(0, 11), "LEADER   X;");
-    EXPECT_FALSE(station.halvern.MapFrm.SymPic(0).visible);
+    EXPECT_FALSE(halvern.MapFrm.SymPic(0).visible);
+    Said();
     station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
-    EXPECT_EQ(Positions()[0].substr(0, 11), "LEADER    ;");
+    EXPECT_THAT(Positions(), ElementsAre(StartsWith("LEADER    ;")));
+    EXPECT_THAT(Said(), ElementsAre("bell"));
 }
 
 TEST_F(Objects, AnOwnOneIsGivenUpWhenAnotherStationSendsIt)
@@ -310,4 +259,4 @@ TEST_F(Objects, AnOwnOneIsGivenUpWhenAnotherStationSendsIt)
 }
 
 } // namespace
-} // namespace halvern
+} // namespace halvern::test

@@ -1,50 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "engine/DecodeMicE.h"
 #include "engine/PositionText.h"
 #include "engine/Sentence.h"
 #include "engine/SplitSentence.h"
-#include "platform/Text.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
-namespace halvern {
+namespace halvern::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-struct Positions : ::testing::Test {
-    Positions()
-    {
-        station.SetUp();
-        station.time.SetUtc({2026, 11, 22, 9, 8, 7});
-    }
-    std::vector<std::string> Rows() { return test::Station::Rows(station.halvern.PositionFrm.PosLst); }
-    std::vector<std::string> Paths() { return test::Station::Rows(station.halvern.DigiFrm.DigiLst); }
-    test::Station station;
+struct Positions : StationTest {
+    Positions() { station.time.SetUtc({2026, 11, 22, 9, 8, 7}); }
+    Strings Rows() const { return StationTest::Rows(halvern.PositionFrm.PosLst); }
+    Strings Paths() const { return StationTest::Rows(halvern.DigiFrm.DigiLst); }
 };
 
 TEST(PositionText, ReadsDegreesNorthAndWestPositive)
 {
-    struct Case {
-        const char* latitude;
-        double degrees;
-    };
-    for (const auto& [text, degrees] : {Case{"4049.14N", 40.819},
-                                        {"4049.14s", -40.819},
-                                        {"49  .  N", 49},
-                                        {"0000.00N", 0},
-                                        {"9059.99N", 90.9998333},
-                                        {"9100.00N", 0},
-                                        {"4059.995", 0},
-                                        {"4060.00N", 0},
-                                        {"40A9.14N", 0},
-                                        {"404.914N", 0},
-                                        {"4049.14W", 0},
-                                        {"4049.1", 0},
-                                        {"", 0}})
-        EXPECT_NEAR(LatTextToDegrees(text), degrees, 1e-6) << text;
+    const std::pair<const char*, double> cases[] = {
+        {"4049.14N", 40.819}, {"4049.14s", -40.819}, {"49  .  N", 49}, {"0000.00N", 0}, {"9059.99N", 90.9998333},
+        {"9100.00N", 0},      {"4059.995", 0},       {"4060.00N", 0},  {"40A9.14N", 0}, {"404.914N", 0},
+        {"4049.14W", 0},      {"4049.1", 0},         {"", 0}};
+    for (const auto& [text, degrees] : cases) EXPECT_NEAR(LatTextToDegrees(text), degrees, 1e-6) << text;
     EXPECT_NEAR(LonTextToDegrees("07308.41W"), 73.1401667, 1e-6);
     EXPECT_NEAR(LonTextToDegrees("07308.41e"), -73.1401667, 1e-6);
     EXPECT_EQ(LonTextToDegrees("18100.00W"), 0);
@@ -58,7 +35,7 @@ TEST_F(Positions, AReportBecomesARowWithItsStampOrTheTimeOfNow)
     EXPECT_THAT(Rows(), ElementsAre("Q1ABC-9   !220908z4903.50N/07201.75W>088/036 going",
                                     "Q2ABC     @211812z4903.50N\\07201.75W-stamped"));
     EXPECT_THAT(Paths(), ElementsAre("Q1ABC-9   WIDE1-1*", "Q2ABC     None"));
-    EXPECT_THAT(station.TakeSaid(), ElementsAre("bell", "bell"));
+    EXPECT_THAT(Said(), ElementsAre("bell", "bell"));
 }
 
 TEST_F(Positions, ReportsThatCanNotBePlacedLeaveOnlyARawRow)
@@ -66,54 +43,38 @@ TEST_F(Positions, ReportsThatCanNotBePlacedLeaveOnlyARawRow)
     for (const auto* info :
          {"!0000.00N/00000.00W-", "@211812h4903.50N/07201.75W-", "/211812/4903.50N/07201.75W-", "!/5L!!<*e7>7P[",
           "!4903.50N/07201.75W", "!4903.50N/07201.75W|", "!4959.995/07201.75W-", "!"})
-        station.Hear("Q1ABC>APRS,WIDE1-1:" + std::string(info));
+        station.Hear(std::string("Q1ABC>APRS,WIDE1-1:") + info);
     EXPECT_THAT(Rows(), IsEmpty());
     EXPECT_THAT(Paths(), IsEmpty());
-    EXPECT_EQ(station.halvern.TerminalFrm.RawPacketLst.Count(), 8);
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 1), 2) << "it was heard all the same";
+    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 8);
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 1), 2) << "it was heard all the same";
 }
 
 TEST_F(Positions, AmbiguityIsStoredAsZerosAndMovesTheStationEachTime)
 {
     station.Hear("Q1ABC>APRS,WIDE1-1:!49  .  N/072  .  W-");
     EXPECT_THAT(Rows(), ElementsAre("Q1ABC     !220908z4900.00N/07200.00W-"));
-    ASSERT_FALSE(station.halvern.Map.StationPlot.empty());
+    ASSERT_FALSE(halvern.Map.StationPlot.empty());
     station.Hear("Q1ABC>APRS,WIDE1-1:!49  .  N/072  .  W-");
-    EXPECT_EQ(station.halvern.Map.StationPlot[0].Color, colour::Cyan);
+    EXPECT_EQ(halvern.Map.StationPlot[0].Color, colour::Cyan);
 }
 
 TEST_F(Positions, AKnownStationKeepsItsRowAndItsMark)
 {
-    auto& store = station.halvern.PositionFrm.PosLst;
+    auto& store = halvern.PositionFrm.PosLst;
     station.Hear("Q1ABC>APRS,WIDE1-1:!4903.50N/07201.75W-");
     station.Hear("Q2ABC>APRS,WIDE1-1:!4903.50N/07201.75W-");
     store.Replace(0, "Q1ABC    A!220908z4903.50N/07201.75W-");
-    station.TakeSaid();
+    Said();
     station.time.Wait(60000);
     station.Hear("Q1ABC>APRS,WIDE1-1:!4903.50N/07201.75W-same place");
     EXPECT_EQ(store.Row(0), "Q1ABC    A!220909z4903.50N/07201.75W-same place");
-    EXPECT_THAT(station.TakeSaid(), IsEmpty());
-    station.Hear("Q1ABC>APRS,WIDE1-1:!4903.51N/07201.75W-moved");
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(R"(message none "Halvern" "Alarmed Station has moved.")"));
-    EXPECT_EQ(station.halvern.Map.MapRange, 2.0);
-}
-
-TEST_F(Positions, AKilledStationComesBackUnderItsOldIndex)
-{
-    auto& store = station.halvern.PositionFrm.PosLst;
-    station.Hear("Q1ABC>APRS,WIDE1-1:!4903.50N/07201.75W-");
-    station.Hear("Q2ABC>APRS,WIDE1-1:!4903.50N/07201.75W-");
-    store.Replace(0, "Q1ABC    X!220908z4903.50N/07201.75W-");
-    station.TakeSaid();
-    station.Hear("Q1ABC>APRS,WIDE1-1:!4903.50N/07201.75W-back");
-    EXPECT_EQ(store.Row(0), "Q1ABC     !220908z4903.50N/07201.75W-back");
-    EXPECT_EQ(store.Count(), 2);
-    EXPECT_THAT(station.TakeSaid(), ElementsAre("bell"));
+    EXPECT_THAT(Said(), IsEmpty());
 }
 
 TEST_F(Positions, TheSymbolFilterNeverStopsTheOwnStationNorObjects)
 {
-    auto& engine = station.halvern.Engine;
+    auto& engine = halvern.Engine;
     engine.JustSymbolsOn = true;
     engine.JustTable = "/";
     engine.JustCode = "#";
@@ -131,24 +92,13 @@ TEST_F(Positions, TheSymbolFilterNeverStopsTheOwnStationNorObjects)
 
 TEST_F(Positions, APlaceFullOfStationsStartsAgainAndTheReportIsLost)
 {
-    auto& store = station.halvern.PositionFrm.PosLst;
+    auto& store = halvern.PositionFrm.PosLst;
     station.Hear("Q0OWN>APHV01,WIDE2-2:=4049.14N/07308.41W-own", "MAP");
     while (store.Count() < 32000)
         store.Add(CallField("Q" + std::to_string(store.Count())) + " !220908z4903.50N/07201.75W-");
     station.Hear("Q0OWN>APHV01,WIDE2-2:=4049.14N/07308.41W-again");
     EXPECT_EQ(store.Count(), 1);
-    EXPECT_THAT(test::Station::Rows(station.halvern.TerminalFrm.RawPacketLst),
-                ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own"));
-}
-
-TEST_F(Positions, ANewStationWhoseSymbolCanNotBeLoadedIsTakenOutAgain)
-{
-    test::TemporaryFolder noSymbols;
-    test::Station bare(noSymbols.Path());
-    bare.SetUp();
-    bare.Hear("Q1ABC>APRS,WIDE1-1:!4903.50N/07201.75W-");
-    EXPECT_EQ(bare.halvern.PositionFrm.PosLst.Count(), 0);
-    EXPECT_EQ(bare.halvern.TerminalFrm.RawPacketLst.Count(), 1);
+    EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own"));
 }
 
 TEST_F(Positions, TheBestPathIsKept)
@@ -161,8 +111,6 @@ TEST_F(Positions, TheBestPathIsKept)
     station.Hear("Q1ABC>APRS,Q3DIG*" + report);
     EXPECT_THAT(Paths(), ElementsAre("Q1ABC     None"));
 }
-
-// --- Mic-E -----------------------------------------------------------------------------------------------------------
 
 std::string MicE(std::string_view destination, std::string info)
 {
@@ -181,23 +129,22 @@ TEST(MicE, IsDecodedByTheTableAndOurRoundings)
         const char* info; ///< columns 2 to 4 longitude, 5 and 6 speed and course, 7 unread, 8 and 9 symbol
         const char* fields;
     };
-    for (const auto& [destination, info, fields] : {
-             Case{"S32U6T", "`(_fn\"Oj/", "3325.64N|/|01207.74W|j|012/021| Returning"},
-             {"S32UVT", "'(_fn\"Oj/", "3325.64N|/|11207.74W|j|012/021| Returning"},
-             {"332564", "`(_fn\"Oj/", "3325.64S|/|01207.74E|j|012/021| Emergency"},
-             {"A32U6T", "`(_fn\"Oj/", "0325.64N|/|01207.74W|j|012/021| ng,Custom-3"},
-             {"3325LL", "`(_fn\"Oj/", "3325.  S|/|01207.74E|j|012/021| Emergency"},
-             {"S32A6T", "`(_fn\"Oj/", "3320.64C|/|01207.74W|j|012/021| Returning"},
-             {"PPPPPP", "`vZ\x1c\x1c\x1cOj/", "0000.00N|/|00002.00W|j|000/000| Off Duty"},
-             {"PPPPPP", "`rZ\x1c\x1c!Oj/", "0000.00N|/|10602.00W|j|010/000| Off Duty"},
-             {"PPPPPP", "`lZ\x1c\x1c+Oj/", "0000.00N|/|10002.00W|j|020/002| Off Duty"},
-             {"PPPPPP", "`lZ\x1c\x1c\x35Oj/", "0000.00N|/|10002.00W|j|030/002| Off Duty"},
-             {"M32U6T", "`(_fn\"Oj/", "PacketNoGood"},
-             {"S32N6T", "`(_fn\"Oj/", "PacketNoGood"},
-             {"S-2U6T", "`(_fn\"Oj/", "PacketNoGood"},
-             {"S32U6", "`(_fn\"Oj/", "PacketNoGood"},
-             {"S32U6T", "`(_fn\"Oj", "PacketNoGood"},
-         })
+    const Case cases[] = {{"S32U6T", "`(_fn\"Oj/", "3325.64N|/|01207.74W|j|012/021| Returning"},
+                          {"S32UVT", "'(_fn\"Oj/", "3325.64N|/|11207.74W|j|012/021| Returning"},
+                          {"332564", "`(_fn\"Oj/", "3325.64S|/|01207.74E|j|012/021| Emergency"},
+                          {"A32U6T", "`(_fn\"Oj/", "0325.64N|/|01207.74W|j|012/021| ng,Custom-3"},
+                          {"3325LL", "`(_fn\"Oj/", "3325.  S|/|01207.74E|j|012/021| Emergency"},
+                          {"S32A6T", "`(_fn\"Oj/", "3320.64C|/|01207.74W|j|012/021| Returning"},
+                          {"PPPPPP", "`vZ\x1c\x1c\x1cOj/", "0000.00N|/|00002.00W|j|000/000| Off Duty"},
+                          {"PPPPPP", "`rZ\x1c\x1c!Oj/", "0000.00N|/|10602.00W|j|010/000| Off Duty"},
+                          {"PPPPPP", "`lZ\x1c\x1c+Oj/", "0000.00N|/|10002.00W|j|020/002| Off Duty"},
+                          {"PPPPPP", "`lZ\x1c\x1c\x35Oj/", "0000.00N|/|10002.00W|j|030/002| Off Duty"},
+                          {"M32U6T", "`(_fn\"Oj/", "PacketNoGood"},
+                          {"S32N6T", "`(_fn\"Oj/", "PacketNoGood"},
+                          {"S-2U6T", "`(_fn\"Oj/", "PacketNoGood"},
+                          {"S32U6", "`(_fn\"Oj/", "PacketNoGood"},
+                          {"S32U6T", "`(_fn\"Oj", "PacketNoGood"}};
+    for (const auto& [destination, info, fields] : cases)
         EXPECT_EQ(MicE(destination, info), fields) << destination << " " << info;
 }
 
@@ -205,28 +152,26 @@ TEST_F(Positions, AMicEReportIsStoredInPlainText)
 {
     station.Hear("Q1ABC-9>S32U6T,WIDE1-1:`(_fn\"Oj/]comment is lost");
     EXPECT_THAT(Rows(), ElementsAre("Q1ABC-9   `220908z3325.64N/01207.74Wj012/021 Returning"));
-    EXPECT_EQ(station.halvern.Map.MapRange, 1024);
+    EXPECT_EQ(halvern.Map.MapRange, 1024);
     station.Hear("Q1ABC-9>S32N6T,WIDE1-1:`(_fn\"Oj/");
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q1ABC-9", 1), 2);
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.Cell(2, 2), "1") << "a bad one is not counted";
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q1ABC-9", 1), 2);
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.Cell(2, 2), "1") << "a bad one is not counted";
 }
 
 TEST_F(Positions, AnEmergencyCentresTheMapButACustomStatusDoesNot)
 {
     station.Hear("Q1ABC>K32564,WIDE1-1:`(_fn\"Oj/");
-    EXPECT_EQ(station.halvern.Map.MapRange, 1024);
+    EXPECT_EQ(halvern.Map.MapRange, 1024);
     station.Hear("Q1ABC>3325VT,WIDE1-1:`(_fn\"Oj/");
-    EXPECT_EQ(station.halvern.Map.MapRange, 2);
-    EXPECT_FLOAT_EQ(station.halvern.Map.MapCenterLon, 112 + 7.74f / 60);
-    EXPECT_EQ(station.halvern.Map.PrevRange, 1024);
-    EXPECT_THAT(station.TakeSaid(), ::testing::Not(::testing::Contains(::testing::HasSubstr("message"))));
+    EXPECT_EQ(halvern.Map.MapRange, 2);
+    EXPECT_FLOAT_EQ(halvern.Map.MapCenterLon, 112 + 7.74f / 60);
+    EXPECT_EQ(halvern.Map.PrevRange, 1024);
+    EXPECT_THAT(Said(), testing::Not(Contains(HasSubstr("message"))));
 }
-
-// --- sentences -------------------------------------------------------------------------------------------------------
 
 std::string Split(const char* sentence, std::int16_t wanted)
 {
-    std::vector<std::string> fields;
+    Strings fields;
     SplitSentence(sentence, fields, wanted);
     std::string text = std::to_string(wanted);
     for (std::size_t i = 1; wanted != -1 && i < fields.size(); ++i) text += "|" + fields[i];
@@ -253,26 +198,25 @@ TEST(Sentences, TakeTheirSymbolFromTheDestinationOrTheSsid)
         const char* dest;
         const char* report; ///< empty: dropped
     };
-    for (const auto& [source, dest, report] : {
-             Case{"Q1ABC-9", "GPS", "$4049.14N/07308.41W>"},
-             {"Q1ABC-15", "APRS", "$4049.14N/07308.41Wv"},
-             {"Q1ABC-16", "APRS", "$4049.14N07308.41W"},
-             {"Q1ABC", "APRS", ""},
-             {"Q1ABC", "GPSMV", "$4049.14N/07308.41W>"},
-             {"Q1ABC", "GPSBB", "$4049.14N/07308.41W!"},
-             {"Q1ABC", "GPSBC", ""},
-             {"Q1ABC", "GPSOC", ""},
-             {"Q1ABC", "GPSAP", ""},
-             {"Q1ABC", "GPSOM", "$4049.14N/07308.41W,"},
-             {"Q1ABC", "GPSON", "$4049.14N\\07308.41W-"},
-             {"Q1ABC", "GPSOD", ""},
-             {"Q1ABC", "GPSOD7", "$4049.14N707308.41W#"},
-             {"Q1ABC", "GPSJ4", "$4049.14N/07308.41W~"},
-             {"Q1ABC", "GPSQ1", "$4049.14N\\07308.41W{"},
-             {"Q1ABC", "GPSHX", "$4049.14N/07308.41W`"},
-             {"Q1ABC", "GPSxx", ""},
-             {"Q1ABC", "GPS:", ""},
-         }) {
+    const Case cases[] = {{"Q1ABC-9", "GPS", "$4049.14N/07308.41W>"},
+                          {"Q1ABC-15", "APRS", "$4049.14N/07308.41Wv"},
+                          {"Q1ABC-16", "APRS", "$4049.14N07308.41W"},
+                          {"Q1ABC", "APRS", ""},
+                          {"Q1ABC", "GPSMV", "$4049.14N/07308.41W>"},
+                          {"Q1ABC", "GPSBB", "$4049.14N/07308.41W!"},
+                          {"Q1ABC", "GPSBC", ""},
+                          {"Q1ABC", "GPSOC", ""},
+                          {"Q1ABC", "GPSAP", ""},
+                          {"Q1ABC", "GPSOM", "$4049.14N/07308.41W,"},
+                          {"Q1ABC", "GPSON", "$4049.14N\\07308.41W-"},
+                          {"Q1ABC", "GPSOD", ""},
+                          {"Q1ABC", "GPSOD7", "$4049.14N707308.41W#"},
+                          {"Q1ABC", "GPSJ4", "$4049.14N/07308.41W~"},
+                          {"Q1ABC", "GPSQ1", "$4049.14N\\07308.41W{"},
+                          {"Q1ABC", "GPSHX", "$4049.14N/07308.41W`"},
+                          {"Q1ABC", "GPSxx", ""},
+                          {"Q1ABC", "GPS:", ""}};
+    for (const auto& [source, dest, report] : cases) {
         std::string info = "$GPGLL,4049.1423,N,07308.4178,W,210000,A*1C";
         const auto result = SentenceToReport(source, dest, info);
         EXPECT_EQ(result == SentenceResult::Position ? info : "", report) << source << " " << dest;
@@ -289,10 +233,10 @@ TEST_F(Positions, SentencesAreFiledWithCourseAndSpeedWhereTheyHaveThem)
          {"$GPRMC,210000,V,4049.14,N,07308.41,W,12.5,088.4,010100,,*7C",
           "$GPGGA,210000,4049.14,N,07308.41,W,0,05,1.5,10,M,-20,M,,*7C", "$GPGLL,,N,07308.41,W,1,A*7C"})
         station.Hear("Q3ABC-9>APRS,WIDE:" + std::string(info));
-    EXPECT_EQ(station.halvern.HeardFrm.HeardGrid.FindRow("Q3ABC-9", 1), NotFound);
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q3ABC-9", 1), NotFound);
     station.Hear("Q3ABC-9>APRS,WIDE:$GPVTG,1,2*7C");
-    EXPECT_NE(station.halvern.HeardFrm.HeardGrid.FindRow("Q3ABC-9", 1), NotFound);
+    EXPECT_NE(halvern.HeardFrm.HeardGrid.FindRow("Q3ABC-9", 1), NotFound);
 }
 
 } // namespace
-} // namespace halvern
+} // namespace halvern::test
