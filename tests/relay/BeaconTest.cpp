@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "relay/Beacon.h"
 
-#include <gmock/gmock.h>
-
 #include "relay/Paths.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 TEST(Paths, AreCheckedAndCounted)
 {
@@ -42,15 +36,14 @@ TEST(Paths, AreCheckedAndCounted)
     for (const auto& [path, hops] : heard) EXPECT_EQ(PathHopCount(path), hops) << path;
 }
 
-struct Beacons : testing::Test {
-    Beacons() { station.SetUp(); }
+struct Beacons : StationTest {
     /// What left by any port until `end`, in seconds since the start: "8 radio LINE".
-    std::vector<std::string> Air(std::int64_t end)
+    Strings Air(std::int64_t end)
     {
-        std::vector<std::string> air;
+        Strings air;
         for (std::int64_t second = station.time.Elapsed() / 1000; second <= end; ++second) {
             station.time.Wait(second * 1000 + 1 - station.time.Elapsed());
-            const auto note = [&](const char* port, const std::vector<std::string>& sent) {
+            const auto note = [&](const char* port, const Strings& sent) {
                 for (const auto& bytes : sent) air.push_back(std::to_string(second) + " " + port + " " + bytes);
             };
             note("radio", station.SentByRadio());
@@ -59,18 +52,6 @@ struct Beacons : testing::Test {
         }
         return air;
     }
-    /// The seconds at which something left by a port.
-    static std::vector<int> Times(const std::vector<std::string>& air, const std::string& port)
-    {
-        std::vector<int> times;
-        for (const auto& line : air)
-            if (line.find(" " + port + " ") != std::string::npos) times.push_back(std::stoi(line));
-        times.erase(std::unique(times.begin(), times.end()), times.end());
-        return times;
-    }
-    Station station;
-    Halvern& halvern = station.halvern;
-    MainForm& main = halvern.ConMdiFrm;
 };
 
 const std::string Position = "=4049.14N/07308.41W-PHG5130 own";
@@ -79,24 +60,23 @@ TEST_F(Beacons, TheEngineHearsTheStatusFirst)
 {
     station.OpenTnc();
     station.time.Wait(1);
-    EXPECT_THAT(Station::Rows(halvern.TerminalFrm.RawPacketLst),
-                ElementsAre("Q0OWN>APHV01:>here", "Q0OWN>APHV01:" + Position));
+    EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:>here", "Q0OWN>APHV01:" + Position));
 }
 
 TEST_F(Beacons, EveryPortHasItsOwnForm)
 {
-    halvern.SetUpfrm.UnPath.Preselect(1); // WIDE2-2
-    halvern.SetUpfrm.CommentTXT.SetText("a\xC0\xDB\xFF");
+    setUp.UnPath.Preselect(1); // WIDE2-2
+    setUp.CommentTXT.SetText("a\xC0\xDB\xFF");
     main.InternetSoc.Connect();
     main.ServerLoggedIn = true;
     main.Psk63Soc.Connect();
     station.OpenTnc();
     const std::string plain = "=4049.14N/07308.41W-PHG5130 a\xC0\xDB\xFF";
     const std::string escaped = "=4049.14N/07308.41W-PHG5130 a\xDB\xDC\xDB\xDD\xFF";
-    const std::vector<std::string> first{"0 radio Q0OWN>APHV01,WIDE2-2:" + plain, "0 radio Q0OWN>APHV01,WIDE2-2:>here",
-                                         // what radio has escaped stays so for the rest of the tick
-                                         "0 internet Q0OWN>APHV01,TCPIP*:" + escaped + "\r\n",
-                                         "0 internet Q0OWN>APHV01,TCPIP*:>here\r\n"};
+    const Strings first{"0 radio Q0OWN>APHV01,WIDE2-2:" + plain, "0 radio Q0OWN>APHV01,WIDE2-2:>here",
+                        // what radio has escaped stays so for the rest of the tick
+                        "0 internet Q0OWN>APHV01,TCPIP*:" + escaped + "\r\n",
+                        "0 internet Q0OWN>APHV01,TCPIP*:>here\r\n"};
     EXPECT_EQ(Air(0), first);
     const auto second = Air(8);
     ASSERT_THAT(second, SizeIs(6));
@@ -104,30 +84,16 @@ TEST_F(Beacons, EveryPortHasItsOwnForm)
     EXPECT_EQ(second[5], "8 psk63 Q0OWN>APHV01,WIDE2-2:>here\r\n");
 }
 
-TEST_F(Beacons, Psk63BeaconsEveryFiveMinutes)
-{
-    main.Psk63Soc.Connect();
-    main.Timer2.Start(1);
-    const auto times = Times(Air(1200), "psk63");
-    // the second of the fast ones, then the sixth steady tick and every fifth one from there
-    EXPECT_EQ(times, (std::vector<int>{8, 116 + 5 * 60, 116 + 10 * 60, 116 + 15 * 60}));
-}
-
 TEST_F(Beacons, TheDialectOfMarksSpeaksCharacterByCharacter)
 {
-    const auto marked = [](const std::string& text) {
-        std::string bytes;
-        for (const char character : text) bytes += std::string("\x19") + character;
-        return bytes;
-    };
-    halvern.SetUpfrm.Psk63PortTxt.SetText("3122");
-    halvern.SetUpfrm.UnPath.Preselect(1);
+    setUp.Psk63PortTxt.SetText("3122");
+    setUp.UnPath.Preselect(1);
     halvern.Engine.Psk63Reply = "DONE";
     main.Psk63Soc.Connect();
     main.Timer2.Start(8000);
     station.time.Wait(8000);
-    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE\r"),
-                                                           marked("SSSSSQ0OWN>APHV01:>hereEEEEE"), "\x1ATX\x1B"));
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(Marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE\r"),
+                                                           Marked("SSSSSQ0OWN>APHV01:>hereEEEEE"), "\x1ATX\x1B"));
     EXPECT_EQ(halvern.Engine.Psk63Reply, "");
     halvern.Engine.Psk63Busy = true;
     main.Timer2.Start(8000);
@@ -136,7 +102,7 @@ TEST_F(Beacons, TheDialectOfMarksSpeaksCharacterByCharacter)
     halvern.Engine.Psk63Busy = false;
     main.BeaconMenu.Click();
     EXPECT_THAT(station.SentBy(main.Psk63Soc),
-                ElementsAre(marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE"), "\x1ATX\x1B"));
+                ElementsAre(Marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE"), "\x1ATX\x1B"));
 }
 
 TEST_F(Beacons, FollowThePathInTheirRate)
@@ -144,8 +110,8 @@ TEST_F(Beacons, FollowThePathInTheirRate)
     const std::pair<const char*, int> rates[] = {{"RELAY", 10},      {"WIDE1-1", 20},         {"WIDE2-2", 30},
                                                  {"RELAY,WIDE", 20}, {"WIDE1-1,WIDE2-1", 30}, {"NONE", 10}};
     for (const auto& [path, rate] : rates) {
-        halvern.SetUpfrm.UnPath.Add(path);
-        halvern.SetUpfrm.UnPath.Preselect(halvern.SetUpfrm.UnPath.IndexOf(path));
+        setUp.UnPath.Add(path);
+        setUp.UnPath.Preselect(setUp.UnPath.IndexOf(path));
         main.Timer2.Start(1);
         station.time.Wait(1);
         EXPECT_EQ(halvern.Engine.BeaconRate, rate) << path;
@@ -161,21 +127,21 @@ TEST_F(Beacons, FollowThePathInTheirRate)
     halvern.Engine.BeaconMinutes = 32767;
     station.time.Wait(60000);
     EXPECT_FALSE(main.Timer2.Enabled());
-    EXPECT_THAT(station.TakeSaid(), testing::Contains("message critical \"Halvern\" \"Error # 6 Overflow\""));
+    EXPECT_THAT(Said(), Contains("message critical \"Halvern\" \"Error # 6 Overflow\""));
 }
 
 TEST_F(Beacons, ABadPathClosesThePortsOnce)
 {
-    halvern.SetUpfrm.UnPath.Add("A-1");
-    halvern.SetUpfrm.UnPath.Preselect(2);
-    halvern.SetUpfrm.IntDomainCombo.SetText("feed.example");
+    setUp.UnPath.Add("A-1");
+    setUp.UnPath.Preselect(2);
+    setUp.IntDomainCombo.SetText("feed.example");
     for (MenuItem* item : {&main.PortTnc, &main.SoundCardMenu, &main.PortIp}) item->Click();
     main.Psk63Soc.Connect();
     station.time.Wait(10);
     EXPECT_FALSE(main.PortTnc.Checked() || main.SoundCardMenu.Checked() || main.PortIp.Checked());
     EXPECT_TRUE(main.Psk63Soc.Connected());
     EXPECT_FALSE(main.Timer2.Enabled());
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(testing::HasSubstr("critical \"Halvern\" \"An Error has been")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("critical \"Halvern\" \"An Error has been")));
     EXPECT_THAT(station.SentByRadio(), IsEmpty());
     // the operator insists
     halvern.Engine.BeaconRate = 20;
@@ -187,10 +153,10 @@ TEST_F(Beacons, ABadPathClosesThePortsOnce)
 
 TEST_F(Beacons, AWeatherSymbolStopsTheSchedule)
 {
-    const auto& symbols = halvern.SetUpfrm.SymbolCombo;
+    const auto& symbols = setUp.SymbolCombo;
     int weather = 0;
     while (!symbols.Row(weather).ends_with("/_")) ++weather;
-    halvern.SetUpfrm.SymbolCombo.Preselect(weather);
+    setUp.SymbolCombo.Preselect(weather);
     station.OpenTnc();
     station.time.Wait(100000);
     main.BeaconMenu.Click();

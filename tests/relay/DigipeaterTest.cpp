@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "relay/Digipeater.h"
 
-#include <gmock/gmock.h>
-
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(DigiSubstitute, TakesTheNextEntryOnly)
 {
@@ -41,72 +36,50 @@ TEST(DigiSubstitute, TakesTheNextEntryOnly)
     }
 }
 
-struct Digipeater : testing::Test {
+struct Digipeater : StationTest {
     Digipeater()
     {
-        station.SetUp();
         station.OpenTnc();
-        halvern.ConMdiFrm.Timer2.Stop();
+        main.Timer2.Stop();
     }
-    void SwitchOnAlias() { halvern.SetUpfrm.MyAlias = "WIDE1-1"; }
-    std::string LastRaw() const
-    {
-        const auto& raw = halvern.TerminalFrm.RawPacketLst;
-        return raw.Count() == 0 ? std::string{} : raw.Row(raw.Count() - 1);
-    }
-    Station station;
-    Halvern& halvern = station.halvern;
 };
 
-TEST_F(Digipeater, RepeatsForTheAliasWhileItIsOn)
+TEST_F(Digipeater, RepeatsForItsNamesAndMarksWhatIsUsed)
 {
-    station.HearOnTnc("Q0AAA>APRS,WIDE1-1,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), IsEmpty());
-    SwitchOnAlias();
-    station.HearOnTnc("Q0AAA>APRS,WIDE1-1,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0OWN*,WIDE2-1:>x"));
-    EXPECT_EQ(LastRaw(), "Q0AAA>APRS,Q0OWN*,WIDE2-1:>x");
-    // no list of what went before
-    station.HearOnTnc("Q0AAA>APRS,WIDE1-1,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), testing::SizeIs(1));
-}
-
-TEST_F(Digipeater, MarksEveryUsedEntryOnTheAirAndTheLastOneInTheLine)
-{
-    SwitchOnAlias();
-    station.HearOnTnc("Q0AAA>APRS,Q0ABC*,WIDE1-1,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0ABC*,Q0OWN*,WIDE2-1:>x"));
-    EXPECT_EQ(LastRaw(), "Q0AAA>APRS,Q0ABC,Q0OWN*,WIDE2-1:>x");
-}
-
-TEST_F(Digipeater, RepeatsForItsOwnCallAndTwiceForBothNames)
-{
-    station.HearOnTnc("Q0AAA>APRS,Q0OWN,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0OWN*,WIDE2-1:>x"));
-    station.HearOnTnc("Q0AAA>APRS,Q0OWN*,WIDE2-1:>x");
-    EXPECT_THAT(station.SentByRadio(), IsEmpty());
-    // with both names in it the first repeat marks an entry that is then found in the place of the second
-    SwitchOnAlias();
-    station.HearOnTnc("Q0AAA>APRS,Q0ABC*,Q0OWN,WIDE1-1:>x");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0ABC*,Q0OWN*,WIDE1-1:>x"));
+    // On the air every used entry is marked, in the line the last one. The alias is on from the second case on.
+    const std::string repeated = "Q0AAA>APRS,Q0OWN*,WIDE2-1:>x";
+    const struct {
+        const char* heard;
+        std::string sent, raw; ///< empty: nothing, or the line as it was heard
+    } cases[] = {
+        {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", "", ""},
+        {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", repeated, repeated},
+        {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", repeated, repeated}, // no list of what went before
+        {"Q0AAA>APRS,Q0ABC*,WIDE1-1,WIDE2-1:>x", "Q0AAA>APRS,Q0ABC*,Q0OWN*,WIDE2-1:>x",
+         "Q0AAA>APRS,Q0ABC,Q0OWN*,WIDE2-1:>x"},
+        {"Q0AAA>APRS,Q0OWN,WIDE2-1:>x", repeated, repeated},
+        {"Q0AAA>APRS,Q0OWN*,WIDE2-1:>x", "", ""},
+        {"Q0AAA>APRS,Q0OWN:>a\xC0\xDB\xFFz", "Q0AAA>APRS,Q0OWN*:>a\xC0\xDB\xFFz", "Q0AAA>APRS,Q0OWN*:>a\xC0\xDB\xFFz"},
+        // with both names in it the first repeat marks an entry that is then found in the place of the second
+        {"Q0AAA>APRS,Q0ABC*,Q0OWN,WIDE1-1:>x", "Q0AAA>APRS,Q0ABC*,Q0OWN*,WIDE1-1:>x",
+         "Q0AAA>APRS,Q0ABC,Q0OWN*,WIDE1-1:>x"}};
+    for (const auto& [heard, sent, raw] : cases) {
+        station.HearOnTnc(heard);
+        EXPECT_EQ(station.SentByRadio(), sent.empty() ? Strings{} : Strings{sent}) << heard;
+        EXPECT_EQ(Raw().back(), raw.empty() ? heard : raw);
+        setUp.MyAlias = "WIDE1-1";
+    }
     halvern.Engine.OwnCall = "Q0OWN-5";
     station.HearOnTnc("Q0AAA>APRS,WIDE1-1,Q0OWN-5:>x");
     EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0OWN-5*,Q0OWN-5:>x"));
 }
 
-TEST_F(Digipeater, LeavesEveryByteOfTheInformationAsItWas)
-{
-    station.HearOnTnc("Q0AAA>APRS,Q0OWN:>a\xC0\xDB\xFFz");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0AAA>APRS,Q0OWN*:>a\xC0\xDB\xFFz"));
-    EXPECT_EQ(LastRaw(), "Q0AAA>APRS,Q0OWN*:>a\xC0\xDB\xFFz");
-}
-
 TEST_F(Digipeater, RepeatsOnEveryRadioPort)
 {
-    halvern.ConMdiFrm.SoundCardMenu.Click();
+    main.SoundCardMenu.Click();
     station.HearOnTnc("Q0AAA>APRS,Q0OWN:>x");
-    EXPECT_THAT(station.SentByRadio(), testing::SizeIs(1));
-    EXPECT_THAT(station.SentBy(halvern.ConMdiFrm.SoundSoc), testing::SizeIs(1));
+    EXPECT_THAT(station.SentByRadio(), SizeIs(1));
+    EXPECT_THAT(station.SentBy(main.SoundSoc), SizeIs(1));
 }
 
 } // namespace

@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "relay/Messages.h"
 
-#include <gmock/gmock.h>
-
 #include "relay/OutMsg.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 TEST(OutMsgRecords, AreReadAsTheyWereWritten)
 {
@@ -41,8 +34,7 @@ TEST(OutMsgRecords, AreReadAsTheyWereWritten)
     EXPECT_EQ(cases[0].record, ":Q0AAA-11 unproto APHV01 via WIDE2-2:Hello{12");
 }
 
-struct OwnMessages : testing::Test {
-    OwnMessages() { station.SetUp(); }
+struct OwnMessages : StationTest {
     void OpenTnc()
     {
         station.OpenTnc();
@@ -59,45 +51,28 @@ struct OwnMessages : testing::Test {
         }
         return times;
     }
-    std::vector<std::string> Lines() const { return Station::Rows(form.MsgToYouLst); }
-    Station station;
-    Halvern& halvern = station.halvern;
-    MainForm& main = halvern.ConMdiFrm;
-    MessageForm& form = halvern.MessageFrm;
+    Strings Lines() const { return Rows(form.MsgToYouLst); }
 };
-
-TEST_F(OwnMessages, GoOutAtADoublingPaceAndThenEveryNinthMinute)
-{
-    OpenTnc();
-    form.SetCaption("New Message!");
-    Type("q0aaa", "Hello");
-    EXPECT_EQ(form.Caption(), "Message");
-    EXPECT_EQ(form.MsgTxt.Text(), "");
-    EXPECT_THAT(Lines(), ElementsAre("Q0OWN>Q0AAA:1.Hello"));
-    EXPECT_EQ(form.MsgToYouLst.Selected(), 0);
-    EXPECT_THAT(Station::Rows(halvern.TerminalFrm.RawPacketLst), ElementsAre("Q0OWN>APHV01,NONE::Q0AAA    :Hello{1"));
-    station.time.Wait(1);
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::Q0AAA    :Hello{1"));
-    EXPECT_EQ(SendTimes(2000), (std::vector<int>{4, 12, 28, 60, 120, 120 + 60 * 9, 120 + 60 * 18, 120 + 60 * 27}));
-    EXPECT_EQ(form.OutMsg.Count(), 1);
-}
 
 TEST_F(OwnMessages, WaitForTheOlderOneToTheSameStation)
 {
     OpenTnc();
-    Type("Q0AAA", "one");
+    form.SetCaption("New Message!");
+    Type("q0aaa", "one");
+    EXPECT_EQ(form.Caption() + form.MsgTxt.Text(), "Message");
+    EXPECT_EQ(form.MsgToYouLst.Selected(), 0);
     Type("Q0BBB", "other");
     Type("Q0AAA", "two");
     EXPECT_EQ(form.OutMsg.Row(0), ":Q0AAA    unproto APHV01 via NONE:two{3");
     station.time.Wait(1);
     EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::Q0AAA    :one{1", "Q0OWN>APHV01::Q0BBB    :other{2"));
-    station.Hear("Q0AAA>APRS::Q0OWN    :ack1");
+    station.Hear("q0aaa>APRS::Q0OWN    :ack1");
     EXPECT_EQ(Lines()[0], "Q0OWN>Q0AAA:1.one MESSAGE RECEIVED");
     station.time.Wait(1);
     EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::Q0AAA    :two{3", "Q0OWN>APHV01::Q0BBB    :other{2"));
     station.Hear("Q0AAA>APRS::Q0OWN    :ack3");
     // with one left any ack is for it
-    station.Hear("Q0CCC>APRS::Q0OWN    :ack99");
+    station.Hear("Q0CCC>APRS::Q0OWN    :ACK99");
     EXPECT_EQ(form.OutMsg.Count(), 0);
     EXPECT_FALSE(form.Timer1.Running());
     EXPECT_EQ(dynamic_cast<SimulatedSerial&>(*main.MSComm1.device).discards, 1);
@@ -105,48 +80,42 @@ TEST_F(OwnMessages, WaitForTheOlderOneToTheSameStation)
 
 TEST_F(OwnMessages, TakeTheRoadOnWhichTheStationWasHeard)
 {
+    const std::string byNet = "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi{1\r\n";
     const struct {
         const char *heard, *mailPath;
-        bool radio, internet;
-        const char *byRadio, *byInternet;
-    } cases[] = {
-        {"Q0AAA>APRS,WIDE1*:>x", "WIDE2-2", true, true, "Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi{1", nullptr},
-        {"Q0AAA>APRS,TCPIP*:>x", "WIDE2-2", true, true, nullptr, "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi{1\r\n"},
-        {"Q0AAA>APRS,TCPXX*:>x", "NONE", true, true, nullptr, "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi{1\r\n"},
-        {"Q0BBB>APRS,TCPIP*:>x", "NONE", true, true, "Q0OWN>APHV01::Q0AAA    :hi{1", nullptr},
-        {"Q0AAA>APRS,WIDE1*:>x", "WIDE2-2", false, true, nullptr, "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi{1\r\n"},
-    };
+        bool radio;
+        Strings byRadio, byInternet;
+    } cases[] = {{"Q0AAA     WIDE1*", "WIDE2-2", true, {"Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi{1"}, {}},
+                 {"Q0AAA     TCPIP*", "WIDE2-2", true, {}, {byNet}},
+                 {"Q0AAA     TCPXX*", "NONE", true, {}, {byNet}},
+                 {"Q0BBB     TCPIP*", "NONE", true, {"Q0OWN>APHV01::Q0AAA    :hi{1"}, {}},
+                 {"Q0AAA     WIDE1*", "WIDE2-2", false, {}, {byNet}}};
     for (const auto& each : cases) {
         Station fresh;
         fresh.SetUp();
-        auto& heard = fresh.halvern.DigiFrm.DigiLst;
-        const std::string_view line = each.heard;
-        const auto comma = line.find(',');
-        heard.Add(CallField(line.substr(0, 5)) + " " + std::string(line.substr(comma + 1, line.find(':') - comma - 1)));
+        fresh.halvern.DigiFrm.DigiLst.Add(each.heard);
         auto& main = fresh.halvern.ConMdiFrm;
         if (each.radio) fresh.OpenTnc();
         main.Timer2.Stop();
-        if (each.internet) main.InternetSoc.Connect();
+        main.InternetSoc.Connect();
         fresh.halvern.MessageFrm.MailUnPath.SetText(each.mailPath);
         fresh.Type("Q0AAA", "hi");
         fresh.time.Wait(1);
-        EXPECT_EQ(fresh.SentByRadio(),
-                  each.byRadio ? std::vector<std::string>{each.byRadio} : std::vector<std::string>{});
-        EXPECT_EQ(fresh.SentBy(main.InternetSoc),
-                  each.byInternet ? std::vector<std::string>{each.byInternet} : std::vector<std::string>{});
+        EXPECT_EQ(fresh.SentByRadio(), each.byRadio);
+        EXPECT_EQ(fresh.SentBy(main.InternetSoc), each.byInternet);
     }
 }
 
 TEST_F(OwnMessages, ToAllAndToGroupsHaveNoNumber)
 {
     OpenTnc();
-    halvern.SetUpfrm.MsgGroupLst.Add("CLUB");
+    setUp.MsgGroupLst.Add("CLUB");
     Type("BLN1", "all");
     Type("CLUB", "us\xC0");
     EXPECT_THAT(Lines(), ElementsAre("Q0OWN>BLN1:   all", "Q0OWN>CLUB:us\xC0"));
     EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::CLUB     :us\xC0\r\n"));
     EXPECT_EQ(SendTimes(100), (std::vector<int>{0, 4, 12, 28, 60}));
-    EXPECT_THAT(Station::Rows(form.OutMsg), ElementsAre(":BLN1     unproto APHV01 via NONE:all  "));
+    EXPECT_THAT(Rows(form.OutMsg), ElementsAre(":BLN1     unproto APHV01 via NONE:all  "));
     EXPECT_EQ(form.MsgNumber, 2);
     // to a group by way of the Internet
     main.PortTnc.Click();
@@ -157,42 +126,29 @@ TEST_F(OwnMessages, ToAllAndToGroupsHaveNoNumber)
 
 TEST_F(OwnMessages, AreRefusedWithTheFirstReason)
 {
-    const auto refused = [&](const char* text) {
-        return std::vector<std::string>{std::string("message none \"Halvern\" \"") + text + '"'};
+    const auto refused = [&](int key, const std::string& text, const char* left) {
+        form.MsgTxt.Press(key);
+        EXPECT_THAT(Said(), ElementsAre("message none \"Halvern\" \"" + text + '"'));
+        EXPECT_EQ(form.MsgTxt.Text(), left);
     };
     form.SendCallTxt.SetText("");
     form.MailUnPath.SetText("tcpip");
     form.MsgTxt.SetText("abc");
     form.MsgTxt.Press('x');
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("TCPIP and TCPXX are not allowed as paths on RF.")));
-    EXPECT_EQ(form.MailUnPath.Text(), "NONE");
-    EXPECT_EQ(form.MsgTxt.Text(), "");
-
-    form.MsgTxt.Press('x');
-    EXPECT_EQ(station.TakeSaid(), refused("Please Open a TNC Port or a Sound Card Port or an Internet Port or PSK63 "
-                                          "port First."));
-    EXPECT_EQ(form.MsgTxt.Text(), "");
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("TCPIP and TCPXX are not allowed as paths on RF.")));
+    EXPECT_EQ(form.MailUnPath.Text() + form.MsgTxt.Text(), "NONE");
+    refused('x', "Please Open a TNC Port or a Sound Card Port or an Internet Port or PSK63 port First.", "");
 
     main.Psk63Soc.Connect();
     form.MsgTxt.SetText("kept");
-    form.MsgTxt.Press(13);
-    EXPECT_EQ(station.TakeSaid(), refused("Please change your Mail Path to PSK63. Or open another port besides the "
-                                          "PSK63 Port."));
-    EXPECT_EQ(form.MsgTxt.Text(), "kept");
-
+    refused(13, "Please change your Mail Path to PSK63. Or open another port besides the PSK63 Port.", "kept");
     OpenTnc();
-    form.MsgTxt.Press(13);
-    EXPECT_EQ(station.TakeSaid(), refused("You First Have to type in a Callsign in the 'To Callsign Box'."));
-
+    refused(13, "You First Have to type in a Callsign in the 'To Callsign Box'.", "");
     form.SendCallTxt.SetText("q0own");
     form.MailUnPath.SetText("");
-    form.MsgTxt.Press(13);
-    EXPECT_EQ(station.TakeSaid(), refused("You have to chose a Mail Path first."));
-
+    refused(13, "You have to chose a Mail Path first.", "");
     form.MailUnPath.SetText("NONE");
-    form.MsgTxt.SetText("me");
-    form.MsgTxt.Press(13);
-    EXPECT_EQ(station.TakeSaid(), refused("You may not send a message to this station."));
+    refused(13, "You may not send a message to this station.", "");
     EXPECT_EQ(form.OutMsg.Count(), 0);
     Type("Q0OWN-9", "my car");
     EXPECT_EQ(form.OutMsg.Count(), 1);
@@ -204,7 +160,7 @@ TEST_F(OwnMessages, EndWithTheNumbers)
     form.MsgNumber = 32766;
     Type("Q0AAA", "last");
     halvern.All.Dispatch([&] { Type("Q0AAA", "one too many"); });
-    EXPECT_THAT(station.TakeSaid(), ElementsAre("message critical \"Halvern\" \"Error # 6 Overflow\""));
+    EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"Error # 6 Overflow\""));
     EXPECT_EQ(form.OutMsg.Count(), 1);
 }
 
@@ -237,14 +193,11 @@ TEST_F(OwnMessages, ByPsk63AreSentAgainWithEnter)
     main.CLRMsgTxtMenu.Click();
     EXPECT_EQ(form.MsgTxt.Text(), "");
 
-    halvern.SetUpfrm.Psk63PortTxt.SetText("3122");
+    setUp.Psk63PortTxt.SetText("3122");
     Type("Q0AAA", "Bye");
     EXPECT_EQ(Lines().back(), "SSSSSQ0OWN>Q0AAA:2.ByeEEEEE");
-    const auto sent = station.SentBy(main.Psk63Soc);
-    ASSERT_THAT(sent, SizeIs(2));
-    std::string text;
-    for (std::size_t i = 1; i < sent[0].size(); i += 2) text += sent[0][i];
-    EXPECT_EQ(text, "SSSSSQ0OWN>APHV01::Q0AAA    :Bye{2EEEEE");
+    EXPECT_THAT(station.SentBy(main.Psk63Soc),
+                ElementsAre(Marked("SSSSSQ0OWN>APHV01::Q0AAA    :Bye{2EEEEE"), testing::_));
     halvern.Engine.Psk63Busy = true;
     form.MsgTxt.Press(13);
     EXPECT_THAT(station.SentBy(main.Psk63Soc), IsEmpty());
@@ -259,13 +212,13 @@ TEST_F(OwnMessages, AreKilledFromTheirDialog)
     station.dialogs.RunModal = [&](Form&) {
         auto& kill = halvern.KillMsgFrm;
         EXPECT_FALSE(form.Timer1.Enabled());
-        EXPECT_EQ(Station::Rows(kill.KillLst), Station::Rows(form.OutMsg));
+        EXPECT_EQ(Rows(kill.KillLst), Rows(form.OutMsg));
         kill.KillLst.Mark(1, true);
         kill.KillLst.Mark(2, true);
         kill.OkCmd.Click();
         EXPECT_TRUE(kill.Visible());
         EXPECT_THAT(Lines(), ElementsAre("Q0OWN>Q0AAA:3.two"));
-        EXPECT_THAT(Station::Rows(form.OutMsg), ElementsAre(HasSubstr("two{3")));
+        EXPECT_THAT(Rows(form.OutMsg), ElementsAre(HasSubstr("two{3")));
         kill.CancelCmd.Click();
         EXPECT_EQ(form.Timer1.Interval(), 1);
         EXPECT_TRUE(form.Timer1.Enabled());
@@ -279,40 +232,40 @@ TEST_F(OwnMessages, AreKilledFromTheirDialog)
     };
     main.KillMsg.Click();
     EXPECT_EQ(form.OutMsg.Count(), 0);
-    station.TakeSaid();
+    Said();
     main.KillMsg.Click();
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("There are no out going messages at this time")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("There are no out going messages at this time")));
 }
 
 TEST_F(OwnMessages, HavePathsThatTheOperatorKeeps)
 {
     auto& paths = form.MailUnPath;
-    const auto act = [&](MenuItem& item, const char* answer) {
+    const auto act = [&](MenuItem& item, const char* answer = nullptr) {
         if (answer != nullptr) station.dialogs.Answers.push_back({answer, false});
         item.Click();
-        return station.TakeSaid();
+        return Said();
     };
     act(main.MailAddMenu, "wide1-1");
-    EXPECT_EQ(Station::Rows(paths), (std::vector<std::string>{"NONE", "WIDE2-2", "WIDE1-1"}));
+    EXPECT_EQ(Rows(paths), (Strings{"NONE", "WIDE2-2", "WIDE1-1"}));
     act(main.MailAddMenu, "");
-    EXPECT_THAT(act(main.MailAddMenu, "tcpxx"), testing::Contains(HasSubstr("are not allowed as paths on RF")));
+    EXPECT_THAT(act(main.MailAddMenu, "tcpxx"), Contains(HasSubstr("are not allowed as paths on RF")));
     EXPECT_EQ(paths.Count(), 3);
 
-    EXPECT_THAT(act(main.MailChangeMenu, nullptr), ElementsAre(HasSubstr("You cannot Change this item.")));
-    EXPECT_THAT(act(main.MailDeleteMenu, nullptr), ElementsAre(HasSubstr("You cannot Delete this item.")));
+    EXPECT_THAT(act(main.MailChangeMenu), ElementsAre(HasSubstr("You cannot Change this item.")));
+    EXPECT_THAT(act(main.MailDeleteMenu), ElementsAre(HasSubstr("You cannot Delete this item.")));
     paths.SetText("typed");
-    EXPECT_THAT(act(main.MailChangeMenu, nullptr), ElementsAre(HasSubstr("before clicking on the Change menu item.")));
-    EXPECT_THAT(act(main.MailDeleteMenu, nullptr), ElementsAre(HasSubstr("before clicking on the Delete menu item.")));
+    EXPECT_THAT(act(main.MailChangeMenu), ElementsAre(HasSubstr("before clicking on the Change menu item.")));
+    EXPECT_THAT(act(main.MailDeleteMenu), ElementsAre(HasSubstr("before clicking on the Delete menu item.")));
 
     paths.Select(2);
     EXPECT_THAT(act(main.MailChangeMenu, "q0dig"), ElementsAre(HasSubstr("\"WIDE1-1\"")));
     EXPECT_EQ(paths.Row(2), "Q0DIG");
     act(main.MailChangeMenu, "");
     EXPECT_EQ(paths.Row(2), "Q0DIG");
-    act(main.MailDeleteMenu, nullptr);
+    act(main.MailDeleteMenu);
     EXPECT_EQ(paths.Count(), 2);
     while (paths.Count() < 20) paths.Add("Q0DIG");
-    EXPECT_THAT(act(main.MailAddMenu, nullptr), ElementsAre(HasSubstr("You may not have more than 20 mail paths")));
+    EXPECT_THAT(act(main.MailAddMenu), ElementsAre(HasSubstr("You may not have more than 20 mail paths")));
 }
 
 TEST_F(OwnMessages, ShowOneTabAndTakeBackItsCaption)

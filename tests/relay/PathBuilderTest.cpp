@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
-struct PathBuilder : testing::Test {
-    PathBuilder()
-    {
-        station.SetUp();
-        form.Show();
-    }
+struct PathBuilder : StationTest {
+    PathBuilder() { form.Show(); }
     /// Picks entries by their place in the list, or types calls, and updates after each.
-    void Build(const std::vector<std::string>& entries)
+    void Build(const Strings& entries)
     {
         form.ClearCmd.Click();
         for (const auto& entry : entries) {
@@ -28,15 +19,13 @@ struct PathBuilder : testing::Test {
             form.PathUpDateCmd.Click();
         }
     }
-    Station station;
-    Halvern& halvern = station.halvern;
     AddPathForm& form = halvern.AddPathFrm;
 };
 
 TEST_F(PathBuilder, CountsHopsAndKeepsTheAliasesInTheirPlaces)
 {
     const struct {
-        std::vector<std::string> entries;
+        Strings entries;
         const char* path;
         int hops, digis;
         const char* said; // of the last message
@@ -63,11 +52,11 @@ TEST_F(PathBuilder, CountsHopsAndKeepsTheAliasesInTheirPlaces)
         EXPECT_EQ(form.PathLbl.Caption(), each.path);
         EXPECT_EQ(form.Hops, each.hops) << each.path;
         EXPECT_EQ(form.Digis, each.digis) << each.path;
-        const auto said = station.TakeSaid();
+        const auto said = Said();
         if (each.said == nullptr)
             EXPECT_THAT(said, IsEmpty()) << each.path;
         else
-            EXPECT_THAT(said, testing::Contains(HasSubstr(each.said))) << each.path;
+            EXPECT_THAT(said, Contains(HasSubstr(each.said))) << each.path;
     }
 }
 
@@ -78,8 +67,8 @@ TEST_F(PathBuilder, OffersOnlyWhatMayFollow)
         for (int i = 0; i < form.PathOpt.Count(); ++i) text += form.PathOpt.EntryEnabled(i) ? 'y' : 'n';
         return text;
     };
-    const std::pair<std::vector<std::string>, const char*> cases[] = {
-        {{}, "yyyyy"}, {{"0"}, "nyyyy"}, {{"1"}, "ynyyy"}, {{"2"}, "nnnny"}, {{"3"}, "nnnny"}, {{"D1"}, "yyyyy"}};
+    const std::pair<Strings, const char*> cases[] = {{{}, "yyyyy"},    {{"0"}, "nyyyy"}, {{"1"}, "ynyyy"},
+                                                     {{"2"}, "nnnny"}, {{"3"}, "nnnny"}, {{"D1"}, "yyyyy"}};
     for (const auto& [entries, expected] : cases) {
         Build(entries);
         EXPECT_EQ(offered(), expected);
@@ -95,9 +84,9 @@ TEST_F(PathBuilder, OffersOnlyWhatMayFollow)
 TEST_F(PathBuilder, WarnsOfManyHopsAndGivesNothingBackOnCancel)
 {
     Build({"2", "2"});
-    station.TakeSaid();
+    Said();
     form.OkCmd.Click();
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("You are using 4 digi hops total.")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You are using 4 digi hops total.")));
     EXPECT_FALSE(form.Visible());
     for (const auto leave : {0, 1}) {
         form.Show();
@@ -111,7 +100,7 @@ TEST_F(PathBuilder, WarnsOfManyHopsAndGivesNothingBackOnCancel)
     EXPECT_EQ(form.Hops + form.Digis, 0);
     halvern.SetUpfrm.CallSignTxt.SetText("");
     Build({"D1"});
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("You have to enter your call sign")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You have to enter your call sign")));
     EXPECT_FALSE(form.Visible());
 }
 

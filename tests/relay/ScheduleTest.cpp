@@ -4,9 +4,7 @@
 #include <random>
 #include <set>
 
-#include <gmock/gmock.h>
-
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
@@ -28,10 +26,9 @@ std::ostream& operator<<(std::ostream& out, const Sent& sent)
 }
 
 /// A station whose every tick of a timer is looked at.
-struct Schedule : testing::Test {
+struct Schedule : StationTest {
     Schedule()
     {
-        station.SetUp();
         for (auto* control : halvern.All.All()) {
             auto* timer = dynamic_cast<Timer*>(control);
             if (timer == nullptr) continue;
@@ -43,7 +40,7 @@ struct Schedule : testing::Test {
     }
     virtual void Look(const Timer&)
     {
-        const auto note = [&](const char* port, const std::vector<std::string>& sent) {
+        const auto note = [&](const char* port, const Strings& sent) {
             for (const auto& bytes : sent) air.push_back({station.time.Elapsed(), port, bytes});
         };
         note("radio", station.SentByRadio());
@@ -52,10 +49,6 @@ struct Schedule : testing::Test {
     }
     void WaitUntil(std::int64_t moment) { station.time.Wait(moment - station.time.Elapsed()); }
 
-    Station station;
-    Halvern& halvern = station.halvern;
-    MainForm& main = halvern.ConMdiFrm;
-    MessageForm& message = halvern.MessageFrm;
     std::vector<Sent> air;
 };
 
@@ -118,17 +111,17 @@ struct RestlessTnc : Schedule {
         const bool beacon = !sent.empty() && sent[0].starts_with("Q0OWN>APHV01:=");
         if (&timer == &main.Timer2 && beacon) beacons.push_back(station.time.Elapsed());
         ASSERT_TRUE(std::set({0, 1, 8000, 16000, 32000, 60000}).contains(main.Timer2.Interval()));
-        ASSERT_TRUE(std::set({0, 1, 4000, 8000, 16000, 32000, 60000}).contains(message.Timer1.Interval()));
+        ASSERT_TRUE(std::set({0, 1, 4000, 8000, 16000, 32000, 60000}).contains(form.Timer1.Interval()));
         ASSERT_GE(engine.BeaconMinutes, 0);
         ASSERT_LT(engine.BeaconMinutes, engine.BeaconRate);
-        ASSERT_TRUE(message.RetryCycle >= 0 && message.RetryCycle < 10) << message.RetryCycle;
+        ASSERT_TRUE(form.RetryCycle >= 0 && form.RetryCycle < 10) << form.RetryCycle;
         ASSERT_TRUE(up || sent.empty()) << sent[0];
         ASSERT_TRUE(checked || !up);
         for (const auto* each : {&main.Timer2, &main.NetDecayTmr}) ASSERT_EQ(each->Running(), checked);
-        ASSERT_FALSE(!checked && message.Timer1.Running());
-        if (&timer != &message.Timer1) return;
-        ASSERT_EQ(message.Timer1.Running(), up) << "an unplugged TNC is found out by the next retry";
-        ASSERT_TRUE(up || message.OutMsg.Count() == 0);
+        ASSERT_FALSE(!checked && form.Timer1.Running());
+        if (&timer != &form.Timer1) return;
+        ASSERT_EQ(form.Timer1.Running(), up) << "an unplugged TNC is found out by the next retry";
+        ASSERT_TRUE(up || form.OutMsg.Count() == 0);
     }
     /// The toggle, with every tenth open refused and every fifth TNC unplugged before it is closed.
     void Toggle()
