@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/Ax25.h"
 
-#include <gmock/gmock.h>
-
-#include "platform/Text.h"
 #include "ports/Kiss.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
@@ -84,7 +81,7 @@ TEST(Ax25, RefusesWhatDoesNotFitInAFixedOrder)
     for (const auto& each : cases) {
         const auto built = BuildFrame(each.dest, each.src, each.path, "x");
         ASSERT_NE(built.refusal, nullptr) << each.words;
-        EXPECT_THAT(built.refusal, testing::StartsWith(each.words));
+        EXPECT_THAT(built.refusal, StartsWith(each.words));
         EXPECT_EQ(built.bytes, "");
     }
 }

@@ -1,26 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "ports/Kiss.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
 
 using namespace std::string_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 const auto Fend = "\xC0"s;
 
-struct KissPorts : testing::Test {
-    KissPorts() { station.SetUp(); }
-    Station station;
-    Halvern& halvern = station.halvern;
-    MainForm& main = halvern.ConMdiFrm;
-    std::vector<std::string> Raw() { return Station::Rows(halvern.TerminalFrm.RawPacketLst); }
-};
+struct KissPorts : StationTest {};
 
 TEST_F(KissPorts, HandOnOneFrameAnArrival)
 {
@@ -45,7 +35,7 @@ TEST_F(KissPorts, FindTheFrameInWhateverComes)
     const auto inside = frame.substr(1); // without its opening FEND
     const struct {
         const char* what;
-        std::vector<std::string> arrivals;
+        Strings arrivals;
         std::size_t heard;
     } cases[] = {
         {"in pieces", {frame.substr(0, 1), frame.substr(1, 20), frame.substr(21)}, 1},
@@ -62,8 +52,8 @@ TEST_F(KissPorts, FindTheFrameInWhateverComes)
         fresh.SetUp();
         fresh.OpenTnc();
         for (const auto& bytes : each.arrivals) fresh.halvern.ConMdiFrm.MSComm1.Arrived(bytes);
-        const auto raw = Station::Rows(fresh.halvern.TerminalFrm.RawPacketLst);
-        EXPECT_EQ(raw, std::vector<std::string>(each.heard, "Q0AAA>APRS:>one")) << each.what;
+        const auto raw = Rows(fresh.halvern.TerminalFrm.RawPacketLst);
+        EXPECT_EQ(raw, Strings(each.heard, "Q0AAA>APRS:>one")) << each.what;
     }
 }
 
@@ -106,8 +96,7 @@ TEST_F(KissPorts, LeaveTheEscapedPayloadWithTheCaller)
     station.OpenTnc();
     SendPacket(halvern, "AP-16", "A", "", payload, "");
     EXPECT_EQ(payload, "a\xC0z") << "refused";
-    EXPECT_THAT(station.TakeSaid(),
-                ElementsAre(testing::StartsWith("message critical \"Halvern\" \"Your Destination")));
+    EXPECT_THAT(Said(), ElementsAre(StartsWith("message critical \"Halvern\" \"Your Destination")));
     SendPacket(halvern, "AP", "A", "", payload, "");
     EXPECT_EQ(payload, "a\xDB\xDCz");
     EXPECT_THAT(station.SentByRadio(), ElementsAre("A>AP:a\xC0z"));
