@@ -1,26 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
 
 #include "config/PositionField.h"
 #include "config/StartUp.h"
-#include "platform/Text.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
+struct SmallFolder {
+    SmallFolder()
+    {
+        folder.Put("dosmaps/usa.map", "");
+        folder.Put("APRSDomain.INI", " \r\n \r\n \r\na\r\n");
+        folder.Put("WxHelp.txt", "help");
+    }
+    TemporaryFolder folder;
+};
 
 /// A station that is set up, with the setup form open.
-struct Setup : testing::Test {
-    TemporaryFolder folder;
-    Station station{(folder.Put("dosmaps/usa.map", ""), folder.Put("APRSDomain.INI", " \r\n \r\n \r\na\r\n"),
-                     folder.Put("WxHelp.txt", "help"), folder.Path())};
-    Halvern& halvern = station.halvern;
-    SetUpForm& setUp = halvern.SetUpfrm;
+struct Setup : SmallFolder, StationTest {
+    Setup() : StationTest(folder.Path()) {}
 
     void SetUp() override
     {
@@ -29,8 +28,8 @@ struct Setup : testing::Test {
             setUp.TabOkCmd.Click();
         };
         StartProgram(halvern);
-        halvern.ConMdiFrm.SetupMenu.Click();
-        station.TakeSaid();
+        main.SetupMenu.Click();
+        Said();
     }
     void Answer(std::initializer_list<const char*> texts)
     {
@@ -38,11 +37,11 @@ struct Setup : testing::Test {
             station.dialogs.Answers.push_back({text, text == "yes" || text == "no" || text == "cancel"});
     }
     /// What the station says to a click, its quotes and titles left out.
-    std::vector<std::string> SaidAt(Button& button)
+    Strings SaidAt(Button& button)
     {
-        station.TakeSaid();
+        Said();
         button.Click();
-        return station.TakeSaid();
+        return Said();
     }
 };
 
@@ -78,15 +77,15 @@ TEST_F(Setup, CancelPutsTheValuesBackAndLeavesTheLists)
 
 TEST_F(Setup, PortsThatClashAreToldAndTheGpsGoesOff)
 {
-    struct Case {
+    const struct {
         int wxPort, tncPort, gpsPort;
         const char* said;
         bool open;
-    };
-    for (const auto& c : {Case{0, 0, 1, "Your Weather station com port and your TNC com port", true},
-                          {1, 0, 1, "Your Weather station com port and your GPS com port", false},
-                          {5, 1, 1, "GPS com port and your TNC com port", false},
-                          {5, 0, 1, "You have to open up at least one of the following ports first", false}}) {
+    } cases[] = {{0, 0, 1, "Your Weather station com port and your TNC com port", true},
+                 {1, 0, 1, "Your Weather station com port and your GPS com port", false},
+                 {5, 1, 1, "GPS com port and your TNC com port", false},
+                 {5, 0, 1, "You have to open up at least one of the following ports first", false}};
+    for (const auto& c : cases) {
         setUp.WXPortCombo.Select(c.wxPort);
         setUp.PortLst.Select(c.tncPort);
         setUp.GpsPortLst.Select(c.gpsPort);
@@ -94,12 +93,12 @@ TEST_F(Setup, PortsThatClashAreToldAndTheGpsGoesOff)
         EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr(c.said)));
         EXPECT_TRUE(setUp.Visible());
         EXPECT_EQ(setUp.GpsOpt.On(0), c.open) << c.said;
-        EXPECT_FALSE(halvern.ConMdiFrm.GpsMenu.Enabled());
+        EXPECT_FALSE(main.GpsMenu.Enabled());
     }
-    halvern.ConMdiFrm.MSComm1.Open();
+    main.MSComm1.Open();
     setUp.GpsOpt.Select(0);
     setUp.TabOkCmd.Click();
-    EXPECT_TRUE(halvern.Engine.GpsPositionOn && halvern.ConMdiFrm.GpsMenu.Enabled() && !setUp.Visible());
+    EXPECT_TRUE(halvern.Engine.GpsPositionOn && main.GpsMenu.Enabled() && !setUp.Visible());
 }
 
 TEST_F(Setup, SavingAsksTheSameAndSwitchesNothingOff)
@@ -113,23 +112,23 @@ TEST_F(Setup, SavingAsksTheSameAndSwitchesNothingOff)
 
 TEST_F(Setup, ChangedDataGoOutAtOnceWhereAPortIsOpen)
 {
-    auto& timer = halvern.ConMdiFrm.Timer2;
+    auto& timer = main.Timer2;
     const auto accept = [&] {
         timer.Stop();
         setUp.TabOkCmd.Click();
-        halvern.ConMdiFrm.SetupMenu.Click();
+        main.SetupMenu.Click();
         return timer.Running();
     };
     setUp.StatusTXT.SetText("no port is open");
     EXPECT_FALSE(accept());
-    halvern.ConMdiFrm.PortTnc.SetChecked(true);
+    main.PortTnc.SetChecked(true);
     EXPECT_FALSE(accept()) << "nothing has changed";
     setUp.TncTypeCombo.Select(2);
     EXPECT_FALSE(accept()) << "own packets don't show it";
     setUp.StatusTXT.SetText("news");
     EXPECT_TRUE(accept());
     EXPECT_EQ(timer.Interval(), 1);
-    halvern.ConMdiFrm.WeatherMenu.SetChecked(true);
+    main.WeatherMenu.SetChecked(true);
     setUp.StatusTXT.SetText("the weather station sends");
     EXPECT_FALSE(accept());
 }
@@ -140,7 +139,7 @@ TEST_F(Setup, AnOverlaySymbolAsksUntilItHasACharacter)
     Answer({"ab", "?", "", "yes", "q"});
     setUp.SymbolCombo.Click(car);
     const std::string input = "input \"Symbol Overlay Dialog\" \"Enter Alphanumeric Overlay Character\" \"\"";
-    EXPECT_THAT(station.TakeSaid(),
+    EXPECT_THAT(Said(),
                 ElementsAre(input, HasSubstr("can not be more than one Character long"), input,
                             HasSubstr("You can only use the letters A through Z"), input,
                             StartsWith("question \"Halvern Symbol Question Dialog\" \"What would you like to do?"),
@@ -150,15 +149,15 @@ TEST_F(Setup, AnOverlaySymbolAsksUntilItHasACharacter)
     setUp.SymbolCombo.Click(setUp.SymbolCombo.IndexOf("Van Overlay \\v"));
     EXPECT_EQ(setUp.SymbolCombo.Selected(), 0);
     EXPECT_EQ(setUp.OverlayChar, "");
-    station.TakeSaid();
+    Said();
     setUp.SymbolCombo.Click(setUp.SymbolCombo.IndexOf("Weather Station Home /_"));
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("You have selected a Weather Station Symbol.")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You have selected a Weather Station Symbol.")));
 }
 
 TEST_F(Setup, PathsAreBuiltAndTakenAwayByButtons)
 {
     setUp.UnPath.SetText("Q1DIG");
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("Please use Add button to Add a path.")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("Please use Add button to Add a path.")));
     EXPECT_EQ(setUp.UnPath.Text(), "NONE");
     EXPECT_THAT(SaidAt(setUp.DeleteCom), ElementsAre(HasSubstr("You Cannot Delete this item.")));
     station.dialogs.RunModal = [this](Form& form) {
@@ -185,9 +184,9 @@ TEST_F(Setup, GroupsAndCallersAreKeptByTheirButtons)
     setUp.AddGrp.Click();
     setUp.MsgGroupLst.Select(0);
     setUp.ChangeGrp.Click();
-    EXPECT_THAT(Station::Rows(setUp.MsgGroupLst), ElementsAre("SKYWARN", "CQ", "QST", "NET"));
+    EXPECT_THAT(Rows(setUp.MsgGroupLst), ElementsAre("SKYWARN", "CQ", "QST", "NET"));
     setUp.DeleteGrp.Click();
-    EXPECT_THAT(Station::Rows(setUp.MsgGroupLst), ElementsAre("CQ", "QST", "NET"));
+    EXPECT_THAT(Rows(setUp.MsgGroupLst), ElementsAre("CQ", "QST", "NET"));
 
     setUp.BudsDelCmd.Click();
     Answer({"Q1A", "q1a", "Q1A"});
@@ -221,9 +220,9 @@ TEST_F(Setup, SwitchesEnableWhatBelongsToThem)
     setUp.IgateOpt.Select(0);
     EXPECT_TRUE(setUp.IgateBIOpt.On(0) && !setUp.IgateBIOpt.Enabled() && !setUp.WxDelCmd.Enabled());
 
-    station.TakeSaid();
+    Said();
     setUp.MyAliasOpt.Select(1);
-    EXPECT_THAT(station.TakeSaid(), ElementsAre(HasSubstr("NOTE failure to follow the above recomendations")));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("NOTE failure to follow the above recomendations")));
     setUp.TabOkCmd.Click();
     EXPECT_EQ(setUp.MyAlias, "WIDE1-1");
 }
@@ -231,24 +230,24 @@ TEST_F(Setup, SwitchesEnableWhatBelongsToThem)
 TEST_F(Setup, TheWeatherFileIsFoundByItsFolders)
 {
     EXPECT_EQ(setUp.Drive1.Text(), "/");
-    EXPECT_THAT(Station::Rows(setUp.Dir1), ElementsAre("..", "dosmaps"));
+    EXPECT_THAT(Rows(setUp.Dir1), ElementsAre("..", "dosmaps"));
     setUp.Dir1.Click(1);
     EXPECT_EQ(setUp.File1.Path(), folder.Path() + "/dosmaps");
-    EXPECT_THAT(Station::Rows(setUp.File1), ElementsAre("usa.map"));
+    EXPECT_THAT(Rows(setUp.File1), ElementsAre("usa.map"));
     setUp.WxSourceOpt.Select(1);
     EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("No Third Party WX Software file is selected.")));
     setUp.Dir1.Click(0);
     EXPECT_EQ(setUp.Dir1.Path(), folder.Path());
     setUp.Drive1.Add("/no such drive");
     setUp.Drive1.Click(setUp.Drive1.Count() - 1);
-    EXPECT_THAT(station.TakeSaid(), testing::Contains(HasSubstr("No such file or directory")));
+    EXPECT_THAT(Said(), Contains(HasSubstr("No such file or directory")));
     EXPECT_EQ(setUp.Drive1.Text(), "/");
 }
 
 TEST_F(Setup, HelpAndTheTimeAreShown)
 {
     station.time.SetUtc({2025, 3, 9, 4, 5, 6});
-    halvern.ConMdiFrm.SetupMenu.Click();
+    main.SetupMenu.Click();
     EXPECT_EQ(setUp.UtcTimeLbl.Caption(), "03/09/2025 04:05:06");
     EXPECT_THAT(SaidAt(setUp.WxHelpCmd), ElementsAre(HasSubstr("WxHelp.txt")));
     EXPECT_THAT(SaidAt(setUp.IgateHelpCmd), ElementsAre(HasSubstr("No such file or directory")));
@@ -257,7 +256,7 @@ TEST_F(Setup, HelpAndTheTimeAreShown)
 
 TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
 {
-    halvern.ConMdiFrm.FontMenu.Click();
+    main.FontMenu.Click();
     halvern.FontFrm.FormOpt.Select(9);
     Answer({"Sans,8.25"});
     EXPECT_THAT(SaidAt(halvern.FontFrm.FontOkCmd), ElementsAre("input \"Pick Your Font\" \"Font\" \"Monospace,9\""));
@@ -271,16 +270,15 @@ TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
 
 TEST_F(Setup, AChildWindowIsHiddenByItsCloseBoxAndKeepsItsRows)
 {
-    auto& main = halvern.ConMdiFrm;
     main.FrmMenu(5).OnClick();
-    EXPECT_TRUE(halvern.MessageFrm.Visible() && main.MailMenu.Visible());
-    halvern.MessageFrm.TrafficLst.Add("a row");
-    halvern.MessageFrm.PressCloseBox();
-    EXPECT_TRUE(!halvern.MessageFrm.Visible() && !main.MailMenu.Visible() && main.FrmState[5] == "False");
+    EXPECT_TRUE(form.Visible() && main.MailMenu.Visible());
+    form.TrafficLst.Add("a row");
+    form.PressCloseBox();
+    EXPECT_TRUE(!form.Visible() && !main.MailMenu.Visible() && main.FrmState[5] == "False");
     main.FrmMenu(1).OnClick();
     EXPECT_TRUE(!main.WindowMenu.Visible() && !main.RefreshMnu.Visible() && !main.Toolbar1.Visible());
     main.FrmMenu(5).OnClick();
-    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 1);
+    EXPECT_EQ(form.TrafficLst.Count(), 1);
     EXPECT_TRUE(main.WindowMenu.Visible());
 }
 
@@ -288,14 +286,13 @@ TEST_F(Setup, TheEndClosesPortsAndLeavesNoSnapshot)
 {
     folder.Put("Pos.txt", "rows");
     folder.Put("Status.txt", "rows");
-    auto& main = halvern.ConMdiFrm;
     main.MSComm1.Open();
     main.SoundSoc.Connect();
     main.PressCloseBox();
     EXPECT_TRUE(halvern.Engine.Ended && !main.MSComm1.IsOpen() && !main.SoundSoc.Connected() && !main.Visible());
     EXPECT_FALSE(halvern.Outside.files.Exists(folder.Path() + "/Pos.txt"));
     EXPECT_TRUE(halvern.Outside.files.Exists(folder.Path() + "/Status.txt"));
-    EXPECT_THAT(station.TakeSaid(), IsEmpty());
+    EXPECT_THAT(Said(), IsEmpty());
 }
 
 } // namespace
