@@ -7,63 +7,49 @@
 namespace halvern::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
-
 TEST(Calibration, BothKindsOfFile)
 {
-    struct Case {
-        const char* file;
-        std::optional<Corners> corners;
-    };
+    using Cases = std::vector<std::pair<const char*, std::optional<Corners>>>;
     const auto text = [](const std::optional<Corners>& c) {
-        return c ? PlainNumber(c->top) + " " + PlainNumber(c->left) + " " + PlainNumber(c->bottom) + " " +
-                       PlainNumber(c->right)
-                 : "bad";
+        std::string numbers;
+        for (const auto side : {&Corners::top, &Corners::left, &Corners::bottom, &Corners::right})
+            numbers += c ? PlainNumber(*c.*side) + " " : "bad ";
+        return numbers;
     };
-    for (const auto& [file, corners] : std::initializer_list<Case>{
-             {"41.5\r\n-74\r\n40.25\r\n-72.5\r\n", Corners{41.5, 74, 40.25, 72.5}},
-             {" 1 , 2 , -3 , 4", Corners{1, -2, -3, -4}},
-             {"41.5\r\n-74\r\n40.25\r\n", {}},
-             {"41.5N\r\n-74\r\n40.25\r\n1\r\n", {}},
-             {"1e99\r\n-74\r\n40.25\r\n1\r\n", {}},
-             {"", {}},
-         })
-        EXPECT_EQ(text(ReadTxtCalibration(file)), text(corners)) << file;
-    for (const auto& [file, corners] : std::initializer_list<Case>{
-             {"41.30.0N,74.15.00W\r\n40.15N,72.30w\r\n", Corners{41.5, 74.25, 40.25, 72.5}},
-             {"1.30S,2.0E\n3.0s, 4.6E\n", Corners{-1.5, -2, -3, -4.1}},
-             {"41.30N,74.15W\r\n40.15N\r\n", {}},
-             {"41,74.15W\r\n40.15N,1.2W\r\n", {}},
-             {"N.41,74.15W\r\n40.15N,1.2W\r\n", {}},
-             {"-4.30N,74.15W\r\n40.15N,1.2W\r\n", {}},
-             {"4.,74.15W\r\n40.15N,1.2W\r\n", {}},
-         })
-        EXPECT_EQ(text(ReadInfCalibration(file)), text(corners)) << file;
+    const Cases txt{{"41.5\r\n-74\r\n40.25\r\n-72.5\r\n", Corners{41.5, 74, 40.25, 72.5}},
+                    {" 1 , 2 , -3 , 4", Corners{1, -2, -3, -4}},
+                    {"41.5\r\n-74\r\n40.25\r\n", {}},
+                    {"41.5N\r\n-74\r\n40.25\r\n1\r\n", {}},
+                    {"1e99\r\n-74\r\n40.25\r\n1\r\n", {}},
+                    {"", {}}};
+    for (const auto& [file, corners] : txt) EXPECT_EQ(text(ReadTxtCalibration(file)), text(corners)) << file;
+    const Cases inf{{"41.30.0N,74.15.00W\r\n40.15N,72.30w\r\n", Corners{41.5, 74.25, 40.25, 72.5}},
+                    {"1.30S,2.0E\n3.0s, 4.6E\n", Corners{-1.5, -2, -3, -4.1}},
+                    {"41.30N,74.15W\r\n40.15N\r\n", {}},
+                    {"41,74.15W\r\n40.15N,1.2W\r\n", {}},
+                    {"N.41,74.15W\r\n40.15N,1.2W\r\n", {}},
+                    {"-4.30N,74.15W\r\n40.15N,1.2W\r\n", {}},
+                    {"4.,74.15W\r\n40.15N,1.2W\r\n", {}}};
+    for (const auto& [file, corners] : inf) EXPECT_EQ(text(ReadInfCalibration(file)), text(corners)) << file;
 }
 
 TEST(Calibration, RangesComeFromATableWithHoles)
 {
-    struct Case {
+    const struct {
         double top, bottom, range;
-    };
-    for (const auto& [top, bottom, range] : std::initializer_list<Case>{
-             {42, 41, 32},
-             {42, 41.9, 4}, // 3 by the decimals, whatever binary numbers make of it
-             {41.9, 42, 4},
-             {40, 40, 0.0625},    // 0
-             {10.125, 10, 4},     // 3.75
-             {10.19, 10, 0.0625}, // 5.7 lies between 5 and 6
-             {10.05, 10, 2},      // 1.5
-             {10.04, 10, 0.0625}, // 1.2
-             {50, 0.5, 1024},     // the sum: 1515
-             {50, -50, 0.0625},   // the sum: 0
-             {80, 0.5, 2048},     // 2415
-             {-20, -21, 1024},    // 1230
-             {103.3, 1, 4096},    // 3069 fits two rows: the first one
-             {500, 1, 8192},
-         })
+    } cases[] = {{42, 41, 32},        {42, 41.9, 4},    // 3 by the decimals, whatever binary numbers make of it
+                 {41.9, 42, 4},       {40, 40, 0.0625}, // 0
+                 {10.125, 10, 4},                       // 3.75
+                 {10.19, 10, 0.0625},                   // 5.7 lies between 5 and 6
+                 {10.05, 10, 2},                        // 1.5
+                 {10.04, 10, 0.0625},                   // 1.2
+                 {50, 0.5, 1024},                       // the sum: 1515
+                 {50, -50, 0.0625},                     // the sum: 0
+                 {80, 0.5, 2048},                       // 2415
+                 {-20, -21, 1024},                      // 1230
+                 {103.3, 1, 4096},                      // 3069 fits two rows: the first one
+                 {500, 1, 8192}};
+    for (const auto& [top, bottom, range] : cases)
         EXPECT_EQ(RangeOfPicture({top, 0, bottom, 0}), range) << top << " " << bottom;
 }
 
@@ -78,13 +64,7 @@ protected:
         folder.Put("bitmap/wide.inf", "1.0N,1.0W\n2.0N,2.0W\n");
         ShowMap();
         station.map.Take();
-        station.TakeSaid();
-    }
-    std::vector<std::string> Drawn()
-    {
-        std::vector<std::string> steps;
-        for (const auto& step : station.map.Take()) steps.push_back(NotedDrawing::Text(step));
-        return steps;
+        Said();
     }
 };
 
@@ -126,7 +106,7 @@ TEST_F(BitmapMap, ABadCalibrationIsToldAndTheViewStays)
     station.files.Remove(S() + "/bitmap/tall.txt");
     DrawBitmapMap(halvern());
     EXPECT_THAT(
-        station.TakeSaid(),
+        Said(),
         ElementsAre("message stop \"Halvern\" \"tall.TXT or .INF file is corrupt. To fix this error please edit the "
                     "tall.TXT or .INF file and fix the format error.\"",
                     "message stop \"Halvern\" \"tall Is missing its .TXT or .INF file. To fix this error please copy "
@@ -154,17 +134,16 @@ TEST_F(BitmapMap, WithoutAPictureTheKindStays)
 TEST(PictureSizes, OfEveryKind)
 {
     using namespace std::string_literals;
-    struct Case {
+    const struct {
         std::string bytes;
         int width, height;
-    };
-    for (const auto& [bytes, width, height] : std::initializer_list<Case>{
-             {"BM"s + std::string(16, '\0') + "\x2C\x01\0\0\x38\xFF\xFF\xFF"s, 300, 200}, // stored from the top down
-             {"\xFF\xD8\xFF\xE0\0\x04xx\xFF\xC2\0\x11\x08\0\xC8\x01\x2C"s, 300, 200},
-             {"\xFF\xD8\xFF\xE0\0\0\xFF\xE0\0\0\xFF"s, 0, 0},
-             {"\xFF\xD8"s, 0, 0},
-             {"\xFF\xD8\xFF\xC4\0\x11\x08\0\xC8\x01\x2C"s, 0, 0},
-         }) {
+    } cases[] = {
+        {"BM"s + std::string(16, '\0') + "\x2C\x01\0\0\x38\xFF\xFF\xFF"s, 300, 200}, // stored from the top down
+        {"\xFF\xD8\xFF\xE0\0\x04xx\xFF\xC2\0\x11\x08\0\xC8\x01\x2C"s, 300, 200},
+        {"\xFF\xD8\xFF\xE0\0\0\xFF\xE0\0\0\xFF"s, 0, 0},
+        {"\xFF\xD8"s, 0, 0},
+        {"\xFF\xD8\xFF\xC4\0\x11\x08\0\xC8\x01\x2C"s, 0, 0}};
+    for (const auto& [bytes, width, height] : cases) {
         const auto size = PictureSize(bytes).value_or(PixelSize{});
         EXPECT_EQ(size.width, width);
         EXPECT_EQ(size.height, height);

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include "map/Geometry.h"
 #include "map/MapCommand.h"
 #include "map/MapMouse.h"
-#include "platform/Text.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 
@@ -43,10 +40,7 @@ class MapStation : public ::testing::Test {
 protected:
     MapStation()
     {
-        folder.Put("dosmaps/world.map", SmallMap(1));
-        folder.Put("dosmaps/usa.map", SmallMap(2));
-        folder.Put("dosmaps/local.map", SmallMap(3));
-        folder.Put("maplist/maplist1.hvn", ListOf({"local   400000N0730000W"}));
+        PutFiles();
         folder.Put("symbols/table1/045.gif", GifOf(16, 12));
         folder.Put("symbols/table1/095.gif", GifOf(16, 12));
         folder.Put("symbols/table1/062.gif", GifOf(40, 30));
@@ -58,11 +52,26 @@ protected:
         halvern().MapFrm.SetPlace({300 * 15, 0, 0, 400 * 15, 0});
     }
 
+    void PutFiles()
+    {
+        folder.Put("dosmaps/world.map", SmallMap(1));
+        folder.Put("dosmaps/usa.map", SmallMap(2));
+        folder.Put("dosmaps/local.map", SmallMap(3));
+        folder.Put("maplist/maplist1.hvn", ListOf({"local   400000N0730000W"}));
+    }
     Halvern& halvern() { return station.halvern; }
     MainForm& main() { return station.halvern.ConMdiFrm; }
     MapState& view() { return station.halvern.Map; }
     void ShowMap() { halvern().MapFrm.Show(); }
     std::string S() const { return folder.Path(); }
+    Strings Said() { return station.TakeSaid(); }
+    /// What was drawn since last asked, as console lines.
+    Strings Drawn()
+    {
+        Strings steps;
+        for (const auto& step : station.map.Take()) steps.push_back(NotedDrawing::Text(step));
+        return steps;
+    }
 
     /// The colours of the maps that were drawn since last asked, one a map.
     std::vector<int> MapsDrawn()
