@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ConsoleSession.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "platform/Text.h"
 #include "support/Console.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::StartsWith;
-
-struct ConsoleSessionTest : ::testing::Test {
-    std::vector<std::string> Answers(const std::vector<std::string>& lines) { return CarryOut(station, lines).answers; }
+struct ConsoleSessionTest : testing::Test {
+    Strings Answers(const Strings& lines) { return CarryOut(station, lines).answers; }
     Station station;
     Halvern& halvern = station.halvern;
 };
@@ -22,69 +16,66 @@ struct ConsoleSessionTest : ::testing::Test {
 TEST_F(ConsoleSessionTest, ALineThatCannotBeCarriedOutIsToldAndChangesNothing)
 {
     halvern.FindFrm.FindPosTxt.SetText("before");
-    for (const char* line : {"nonsense",
-                             "\"get\"",
-                             "get",
-                             "get FindFrm.Nothing",
-                             "get CallSignTxt",
-                             "get FindFrm.FindPosTxt more",
-                             "set FindFrm.FindPosTxt",
-                             "set FindFrm.FindPosTxt Q1ABC",
-                             "set FindFrm.FindPosTxt \"bad \\q escape\"",
-                             "set FindFrm.FindPosTxt \"\\x4\"",
-                             "set FindFrm.FindPosTxt \"no end",
-                             "set FindFrm.FindPosTxt \"a\"b",
-                             "set FindFrm.GoToCmd \"a\"",
-                             "set SSIDLBL \"16\"",
-                             "set SSIDLBL \"-1\"",
-                             "set SSIDLBL \"1x\"",
-                             "set SetUpfrm.PortLst \"Com17\"",
-                             "key FindFrm.FindPosTxt 0",
-                             "key FindFrm.FindPosTxt x",
-                             "key FindFrm.FindPosTxt 256",
-                             "select SetUpfrm.PortLst 16",
-                             "select SetUpfrm.PortLst -2",
-                             "select SetUpfrm.DeadOnOpt 2",
-                             "select SetUpfrm.DeadOnOpt -1",
-                             "select FindFrm.FindPosTxt 0",
-                             "mark SetUpfrm.PortLst 0",
-                             "mark KillMsgFrm.KillLst 0",
-                             "click FindFrm.FindPosTxt",
-                             "click ConMdiFrm.CgiFinduMenu",
-                             "click ConMdiFrm.MoveMyObjMenu",
-                             "close FindFrm",
-                             "close FindFrm.GoToCmd",
-                             "receive MSComm1 \"x\"",
-                             "receive FindFrm \"x\"",
-                             "sent FindFrm",
-                             "refuse MSComm1 x \"no\"",
-                             "hangup MSComm1",
-                             "hangup InternetSoc",
-                             "answer maybe",
-                             "answer",
-                             "now \"2000-02-30 00:00:00\"",
-                             "now \"2000-01-01 0:00:00 \"",
-                             "wait -1",
-                             "wait",
-                             "wait 1.5",
-                             "mouse press 1 2 left",
-                             "mouse move 1",
-                             "mouse down 1 2 middle",
-                             "mouse move 1 nan",
-                             "symbol move 7",
-                             "plot -1",
-                             "drawn MapFrm.Pic2",
-                             "drawn FindFrm",
-                             "rows FindFrm.FindPosTxt",
-                             "eval Nothing",
-                             "eval PathHopCount",
-                             "eval PathHopCount \"a\" \"b\"",
-                             "eval SymbolFileName \"a\" 47",
-                             "replay TNC \"no such file\"",
-                             "packet TNC",
-                             "picture FindFrm \"a.png\"",
-                             "echo plain",
-                             "quit now"}) {
+    const std::string lines = R"(nonsense
+"get"
+get
+get FindFrm.Nothing
+get CallSignTxt
+get FindFrm.FindPosTxt more
+set FindFrm.FindPosTxt
+set FindFrm.FindPosTxt Q1ABC
+set FindFrm.FindPosTxt "bad \q escape"
+set FindFrm.FindPosTxt "\x4"
+set FindFrm.FindPosTxt "no end
+set FindFrm.FindPosTxt "a"b
+set FindFrm.GoToCmd "a"
+set SSIDLBL "16"
+set SSIDLBL "-1"
+set SSIDLBL "1x"
+set SetUpfrm.PortLst "Com17"
+key FindFrm.FindPosTxt 0
+key FindFrm.FindPosTxt 256
+select SetUpfrm.PortLst 16
+select SetUpfrm.PortLst -2
+select SetUpfrm.DeadOnOpt 2
+select SetUpfrm.DeadOnOpt -1
+select FindFrm.FindPosTxt 0
+mark SetUpfrm.PortLst 0
+mark KillMsgFrm.KillLst 0
+click FindFrm.FindPosTxt
+click ConMdiFrm.CgiFinduMenu
+click ConMdiFrm.MoveMyObjMenu
+close FindFrm
+close FindFrm.GoToCmd
+receive MSComm1 "x"
+sent FindFrm
+refuse MSComm1 x "no"
+hangup MSComm1
+hangup InternetSoc
+answer maybe
+now "2000-02-30 00:00:00"
+now "2000-01-01 0:00:00 "
+wait -1
+wait 1.5
+mouse press 1 2 left
+mouse down 1 2 middle
+mouse move 1 nan
+symbol move 7
+plot -1
+drawn MapFrm.Pic2
+drawn FindFrm
+rows FindFrm.FindPosTxt
+eval Nothing
+eval PathHopCount
+eval PathHopCount "a" "b"
+eval SymbolFileName "a" 47
+replay TNC "no such file"
+packet TNC
+picture FindFrm "a.png"
+echo plain
+quit now)";
+    for (const auto view : LinesOf(lines)) {
+        const std::string line(view);
         const auto played = CarryOut(station, {line});
         EXPECT_THAT(played.answers, ElementsAre(StartsWith("error: "))) << line;
         EXPECT_EQ(played.status, 1) << line;
@@ -171,7 +162,7 @@ TEST_F(ConsoleSessionTest, LinesActWhileAModalFormIsUp)
 
 TEST_F(ConsoleSessionTest, AQuestionTakesAQueuedAnswerOrTheNextLine)
 {
-    std::vector<std::string> given;
+    Strings given;
     auto& dialogs = station.dialogs;
     halvern.FindFrm.GoToCmd.OnClick = [&] { given.push_back(dialogs.Input("Who?", "T", "me").value_or("cancelled")); };
     halvern.FindFrm.FindCloseCmd.OnClick = [&] {
@@ -238,42 +229,12 @@ TEST_F(ConsoleSessionTest, BytesArriveAsOneEventAndWritesAreToldOnce)
                             R"(message information "Halvern" "gone")", "InternetSoc open=no"));
 }
 
-TEST_F(ConsoleSessionTest, ARefusalHoldsForOneOpen)
-{
-    auto& serial = halvern.ConMdiFrm.MSComm1;
-    auto& socket = halvern.ConMdiFrm.SoundSoc;
-    Answers({"refuse MSComm1 8005 \"Port already open\"", "refuse SoundSoc 24061 \"refused\""});
-    const auto error = serial.Open();
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number, 8005);
-    EXPECT_EQ(error->description, "Port already open");
-    EXPECT_EQ(socket.Connect(), 24061);
-    EXPECT_FALSE(serial.Open());
-    EXPECT_EQ(socket.Connect(), 0);
-}
-
 TEST_F(ConsoleSessionTest, AHandlerThatFailsIsAMessageAndNoError)
 {
     halvern.FindFrm.GoToCmd.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
     const auto played = CarryOut(station, {"click FindFrm.GoToCmd", "echo \"on\""});
     EXPECT_THAT(played.answers, ElementsAre(R"(message critical "Halvern" "Error # 6 Overflow")", "echo \"on\""));
     EXPECT_EQ(played.status, 0);
-}
-
-TEST_F(ConsoleSessionTest, ThePointerReachesTheMapInItsOwnCoordinates)
-{
-    std::string events;
-    auto& map = halvern.MapFrm.Map1;
-    const auto note = [&](const char* what, double x, double y) {
-        events += what + ConsoleNumber(x) + "," + ConsoleNumber(y) + " ";
-    };
-    map.OnMouseDown = [&](MouseButton button, double x, double y) {
-        note(button == MouseButton::Left ? "left" : "right", x, y);
-    };
-    map.OnMouseMove = [&](double x, double y) { note("move", x, y); };
-    map.OnMouseUp = [&](MouseButton, double x, double y) { note("up", x, y); };
-    Answers({"mouse down 95.5 38 left", "mouse down -1e2 0 right", "mouse move .5 -1", "mouse up 1 2 right"});
-    EXPECT_EQ(events, "left95.5,38 right-100,0 move0.5,-1 up1,2 ");
 }
 
 TEST_F(ConsoleSessionTest, WhatWasDrawnIsToldInOrderAndForgotten)
@@ -290,31 +251,6 @@ TEST_F(ConsoleSessionTest, WhatWasDrawnIsToldInOrderAndForgotten)
                 ElementsAre("MapFrm.Map1 clear", "MapFrm.Map1 frame 100,50 90,40", "MapFrm.Map1 point 95,45 2",
                             "MapFrm.Map1 line 94.25,44 2", "MapFrm.Map1 box 1,2 3,4 15", "MapFrm.Map1 circle 1,2 0.1 4",
                             R"(MapFrm.Map1 picture "bitmap/a.bmp")"));
-}
-
-TEST_F(ConsoleSessionTest, FunctionsAnswerWithTextsAndNumbers)
-{
-    struct Case {
-        const char *line, *answer;
-    };
-    for (const auto& [line, answer] : {
-             Case{R"(LatTextToDegrees "4049.14N")", "LatTextToDegrees 40.819"},
-             {R"(LonTextToDegrees "07308.41E")", "LonTextToDegrees -73.1401667"},
-             {R"(SplitSentence "$GPRMC,a,b,c,d,e,f,12.5,0*7F" "9")",
-              R"(SplitSentence 9 "$GPRMC" "a" "b" "c" "d" "e" "f" "012" "000")"},
-             {R"(SplitSentence "$GPGGA,1,2" 3)", "SplitSentence -1"},
-             {R"(DecodeMicE "short" "x")", R"(DecodeMicE "PacketNoGood")"},
-             {R"(SymbolFileName 92 124)", R"(SymbolFileName "NG")"},
-             {R"(SymbolFileName 65 35)", R"(SymbolFileName "SYMBOLS/TABLE2/035_65.GIF")"},
-             {R"(SymbolFileName 97 35)", R"(SymbolFileName "")"},
-             {R"(KissUnescape "a\xDB\xDC\xDB\xDD\xDBx")", R"(KissUnescape "a\xC0\xDB")"},
-             {R"(KissFrameToText "too short")", R"(KissFrameToText "NG")"},
-             {R"(DigiSubstitute ",WIDE1-1,WIDE2-1" 0 "WIDE1-1" "Q0OWN")", R"(DigiSubstitute ",Q0OWN*,WIDE2-1" 1)"},
-             {R"(APRSPasscode "N0CALL")", R"(APRSPasscode "13023")"},
-             {R"(ValidatePositionField "40" "Degrees of Latitude")", R"(ValidatePositionField "OK")"},
-         }) {
-        EXPECT_THAT(Answers({std::string("eval ") + line}), ElementsAre(answer));
-    }
 }
 
 TEST(ConsoleRunTest, TheStationEndsWithItsInputOrAtAWord)

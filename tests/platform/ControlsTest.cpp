@@ -110,20 +110,12 @@ TEST_F(ControlsTest, AGridFindsItsRowsAndGrowsByRowsAndColumns)
 
 TEST(TextTest, NumbersAreReadAndWrittenAsOperatorsWriteThem)
 {
-    struct Case {
+    const struct {
         const char* text;
         double number;
-    };
-    for (const auto& [text, number] : {Case{" 12.5kn", 12.5},
-                                       {"-7", -7},
-                                       {"+3", 3},
-                                       {".25", 0.25},
-                                       {"", 0},
-                                       {"abc", 0},
-                                       {"1.2.3", 1.2},
-                                       {"-", 0},
-                                       {"5 Min", 5}})
-        EXPECT_EQ(LeadingNumber(text), number) << text;
+    } cases[] = {{" 12.5kn", 12.5}, {"-7", -7},     {"+3", 3}, {".25", 0.25}, {"", 0},
+                 {"abc", 0},        {"1.2.3", 1.2}, {"-", 0},  {"5 Min", 5}};
+    for (const auto& [text, number] : cases) EXPECT_EQ(LeadingNumber(text), number) << text;
     EXPECT_EQ(PlainNumber(-0.5), "-0.5");
     EXPECT_EQ(SignedNumber(12), " 12");
     EXPECT_EQ(SignedNumber(-12), "-12");
