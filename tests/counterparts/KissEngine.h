@@ -16,6 +16,7 @@
 #include "platform/qt/QtSocketDevice.h"
 #include "support/Station.h"
 #include "support/qt/Application.h"
+#include "support/qt/Cable.h"
 
 /// The packet engine direwolf without sound hardware: it hears what a test makes as sound, offers KISS on port 4000 and
 /// on a pseudo-terminal, and tells in its log what it transmits.
@@ -43,6 +44,7 @@ struct KissEngine : testing::Test {
         for (const char* program : {Engine, SoundMaker})
             if (QStandardPaths::findExecutable(program).isEmpty())
                 GTEST_SKIP() << "Skipped: the counterpart " << program << " is not installed";
+        if (Cable().Device().empty()) GTEST_SKIP() << NoTerminal;
         if (!WhyNoNetwork().empty()) GTEST_SKIP() << "Skipped: " << WhyNoNetwork();
     }
     ~KissEngine() override

@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include "platform/Text.h"
@@ -16,48 +14,15 @@
 #include "platform/qt/QtPlatform.h"
 #include "support/Station.h"
 #include "support/qt/Application.h"
+#include "support/qt/Cable.h"
 
 namespace halvern {
 namespace {
 
+using test::Cable;
+using test::NoTerminal;
 using test::RunFor;
 using test::RunUntil;
-
-/// The far end of a serial cable: a pseudo-terminal whose other side is a device file.
-class Cable {
-public:
-    Cable() : far(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
-    {
-        ::grantpt(far);
-        ::unlockpt(far);
-        termios raw{};
-        ::tcgetattr(far, &raw);
-        ::cfmakeraw(&raw);
-        ::tcsetattr(far, TCSANOW, &raw);
-    }
-    ~Cable() { Unplug(); }
-    Cable(const Cable&) = delete;
-    Cable& operator=(const Cable&) = delete;
-    std::string Device() const { return ::ptsname(far); }
-    void Send(std::string_view bytes) const
-    {
-        EXPECT_EQ(::write(far, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    std::string Take() const
-    {
-        char bytes[4096];
-        const auto count = ::read(far, bytes, sizeof bytes);
-        return {bytes, static_cast<std::size_t>(count > 0 ? count : 0)};
-    }
-    void Unplug()
-    {
-        if (far >= 0) ::close(far);
-        far = -1;
-    }
-
-private:
-    int far;
-};
 
 struct SerialForm : Form {
     explicit SerialForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
@@ -66,6 +31,10 @@ struct SerialForm : Form {
 };
 
 struct SerialTest : ::testing::Test {
+    void SetUp() override
+    {
+        if (cable.Device().empty()) GTEST_SKIP() << NoTerminal;
+    }
     void Open(SerialPort& port, int number = 1)
     {
         port.PortNumber = number;
@@ -197,6 +166,7 @@ TEST(ComPortsTest, PinnedDevicesKeepTheirNumberAndTheOthersFillUp)
 TEST(QtPlatformTest, EquipsAStationsPortsAndTimers)
 {
     const Cable cable;
+    if (cable.Device().empty()) GTEST_SKIP() << NoTerminal;
     const test::TemporaryFolder folder;
     folder.Put("comports.txt", "Com3 " + cable.Device() + "\n");
     Controls all;

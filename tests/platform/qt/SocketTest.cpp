@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/QtSocketDevice.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -20,7 +18,6 @@ using Events = std::vector<std::string>;
 struct PortForm : Form {
     explicit PortForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
     Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, '\n'};
-    Socket Frames{*this, "Frames", "127.0.0.1", 0, 1000, '\xC0'};
     Socket Raw{*this, "Raw", "127.0.0.1", 0, 1000};
 };
 
@@ -52,59 +49,11 @@ struct SocketTest : ::testing::Test {
 
     Controls all;
     PortForm form{all};
-    QtSocketDevice lines{form.Lines}, frames{form.Frames}, raw{form.Raw};
+    QtSocketDevice lines{form.Lines}, raw{form.Raw};
     QTcpServer server;
     std::unique_ptr<QTcpSocket> peer;
     Events events;
 };
-
-/// 1,000 pieces that each end in the mark, with every byte value among them.
-Events Pieces(char mark)
-{
-    Events pieces;
-    for (int i = 0; i < 1000; ++i) {
-        std::string piece = "Q" + std::to_string(i) + ">APHV01:";
-        for (int k = 0; k < i % 40; ++k) piece += static_cast<char>(i * 7 + k * 13);
-        piece.erase(std::remove(piece.begin(), piece.end(), mark), piece.end());
-        pieces.push_back(piece + mark);
-    }
-    return pieces;
-}
-
-std::string Joined(const Events& pieces)
-{
-    std::string stream;
-    for (const auto& piece : pieces) stream += piece;
-    return stream;
-}
-
-TEST_F(SocketTest, EventsAreTheSameHoweverTheStreamIsCut)
-{
-    for (auto* socket : {&form.Lines, &form.Frames}) {
-        const auto pieces = Pieces(*socket->EndMark);
-        const auto stream = Joined(pieces);
-        Open(*socket);
-        Send(stream);
-        EXPECT_EQ(Received(pieces.size()), pieces) << "in one write";
-
-        events.clear();
-        for (const char byte : stream) Send({&byte, 1});
-        EXPECT_EQ(Received(pieces.size()), pieces) << "a byte at a time";
-    }
-    // Each round cuts every line once, at its own column: over all rounds every position of the stream is a cut.
-    const auto pieces = Pieces('\n');
-    Open(form.Lines);
-    for (std::size_t column = 1; column < 64; ++column) {
-        events.clear();
-        std::string rest;
-        for (const auto& piece : pieces) {
-            Send(rest + piece.substr(0, column));
-            rest = piece.size() > column ? piece.substr(column) : std::string();
-        }
-        Send(rest);
-        ASSERT_EQ(Received(pieces.size()), pieces) << "cut at column " << column;
-    }
-}
 
 TEST_F(SocketTest, WithoutAnEndMarkEachArrivalIsAnEvent)
 {

@@ -3,30 +3,22 @@
 #include <algorithm>
 #include <fstream>
 
-#include <gtest/gtest.h>
-
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include "platform/Text.h"
 #include "platform/qt/QtSocketDevice.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 #include "support/Stores.h"
 #include "support/qt/Application.h"
 
-namespace halvern {
+namespace halvern::test {
 namespace {
 
-using test::RunUntil;
-using test::Station;
-using test::StoresOf;
-using Lines = std::vector<std::string>;
-
 /// The first 1,000 lines of the demonstration that a frame can carry as well as a line.
-Lines Packets()
+Strings Packets()
 {
-    Lines lines;
-    std::ifstream file(test::DataFolder() + "/demo/world.tnc2", std::ios::binary);
+    Strings lines;
+    std::ifstream file(DataFolder() + "/demo/world.tnc2", std::ios::binary);
     for (std::string line; lines.size() < 1000 && std::getline(file, line);)
         if (!line.empty() && line.front() != '#' && !Holds(line, ",q")) lines.push_back(line);
     return lines;
@@ -60,7 +52,7 @@ public:
         QApplication::processEvents();
     }
     /// The stores once the last packet has come.
-    Lines Stores(int raws)
+    Strings Stores(int raws) const
     {
         const auto& raw = station.halvern.TerminalFrm.RawPacketLst;
         EXPECT_TRUE(RunUntil([&] { return raw.Count() >= raws; }));
@@ -75,33 +67,38 @@ private:
     std::unique_ptr<QTcpSocket> peer;
 };
 
-/// Sends the pieces in every way, each time to a fresh station, and compares with what the lines alone leave.
-void ExpectSameStores(Socket MainForm::*which, const Lines& pieces, const Lines& expected, int raws)
+struct Stream : testing::TestWithParam<Socket MainForm::*> {};
+
+TEST_P(Stream, LeavesTheSameStoresHoweverTheNetworkCutsIt)
 {
-    std::string stream;
-    for (const auto& piece : pieces) stream += piece;
-    {
-        Link link(which);
-        link.Send(stream);
-        EXPECT_EQ(link.Stores(raws), expected) << "in one write";
+    const bool internet = GetParam() == &MainForm::InternetSoc;
+    Station direct;
+    direct.SetUp();
+    Strings pieces;
+    std::size_t longest = 0;
+    for (const auto& line : Packets()) {
+        pieces.push_back(internet ? line + "\r\n" : FrameOf(line));
+        longest = std::max(longest, pieces.back().size());
+        direct.Hear(internet ? line : LineOfFrame(pieces.back()), internet ? "TCPIP" : "SOUND");
     }
+    ASSERT_EQ(pieces.size(), 1000U);
+    const auto expected = StoresOf(direct.halvern);
+    const int raws = direct.halvern.TerminalFrm.RawPacketLst.Count();
     {
-        Link link(which);
-        for (const char byte : stream) link.Send({&byte, 1});
+        const Link link(GetParam());
+        for (const auto& piece : pieces)
+            for (const char byte : piece) link.Send({&byte, 1});
         EXPECT_EQ(link.Stores(raws), expected) << "a byte at a time";
     }
-    // Each round cuts every piece once, at its own column: over all rounds every position of the stream is a cut.
-    std::size_t longest = 0;
-    for (const auto& piece : pieces) longest = std::max(longest, piece.size());
-    for (std::size_t column = 1; column < longest; ++column) {
-        Link link(which);
+    // Each round cuts every piece once, at its own column: over all rounds every position of the stream is a cut. In
+    // the last one the stream is a single write.
+    for (std::size_t column = 1; column <= longest; ++column) {
+        const Link link(GetParam());
         std::string rest;
         for (const auto& piece : pieces) {
-            if (piece.size() <= column) {
-                rest += piece;
-                continue;
-            }
-            link.Send(rest + piece.substr(0, column));
+            rest += piece;
+            if (piece.size() <= column) continue;
+            link.Send({rest.data(), rest.size() - piece.size() + column});
             rest = piece.substr(column);
         }
         link.Send(rest);
@@ -109,36 +106,7 @@ void ExpectSameStores(Socket MainForm::*which, const Lines& pieces, const Lines&
     }
 }
 
-TEST(StreamTest, LinesFromTheInternetLeaveTheSameStoresHoweverTheyAreCut)
-{
-    const auto lines = Packets();
-    ASSERT_EQ(lines.size(), 1000u);
-    Station direct;
-    direct.SetUp();
-    Lines pieces;
-    for (const auto& line : lines) {
-        direct.Hear(line, "TCPIP");
-        pieces.push_back(line + "\r\n");
-    }
-    ExpectSameStores(&MainForm::InternetSoc, pieces, StoresOf(direct.halvern),
-                     direct.halvern.TerminalFrm.RawPacketLst.Count());
-}
-
-TEST(StreamTest, FramesFromTheSoundPortLeaveTheSameStoresHoweverTheyAreCut)
-{
-    const auto lines = Packets();
-    ASSERT_EQ(lines.size(), 1000u);
-    Station direct;
-    direct.SetUp();
-    Lines pieces;
-    for (const auto& line : lines) {
-        const auto frame = test::FrameOf(line);
-        direct.Hear(test::LineOfFrame(frame), "SOUND");
-        pieces.push_back(frame);
-    }
-    ExpectSameStores(&MainForm::SoundSoc, pieces, StoresOf(direct.halvern),
-                     direct.halvern.TerminalFrm.RawPacketLst.Count());
-}
+INSTANTIATE_TEST_SUITE_P(Ports, Stream, testing::Values(&MainForm::InternetSoc, &MainForm::SoundSoc));
 
 } // namespace
-} // namespace halvern
+} // namespace halvern::test
