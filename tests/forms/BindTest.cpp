@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "forms/Screen.h"
 
 namespace halvern::test {
@@ -90,22 +87,6 @@ TEST_F(Operator, KeepsHisPlaceInALineThatHeEditsInTheMiddle)
     QTest::keyClicks(line, "l");
     EXPECT_EQ(halvern.MessageFrm.MsgTxt.Text(), "hello");
     EXPECT_EQ(line->cursorPosition(), 4);
-}
-
-TEST_F(Operator, SendsWithEnter)
-{
-    int enters = 0;
-    auto& text = halvern.MessageFrm.MsgTxt;
-    text.OnKey = [&](int& key) {
-        if (key != 13) return;
-        ++enters;
-        text.SetText("");
-    };
-    auto* line = Find<QLineEdit>(text);
-    QTest::keyClicks(line, "hi");
-    QTest::keyClick(line, Qt::Key_Return);
-    EXPECT_EQ(enters, 1);
-    EXPECT_EQ(line->text(), "");
 }
 
 TEST_F(Operator, PicksFromChoicesTabsNumbersAndCombos)

@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "config/StartUp.h"
 #include "forms/Screen.h"
 
@@ -44,17 +41,11 @@ TEST(FirstRunInWindows, FromNothingToTheMapAndBackAfterASave)
         desktop.station.dialogs.RunModal = [&](Form&) {
             EXPECT_FALSE(desktop.Find("SetUpfrm.TabCancelCmd")->isEnabled());
             desktop.Press("SetUpfrm.TabOkCmd");
-            desktop.Type("SetUpfrm.CallSignTxt", "q1abc");
-            desktop.Type("SetUpfrm.LatDegtxt", "40");
-            desktop.Type("SetUpfrm.LatMintxt", "49");
-            desktop.Type("SetUpfrm.LatDectxt", "14");
-            desktop.Type("SetUpfrm.LatSigntxt", "n");
-            desktop.Type("SetUpfrm.LonDegtxt", "073");
-            desktop.Type("SetUpfrm.LonMintxt", "08");
-            desktop.Type("SetUpfrm.LonDectxt", "41");
-            desktop.Type("SetUpfrm.LonSigntxt", "w");
-            desktop.Type("SetUpfrm.CommentTXT", "here");
-            desktop.Type("SetUpfrm.StatusTXT", "listening");
+            const std::pair<const char*, const char*> typed[] = {
+                {"CallSignTxt", "q1abc"}, {"LatDegtxt", "40"},    {"LatMintxt", "49"},       {"LatDectxt", "14"},
+                {"LatSigntxt", "n"},      {"LonDegtxt", "073"},   {"LonMintxt", "08"},       {"LonDectxt", "41"},
+                {"LonSigntxt", "w"},      {"CommentTXT", "here"}, {"StatusTXT", "listening"}};
+            for (const auto& [name, text] : typed) desktop.Type((std::string("SetUpfrm.") + name).c_str(), text);
             EXPECT_EQ(qobject_cast<QLabel*>(desktop.Find("SetUpfrm.Lonlbl"))->text(), "07308.41W");
             desktop.Press("SetUpfrm.TabOkCmd");
         };

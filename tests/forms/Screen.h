@@ -7,7 +7,7 @@
 #include <QtWidgets>
 
 #include "forms/Windows.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 

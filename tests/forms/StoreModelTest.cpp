@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
 #include <QSignalSpy>
 #include <random>
 
@@ -15,7 +13,7 @@ struct StoreForm : Form {
     List Store{*this, "Store"};
 };
 
-struct Rows : testing::Test {
+struct RowsTest : testing::Test {
     Controls all;
     StoreForm form{all};
     List& store = form.Store;
@@ -30,7 +28,7 @@ QString TextAt(const StoreModel& model, int row)
     return model.data(model.index(row, 0), Qt::DisplayRole).toString();
 }
 
-TEST_F(Rows, AreAnnouncedTogether)
+TEST_F(RowsTest, AreAnnouncedTogether)
 {
     StoreModel model(store, {}, StoreModel::Pace::Collected, false, nullptr);
     QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
@@ -42,7 +40,7 @@ TEST_F(Rows, AreAnnouncedTogether)
     EXPECT_EQ(TextAt(model, 9999), "row 9999");
 }
 
-TEST_F(Rows, ThatAreGoneBeforeItIsAnnouncedReadAsEmpty)
+TEST_F(RowsTest, ThatAreGoneBeforeItIsAnnouncedReadAsEmpty)
 {
     Fill(10);
     StoreModel model(store, {}, StoreModel::Pace::Collected, false, nullptr);
@@ -53,7 +51,7 @@ TEST_F(Rows, ThatAreGoneBeforeItIsAnnouncedReadAsEmpty)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(Rows, ShowBytesAsUtf8OrElseAsLatin1)
+TEST_F(RowsTest, ShowBytesAsUtf8OrElseAsLatin1)
 {
     store.Add("Gr\xC3\xBC\xC3\x9F"
               "e");
@@ -64,7 +62,7 @@ TEST_F(Rows, ShowBytesAsUtf8OrElseAsLatin1)
     EXPECT_EQ(TextAt(model, 1), QStringLiteral("Gr\u00fc\u00dfe"));
 }
 
-TEST_F(Rows, AreCutAtTheirColumns)
+TEST_F(RowsTest, AreCutAtTheirColumns)
 {
     store.Add("Q0ABC     >at home");
     store.Add("Q0");
@@ -75,7 +73,7 @@ TEST_F(Rows, AreCutAtTheirColumns)
 }
 
 /// Whatever happens to a store, a persistent index follows its row, as a reader's place does.
-TEST_F(Rows, KeepTheirIdentityThroughAnyChanges)
+TEST_F(RowsTest, KeepTheirIdentityThroughAnyChanges)
 {
     std::mt19937 random(7);
     Fill(200);
@@ -111,7 +109,7 @@ TEST_F(Rows, KeepTheirIdentityThroughAnyChanges)
     }
 }
 
-struct View : Rows {
+struct View : RowsTest {
     std::unique_ptr<RowsView> view;
     void SetUp() override
     {

@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "forms/Screen.h"
 
 namespace halvern::test {
@@ -42,7 +39,7 @@ TEST_F(Desk, AFailureEndsTheClickAndNotTheProgram)
 {
     halvern.ConMdiFrm.AboutHalvernMenu.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
     ActionOf(screen, "ConMdiFrm.AboutHalvernMenu")->trigger();
-    EXPECT_THAT(screen.station.TakeSaid(), testing::ElementsAre(testing::HasSubstr("Error # 6 Overflow")));
+    EXPECT_THAT(screen.station.TakeSaid(), ElementsAre(HasSubstr("Error # 6 Overflow")));
 }
 
 TEST_F(Desk, ACloseBoxHidesAndTheRowsStay)

@@ -1,26 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QProcess>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <chrono>
 
-#include "platform/Text.h"
 #include "support/Console.h"
+#include "support/StationTest.h"
 
 namespace halvern::test {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-
-struct ConsoleProgram : ::testing::Test {
+struct ConsoleProgram : testing::Test {
     ConsoleProgram() { LinkData(folder); }
 
     /// Runs the program on an application directory of its own with this input. @return its lines
-    std::vector<std::string> Run(const std::string& options, const std::string& input)
+    Strings Run(const std::string& options, const std::string& input)
     {
         work.Put("input", input);
         const auto file = [this](const char* name) { return " '" + work.Path() + "/" + name + "'"; };
@@ -28,7 +22,7 @@ struct ConsoleProgram : ::testing::Test {
                              file("input") + " >" + file("output") + " 2>" + file("errors");
         status = WEXITSTATUS(std::system(command.c_str()));
         const auto output = DiskFiles().Read(work.Path() + "/output").value_or("");
-        std::vector<std::string> lines;
+        Strings lines;
         for (const auto line : LinesOf(output)) lines.emplace_back(line);
         return lines;
     }
@@ -99,22 +93,9 @@ TEST_F(ConsoleProgram, ALiveStationHearsARealServer)
     work.Put("packets.tnc2", packets);
     const Feed feed(work.Path() + "/packets.tnc2");
     ASSERT_NE(feed.port, "");
-    std::string input;
-    for (const auto& [name, text] : {std::pair<std::string, std::string>{"CallSignTxt", "Q0OWN"},
-                                     {"LatDegtxt", "40"},
-                                     {"LatMintxt", "49"},
-                                     {"LatDectxt", "14"},
-                                     {"LatSigntxt", "N"},
-                                     {"LonDegtxt", "073"},
-                                     {"LonMintxt", "08"},
-                                     {"LonDectxt", "41"},
-                                     {"LonSigntxt", "W"},
-                                     {"CommentTXT", "own"},
-                                     {"StatusTXT", "here"},
-                                     {"IntDomainCombo", "127.0.0.1"},
-                                     {"APRServePortTxt", feed.port}})
-        input += "set SetUpfrm." + name + " \"" + text + "\"\n";
-    input += "click SetUpfrm.TabOkCmd\nclick ConMdiFrm.PortIp\nget InternetSoc\nwait 3000\nrows StatusLst\n"
+    auto input = *DiskFiles().Read(HALVERN_SOURCE "/tests/stories/parts/set-up.txt") +
+                 "set SetUpfrm.IntDomainCombo \"127.0.0.1\"\nset SetUpfrm.APRServePortTxt \"" + feed.port + "\"\n";
+    input += "click ConMdiFrm.PortIp\nget InternetSoc\nwait 3000\nrows StatusLst\n"
              "click ConMdiFrm.PortIp\nget InternetSoc\n";
     const auto lines = Run("", input);
     EXPECT_THAT(lines, Contains("InternetSoc open=yes"));
