@@ -115,8 +115,10 @@ const ListEntry& Nearest(const std::vector<ListEntry>& entries, double lat, doub
     });
 }
 
+constexpr int NeverChosen = -1;
+
 /// How many of a hundred views that choose the map at a step lie within it. Views are tried as far around as the list
-/// gives this map.
+/// gives this map. NeverChosen: none of them chooses it.
 int CoveredShare(const std::vector<ListEntry>& entries, const std::string& name, const Box& frame, int step)
 {
     constexpr double Reach = 8;
@@ -135,7 +137,7 @@ int CoveredShare(const std::vector<ListEntry>& entries, const std::string& name,
             ++chosen;
             if (frame.Holds({lat + up, lon + side}) && frame.Holds({lat - up, lon - side})) ++covered;
         }
-    return chosen == 0 ? 100 : covered * 100 / chosen;
+    return chosen == 0 ? NeverChosen : covered * 100 / chosen;
 }
 
 std::filesystem::path ListFile(const Task& task)
@@ -151,7 +153,11 @@ void Enlist(const LinesTask& task, const std::string& name, const Box& frame, Ma
         list.Add(step, {name, (frame.top + frame.bottom) / 2, (frame.left + frame.right) / 2});
         leastShare = std::min(leastShare, CoveredShare(list.Entries(step), name, frame, step));
     }
-    if (leastShare < 90)
+    if (leastShare == NeverChosen)
+        std::printf(
+            "note: at one of the steps no view will choose this map: another one has the same centre, and stands\n"
+            "      before it in the list. A box a little to the side mends that\n");
+    else if (leastShare < 90)
         std::printf(
             "note: of 100 views that will choose this map, as the nearest, only %d lie within it; the others are "
             "empty\n"
