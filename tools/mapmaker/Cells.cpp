@@ -20,16 +20,6 @@ double HalfWidth(double range, double lat)
     return range * 4 / (Cosine(lat) * 3 * 60);
 }
 
-/// How far a map reaches beyond the longitudes of its views' centres. Towards the poles a view grows wider without
-/// bound: maps keep up with it as far as 80 degrees, and beyond as long as it stays moderate, but never past half a
-/// turn to either side, where a view would begin to show the same places again.
-double SideMargin(double range, double lat)
-{
-    constexpr double Moderate = 60;
-    constexpr double HalfTurn = 180;
-    return std::min({HalfWidth(range, std::min(lat, 89.0)), std::max(Moderate, HalfWidth(range, 80)), HalfTurn});
-}
-
 std::string NameOf(char letter, double north, double west)
 {
     char name[16];
@@ -83,6 +73,13 @@ std::vector<Box> Reaches(const Level& level, const std::vector<Cell>& cells)
 }
 
 } // namespace
+
+double SideMargin(double range, double lat)
+{
+    constexpr double Moderate = 60;
+    constexpr double HalfTurn = 180;
+    return std::min({HalfWidth(range, std::min(lat, 89.0)), std::max(Moderate, HalfWidth(range, 80)), HalfTurn});
+}
 
 std::vector<Cell> LayCells(const Level& level)
 {

@@ -15,6 +15,11 @@ struct Cell {
     Box frame; ///< covers every view of the level's widest step for which this centre is the nearest
 };
 
+/// How far a map reaches beyond the longitudes of its views' centres. Towards the poles a view grows wider without
+/// bound: maps keep up with it as far as 80 degrees, and beyond as long as it stays moderate, but never past half a
+/// turn to either side, where a view would begin to show the same places again.
+double SideMargin(double range, double lat);
+
 /// Lays the centres of a level over the globe. Nearness is counted as the map list's reader counts it: in plain
 /// degrees, without a turn at the date line.
 std::vector<Cell> LayCells(const Level& level);

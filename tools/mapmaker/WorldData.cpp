@@ -176,9 +176,10 @@ MapFigures WriteSea(const Level& level, const std::vector<Stretch>& stretches, c
 {
     constexpr double CoastTolerance = 0.01; // a third of what it comes to in the polar seas
     constexpr int Units = 240;
-    const Box globe{90, 270, -90, -270};
+    const double side = 180 + level.cellLon / 2 + SideMargin(level.widest, 90);
+    const Box globe{90, side, -90, -side};
     std::vector<DrawnLine> lines = GridLines(globe, level.seaGridLat, level.seaGridLon);
-    for (DrawnLine& line : LinesIn({Antarctic, 270, -90, -270}, stretches, CoastTolerance))
+    for (DrawnLine& line : LinesIn({Antarctic, side, -90, -side}, stretches, CoastTolerance))
         lines.push_back(std::move(line));
     return WriteMap(file, {BodyFormat::Ascii, globe, Units, level.widest, level.narrowest}, lines);
 }
