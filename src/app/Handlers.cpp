@@ -28,6 +28,8 @@
 #include "relay/MailPaths.h"
 #include "relay/Messages.h"
 #include "relay/PathBuilder.h"
+#include "reports/Query.h"
+#include "reports/StationMarks.h"
 
 namespace halvern {
 namespace {
@@ -225,6 +227,29 @@ void ConnectPathBuilder(Halvern& halvern)
     form.OnCloseBox = [&] { CancelPath(form); };
 }
 
+void ConnectMarks(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.AlarmMenu.OnClick = [&] { OpenAlarm(halvern); };
+    main.DeleteMenu.OnClick = [&] { OpenDelete(halvern); };
+    main.TrackMenu.OnClick = [&] { OpenTrack(halvern); };
+    auto& alarm = halvern.PosAlarmFrm;
+    alarm.OkCmd.OnClick = [&] { MarkStations(halvern); };
+    alarm.CancelCmd.OnClick = [&] { alarm.Unload(); };
+    auto& track = halvern.PosTrackFrm;
+    track.OkCmd.OnClick = [&] { TrackStation(halvern); };
+    track.CancelCmd.OnClick = [&] { track.Unload(); };
+}
+
+void ConnectQuery(Halvern& halvern)
+{
+    halvern.ConMdiFrm.QueryMenu.OnClick = [&] { OpenQuery(halvern); };
+    halvern.MessageFrm.QueryCmd.OnClick = [&] { OpenQuery(halvern); };
+    auto& form = halvern.QueryFrm;
+    form.OkCmd.OnClick = [&] { SendQuery(halvern); };
+    form.CancelCmd.OnClick = [&] { form.Unload(); };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
@@ -239,6 +264,8 @@ void ConnectHandlers(Halvern& halvern)
     ConnectFind(halvern);
     ConnectMessages(halvern);
     ConnectPathBuilder(halvern);
+    ConnectMarks(halvern);
+    ConnectQuery(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
     };

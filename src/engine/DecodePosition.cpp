@@ -111,13 +111,12 @@ void ReactToMove(Halvern& halvern, const Report& report, int index, char state)
 {
     auto& plot = halvern.Map.StationPlot;
     if (!report.IsObject() && index < static_cast<int>(plot.size())) plot[index].Color = colour::Cyan;
+    PlaceSymbol(halvern, index, report.latitude, report.longitude);
     if (state == mark::Alarm) {
         GoToView(halvern, report.latitude, report.longitude, 2.0);
         halvern.Tell(Icon::None, "Alarmed Station has moved.");
     } else if (state == mark::Track) {
         FollowTracked(halvern, report);
-    } else {
-        PlaceSymbol(halvern, index, report.latitude, report.longitude);
     }
 }
 

@@ -61,6 +61,7 @@ std::span<const WordEntry> DialogWords()
         {"CompassFrm.CancelButton", "", "Close this window"},
         {"ChosePrinter.PrinterLst", "&Printers", "The printers of this machine"},
         {"ChosePrinter.OkCmd", "", "Print on the selected printer"},
+        {"PosAlarmFrm.HelpLbl", "", "What this does"},
         {"PosAlarmFrm.AlarmLst", "&Stations", "Pick one or more"},
         {"PosAlarmFrm.AlarmOpt", "Alarm", "Whether you are told when they move"},
         {"PosAlarmFrm.OkCmd", "", "Set it for the selected stations"},

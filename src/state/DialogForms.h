@@ -149,6 +149,7 @@ struct ChosePrinterForm : Form {
 
 struct PosAlarmForm : Form {
     explicit PosAlarmForm(Controls& all) : Form(all, "PosAlarmFrm", "Position Alarm") {}
+    Label HelpLbl{*this, "HelpLbl"};
     List AlarmLst{*this, "AlarmLst", ListStyle::MultiRows};
     Choice AlarmOpt{*this, "AlarmOpt", {"Alarm On", "Alarm Off"}};
     Button OkCmd{*this, "OkCmd", "&OK"};
