@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <numbers>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -47,13 +48,20 @@ struct Country {
     int areas = 0;
 };
 
+/// A vertex that can be compared.
+using Place = std::pair<long, long>;
+
+Place PlaceOf(const Vertex& vertex)
+{
+    return {std::lround(vertex.lat * 1e6), std::lround(vertex.lon * 1e6)};
+}
+
 /// The stretch between two neighbouring vertices of a ring, whichever way it is walked.
-using Stretch = std::pair<std::pair<long, long>, std::pair<long, long>>;
+using Stretch = std::pair<Place, Place>;
 
 Stretch StretchOf(const Vertex& from, const Vertex& to)
 {
-    const auto place = [](const Vertex& v) { return std::pair(std::lround(v.lat * 1e6), std::lround(v.lon * 1e6)); };
-    return std::minmax(place(from), place(to));
+    return std::minmax({PlaceOf(from), PlaceOf(to)});
 }
 
 struct Ring {
@@ -110,9 +118,25 @@ private:
     std::map<std::string, int> numbers_;
 };
 
-/// The runs of stretches that two areas of the same country share, each once.
+/// How many different stretches end at each place.
+std::map<Place, int> Degrees(const std::vector<Ring>& rings)
+{
+    std::set<Stretch> seen;
+    std::map<Place, int> degrees;
+    for (const Ring& ring : rings)
+        for (std::size_t i = 1; i < ring.vertices.size(); ++i) {
+            const Stretch stretch = StretchOf(ring.vertices[i - 1], ring.vertices[i]);
+            if (!seen.insert(stretch).second) continue;
+            ++degrees[stretch.first];
+            ++degrees[stretch.second];
+        }
+    return degrees;
+}
+
+/// The runs of stretches that two areas of the same country share, each once and cut where several meet.
 std::vector<KeyedPath> Shared(const std::vector<Ring>& rings)
 {
+    const std::map<Place, int> degrees = Degrees(rings);
     std::map<Stretch, int> firstUser;
     std::vector<KeyedPath> runs;
     for (const Ring& ring : rings) {
@@ -124,7 +148,7 @@ std::vector<KeyedPath> Shared(const std::vector<Ring>& rings)
             const bool shared = !isFirst && user->second == ring.country;
             if (shared && !open) runs.push_back({ring.country, {from}});
             if (shared) runs.back().vertices.push_back(to);
-            open = shared;
+            open = shared && degrees.at(PlaceOf(to)) == 2;
         }
     }
     return runs;

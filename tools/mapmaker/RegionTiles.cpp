@@ -50,7 +50,7 @@ constexpr std::array<LayerRow, 9> Layers{{
 
 constexpr int SmallestRiver = 2;
 constexpr double SmallestWater = 4; // square kilometres
-constexpr double Tolerance = 0.006;
+constexpr double Tolerance = 0.0066;
 
 std::string Point(const Vertex& vertex)
 {
