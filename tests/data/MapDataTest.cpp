@@ -77,6 +77,14 @@ TEST(MapData, EveryMapParsesToItsEndMarkAndDrawsQuickly)
     EXPECT_LT(packed, Maps().size());
 }
 
+TEST(MapData, AllOfItStaysSmall)
+{
+    std::uintmax_t bytes = 0;
+    for (const auto& file : std::filesystem::recursive_directory_iterator(Data))
+        if (file.is_regular_file()) bytes += file.file_size();
+    EXPECT_LE(bytes, 25'000'000u);
+}
+
 TEST(MapData, TheListNamesOnlyMapsThatShipAndLeavesNoneOut)
 {
     std::set<std::string> named{"world", "usa"};

@@ -18,19 +18,25 @@ namespace halvern::mapmaker {
 
 namespace {
 
-/// Whose first-level borders come from GSHHG, or in the United States from the Census Bureau, in more detail.
-constexpr std::array<std::string_view, 24> HaveBetter{"Argentina",   "Australia",
-                                                      "Belize",      "Bolivia",
-                                                      "Brazil",      "Canada",
-                                                      "Chile",       "Colombia",
-                                                      "Costa Rica",  "Ecuador",
-                                                      "El Salvador", "Guatemala",
-                                                      "Guyana",      "Honduras",
-                                                      "Jamaica",     "Mexico",
-                                                      "Nicaragua",   "Panama",
-                                                      "Paraguay",    "Peru",
-                                                      "Suriname",    "United States of America",
-                                                      "Uruguay",     "Venezuela"};
+/// Whose first-level borders come from GSHHG, or in the United States from the Census Bureau, complete and in more
+/// detail.
+constexpr std::array<std::string_view, 17> HaveBetter{"Argentina",
+                                                      "Australia",
+                                                      "Belize",
+                                                      "Bolivia",
+                                                      "Brazil",
+                                                      "Canada",
+                                                      "Colombia",
+                                                      "Costa Rica",
+                                                      "El Salvador",
+                                                      "Guatemala",
+                                                      "Honduras",
+                                                      "Jamaica",
+                                                      "Mexico",
+                                                      "Peru",
+                                                      "Uruguay",
+                                                      "Venezuela",
+                                                      "United States of America"};
 
 /// Areas of a country that are smaller than this, on the mean, are like counties. Square kilometres.
 constexpr double CountySize = 3000;
@@ -156,17 +162,18 @@ std::vector<KeyedPath> Shared(const std::vector<Ring>& rings)
 
 } // namespace
 
-std::vector<Feature> LoadProvinces(const std::filesystem::path& file)
+Provinces LoadProvinces(const std::filesystem::path& file)
 {
-    const Areas areas(file);
-    std::vector<Feature> borders;
+    Areas areas(file);
+    Provinces provinces;
     for (KeyedPath& path : JoinEnds(Shared(areas.rings))) {
         const Country& country = areas.countries[static_cast<std::size_t>(path.key)];
         const double mean = country.size / country.areas;
-        borders.push_back({mean < CountySize ? Kind::County : Kind::FirstLevel, 0, mean,
-                           Simplify(path.vertices, Precision, Coarseness)});
+        provinces.borders.push_back({mean < CountySize ? Kind::County : Kind::FirstLevel, 0, mean,
+                                     Simplify(path.vertices, Precision, Coarseness)});
     }
-    return borders;
+    for (Ring& ring : areas.rings) provinces.rings.push_back(std::move(ring.vertices));
+    return provinces;
 }
 
 } // namespace halvern::mapmaker

@@ -40,15 +40,15 @@ std::vector<Feature> Outside(const Feature& feature, const Area& area)
     return parts;
 }
 
-void AddBorders(const std::vector<Feature>& borders, const Topology& counties, std::vector<Feature>& all)
+/// Adds the borders, first-level ones only outside the countries that another source draws.
+void AddBorders(const std::vector<Feature>& borders, const Area& elsewhere, std::vector<Feature>& all)
 {
-    const Area unitedStates(counties.Rings("nation"));
     for (const Feature& border : borders) {
         if (border.what != Kind::FirstLevel) {
             all.push_back(border);
             continue;
         }
-        std::vector<Feature> parts = Outside(border, unitedStates);
+        std::vector<Feature> parts = Outside(border, elsewhere);
         std::move(parts.begin(), parts.end(), std::back_inserter(all));
     }
 }
@@ -76,11 +76,13 @@ std::vector<Feature> LoadSources(const WorldSources& sources, double tolerance)
     std::vector<Feature> rivers = LoadRivers(sources.gshhg / "binned_river_f.nc");
     std::move(rivers.begin(), rivers.end(), std::back_inserter(all));
     progress.Step();
-    AddBorders(LoadBorders(sources.gshhg / "binned_border_f.nc"), counties, all);
-    AddCounties(counties, all);
+    Provinces provinces = LoadProvinces(sources.provinces);
+    std::vector<Path> drawn = counties.Rings("nation");
+    std::move(provinces.rings.begin(), provinces.rings.end(), std::back_inserter(drawn));
     progress.Step();
-    std::vector<Feature> provinces = LoadProvinces(sources.provinces);
-    std::move(provinces.begin(), provinces.end(), std::back_inserter(all));
+    AddBorders(LoadBorders(sources.gshhg / "binned_border_f.nc"), Area(drawn), all);
+    AddCounties(counties, all);
+    std::move(provinces.borders.begin(), provinces.borders.end(), std::back_inserter(all));
     progress.Step();
     for (Feature& feature : all) feature.vertices = Simplify(feature.vertices, tolerance, Coarseness);
     progress.Step();
