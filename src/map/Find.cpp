@@ -12,13 +12,7 @@ namespace {
 
 constexpr double CloseRange = 2;
 
-/// The report of a call's row in a store, or nothing.
-std::string_view ReportOf(const KeyedList& store, const std::string& call)
-{
-    const int index = store.Find(call);
-    return index == NotFound ? std::string_view{} : stationRow::Report(store.Row(index));
-}
-
+/// A call's row in a store, or nothing.
 std::string RowOf(const KeyedList& store, const std::string& call)
 {
     const int index = store.Find(call);
@@ -98,8 +92,8 @@ void ShowFound(Halvern& halvern)
     form.FindPosTxt.SetText(RowOf(halvern.PositionFrm.PosLst, field));
     const auto status = RowOf(halvern.StatusFrm.StatusLst, field);
     form.FindStatusTxt.SetText(status.empty() ? "No Status Packet For " + call + " Heard." : status);
-    const bool direct = ReportOf(halvern.DigiFrm.DigiLst, field) == "None";
-    form.FindDigiTxt.SetText(direct ? "Packets Sent Direct No Digis Used." : RowOf(halvern.DigiFrm.DigiLst, field));
+    const auto path = RowOf(halvern.DigiFrm.DigiLst, field);
+    form.FindDigiTxt.SetText(stationRow::Report(path) == "None" ? "Packets Sent Direct No Digis Used." : path);
     form.PhgTxt.SetText(PhgInWords(halvern.SetUpfrm.PhgDirLst, form.FindPosTxt.Text()));
     ShowRawPackets(halvern, call);
 }
