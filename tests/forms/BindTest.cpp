@@ -108,16 +108,20 @@ TEST_F(Operator, PicksFromChoicesTabsNumbersAndCombos)
     EXPECT_EQ(speed->currentIndex(), 2);
 }
 
-TEST_F(Operator, PressesEscapeForCancel)
+TEST_F(Operator, PressesButtonsAndEscapeForCancel)
 {
     OpenSetUp();
-    int cancels = 0;
+    int cancels = 0, helps = 0;
+    setUp.HelpCmd.OnClick = [&] { ++helps; };
+    QTest::mouseClick(Find<QPushButton>(setUp.HelpCmd), Qt::LeftButton);
+    EXPECT_EQ(helps, 1);
     setUp.TabCancelCmd.OnClick = [&] { ++cancels; };
     auto* window = screen.windows->WindowOf(setUp);
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_EQ(cancels, 1);
     EXPECT_TRUE(window->isVisible()) << "the form decides";
     setUp.TabCancelCmd.SetEnabled(false);
+    EXPECT_FALSE(Find<QPushButton>(setUp.TabCancelCmd)->isEnabled());
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_EQ(cancels, 1);
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QProcess>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -62,47 +61,6 @@ TEST_F(ConsoleProgram, AScriptDrivesTheRealWindowsAndTakesTheirPictures)
     ASSERT_TRUE(size);
     EXPECT_GT(size->width, 200);
     EXPECT_GT(size->height, 200);
-}
-
-/// A packet server of this machine, on a port of its own choice, until the end of the test.
-class Feed {
-public:
-    explicit Feed(const std::string& file)
-    {
-        process.start(HALVERN_BUILD "/halvern-feed", {"--port", "0", "--rate", "0", QString::fromStdString(file)});
-        while (port.empty() && (process.canReadLine() || process.waitForReadyRead())) {
-            const auto said = process.readLine().trimmed();
-            if (said.startsWith("listening")) port = said.mid(said.lastIndexOf(':') + 1).toStdString();
-        }
-    }
-    ~Feed()
-    {
-        process.kill();
-        process.waitForFinished();
-    }
-    std::string port;
-
-private:
-    QProcess process;
-};
-
-TEST_F(ConsoleProgram, ALiveStationHearsARealServer)
-{
-    std::string packets;
-    for (int i = 10; i < 60; ++i) packets += "Q" + std::to_string(i) + "AA>APRS,TCPIP*:>status \xE9\n";
-    work.Put("packets.tnc2", packets);
-    const Feed feed(work.Path() + "/packets.tnc2");
-    ASSERT_NE(feed.port, "");
-    auto input = *DiskFiles().Read(HALVERN_SOURCE "/tests/stories/parts/set-up.txt") +
-                 "set SetUpfrm.IntDomainCombo \"127.0.0.1\"\nset SetUpfrm.APRServePortTxt \"" + feed.port + "\"\n";
-    input += "click ConMdiFrm.PortIp\nget InternetSoc\nwait 3000\nrows StatusLst\n"
-             "click ConMdiFrm.PortIp\nget InternetSoc\n";
-    const auto lines = Run("", input);
-    EXPECT_THAT(lines, Contains("InternetSoc open=yes"));
-    EXPECT_THAT(lines, Contains(HasSubstr("StatusLst[50] \"Q59AA     >")));
-    EXPECT_THAT(lines, Contains(HasSubstr("status \\xE9\"")));
-    EXPECT_EQ(lines.back(), "InternetSoc open=no");
-    EXPECT_EQ(status, 0);
 }
 
 } // namespace

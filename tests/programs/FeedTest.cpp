@@ -6,6 +6,7 @@
 
 #include "config/Passcode.h"
 #include "platform/qt/QtSocketDevice.h"
+#include "support/Console.h"
 #include "support/StationTest.h"
 #include "support/qt/Application.h"
 
@@ -102,6 +103,27 @@ TEST_F(FeedTest, AStationLogsInHearsTheFileAndGoes)
     EXPECT_TRUE(Said("is Q0OWN, verified")) << output;
     member.main.PortIp.Click();
     EXPECT_TRUE(RunUntil([&] { return Said("Q0OWN gone"); }));
+}
+
+TEST_F(FeedTest, ALiveConsoleHearsTheFile)
+{
+    Start({"--rate", "0"});
+    LinkData(folder);
+    const auto input = *DiskFiles().Read(HALVERN_SOURCE "/tests/stories/parts/set-up.txt") +
+                       "set SetUpfrm.IntDomainCombo \"127.0.0.1\"\nset SetUpfrm.APRServePortTxt \"" +
+                       std::to_string(port) +
+                       "\"\nclick ConMdiFrm.PortIp\nget InternetSoc\nwait 2000\nrows StatusLst\n" +
+                       "click ConMdiFrm.PortIp\nget InternetSoc\n";
+    QProcess console;
+    console.start(HALVERN_BUILD "/halvern-console", {QString::fromStdString(folder.Path())});
+    console.write(input.c_str());
+    console.closeWriteChannel();
+    ASSERT_TRUE(RunUntil([&] { return console.state() == QProcess::NotRunning; }, 30000));
+    const auto answers = console.readAll().toStdString();
+    EXPECT_THAT(answers, HasSubstr("InternetSoc open=yes\n"));
+    EXPECT_THAT(answers, HasSubstr("\"Q1BBB     >tw\\xF6\""));
+    EXPECT_THAT(answers, testing::EndsWith("InternetSoc open=no\n"));
+    EXPECT_EQ(console.exitCode(), 0);
 }
 
 TEST_F(FeedTest, StationsOfOursTalkThroughIt)
