@@ -17,8 +17,7 @@ import tempfile
 DECODER = "decode_aprs"
 COLOURS = re.compile(rb"\x1b\[[0-9;]*[mJ]")
 PLACE = re.compile(rb"^([NS]) (\d\d) (\d\d\.\d+), ([EW]) (\d\d\d) (\d\d\.\d+)", re.M)
-# The first line of a reading: the kind of report, then the name of the symbol.
-SYMBOL = re.compile(rb"^(?:Position[^,\n]*|Weather Report|MIC-E|Raw GPS data), ([^,\n]*)", re.M)
+SETUP = pathlib.Path(__file__).parents[1] / "stories/parts/set-up.txt"
 SKIPPED = 77
 # Destinations that mode Normal lets in, by their beginnings.
 LET_IN = tuple(b"AP BEACON MAIL QST CQ GPS ALL AIR ID DF DRILL DX JAVA MICE QTH SKY SPACE SPC SYM TEST TLM WX ZIP DGPS RTCM TEL".split())
@@ -59,9 +58,7 @@ def our_rows(console, data, packets):
         for entry in pathlib.Path(data).resolve().iterdir():
             if entry.is_dir():
                 (pathlib.Path(folder) / entry.name).symlink_to(entry)
-        setup = {"CallSignTxt": "Q0OWN", "LatDegtxt": "40", "LatMintxt": "49", "LatDectxt": "14", "LatSigntxt": "N",
-                 "LonDegtxt": "073", "LonMintxt": "08", "LonDectxt": "41", "LonSigntxt": "W", "CommentTXT": "x", "StatusTXT": "x"}
-        script = [f'set SetUpfrm.{name} "{text}"' for name, text in setup.items()] + ["click SetUpfrm.TabOkCmd"]
+        script = SETUP.read_text().splitlines()
         script += [f"packet TCPIP {quoted(call + b'>' + dest + b':' + info)}" for call, dest, info in packets]
         script += ["rows PositionFrm.PosLst"]
         answer = subprocess.run([console, "--simulate", folder], input="\n".join(script).encode(), capture_output=True, check=False)
@@ -100,12 +97,6 @@ def their_place(text):
     return minutes(lat, latmin, ns), minutes(lon, lonmin, ew)
 
 
-def their_symbol(text):
-    """The name behind the kind of report, on the first line of the reading."""
-    found = SYMBOL.search(text)
-    return found.group(1).decode("latin-1") if found else ""
-
-
 def kind_of(info):
     first = info[:1]
     if first in b"\x1c\x1d'`":
@@ -125,12 +116,10 @@ def only_one_side(dest, info, row, place):
             return "mode Normal does not let the destination in"
         if kind == "plain" and body[:1] and not body[:1].isdigit() and body[:1] != " ":
             return "we do not read the compressed form"
-        if kind == "plain" and len(text) > 7 and text[0] in "/@" and text[7] in "h/":
+        if text[0] in "/@" and text[7:8] in ("h", "/") or text[0] == ";" and text[17:18] in ("h", "/"):
             return "we read no stamp but ddhhmmz"
         if kind == "other" and text[0] == ")":
             return "we do not read items"
-        if kind == "other" and text[0] == ";" and len(text) > 17 and text[17] in "h/":
-            return "we read no stamp but ddhhmmz"
         if kind == "other" and text[0] == ";" and len(text) > 18 and not text[18].isdigit():
             return "we do not read the compressed form"
         if kind == "other" and "!" in text[:41]:
@@ -170,7 +159,6 @@ def main():
     packets = [(stand_in(number, source), dest, info) for number, (source, dest, info) in enumerate(recorded(traffic))]
     ours, theirs = our_rows(console, data, packets), their_readings(packets)
     same, rules, unexplained = collections.Counter(), collections.Counter(), []
-    names = collections.defaultdict(collections.Counter)
     for call, dest, info in packets:
         kind = kind_of(info)
         if kind == "other":
@@ -185,20 +173,15 @@ def main():
             continue
         mine = our_place(row)
         apart = max(abs(mine[0] - place[0]), abs(mine[1] - place[1]))
-        names[(row[26], row[36])][their_symbol(theirs[call])] += 1
         if apart < 0.011:
             same[kind] += 1
         elif " " in info[:30].decode("latin-1") or kind == "Mic-E" and any(c in b"KLZ" for c in dest):
             rules[kind + ": ambiguous positions: we take the corner, they the middle"] += 1
         else:
             unexplained.append((kind, call, dest, info, row, place))
-    odd = {pair: found for pair, found in names.items() if len(found) > 1}
     for title, table in (("alike", same), ("explained", rules)):
         for name, count in sorted(table.items()):
             print(f"{title:10} {count:6}  {name}")
-    print(f"symbols: {len(names)} pairs, {len(odd)} read under more than one name")
-    for pair, found in odd.items():
-        print("   ", pair, dict(found))
     for case in unexplained[:40]:
         print("unexplained:", *case)
     print(f"{sum(same.values())} alike, {sum(rules.values())} explained, {len(unexplained)} unexplained")

@@ -203,14 +203,6 @@ TEST_F(Queries, WhatWaitsForTheAskingStationIsSentAgain)
     EXPECT_EQ(form.Timer1.Interval(), 1);
 }
 
-TEST_F(Queries, MarkedAnswersGoOutTogether)
-{
-    setUp.Psk63PortTxt.SetText("3122");
-    station.Hear("Q1ABC>APRS,WIDE1-1:?APRS?");
-    using testing::EndsWith;
-    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre(EndsWith("E\x19\r"), EndsWith("E"), "\x1aTX\x1b"));
-}
-
 struct Objects : Messages {
     const std::string live = ";LEADER   *092345z4903.50N/07201.75W>088/036";
     Strings Positions() { return Rows(halvern.PositionFrm.PosLst); }

@@ -59,16 +59,6 @@ TEST_F(Geometry, ACodedChangeDrawsOnceAlsoWhereTheStepStaysTheSame)
     EXPECT_FALSE(view().MapSyncPending);
 }
 
-TEST_F(Geometry, TheOperatorChoosesAStep)
-{
-    main().ScaleCombo.Click(3); // shown already
-    EXPECT_THAT(MapsDrawn(), IsEmpty());
-    main().ScaleCombo.Click(0);
-    EXPECT_THAT(MapsDrawn(), ElementsAre(1));
-    ExpectView(40, 73, 8000);
-    EXPECT_EQ(view().PrevRange, 1024);
-}
-
 TEST_F(Geometry, ThePoleHasNoWidth)
 {
     EXPECT_THROW(GoToView(halvern(), std::numeric_limits<float>::infinity(), 0, 64), RuntimeFailure);
@@ -135,16 +125,6 @@ TEST_F(Geometry, ThereIsNoWayWithoutAPlaceToGoTo)
     ExpectView(38.533333F, 95.95F, 1024);
     halvern().PositionFrm.PosLst.Clear();
     EXPECT_NO_THROW(main().HomeMenu.Click());
-}
-
-TEST_F(Geometry, TheModeShowsInMenuButtonAndPointer)
-{
-    main().Toolbar1Button(1).Click();
-    EXPECT_TRUE(main().PanMapMenu.Checked() && main().Toolbar1Button(1).Checked() && PanMode(halvern()));
-    halvern().MapFrm.Map1.OnMouseDown(MouseButton::Left, 1, 1);
-    main().PanMapMenu.Click();
-    EXPECT_FALSE(main().PanMapMenu.Checked() || main().Toolbar1Button(1).Checked() || PanMode(halvern()));
-    EXPECT_FALSE(view().ZoomDown);
 }
 
 TEST_F(Geometry, KindsOfMap)

@@ -12,9 +12,6 @@ struct SmallForm : Form {
     explicit SmallForm(Controls& all) : Form(all, "SmallFrm", "Small") {}
     KeyedList Stations{*this, "Stations"};
     List Ladder{*this, "Ladder", ListStyle::Combo, {"one", "two", "three"}};
-    TextField Call{*this, "Call", "", 6};
-    ControlArray<MenuItem> Windows{*this, "Windows", 1, {"a", "b"}};
-    Timer Clock{*this, "Clock"};
     Grid Heard{*this, "Heard"};
 };
 
@@ -22,14 +19,6 @@ struct ControlsTest : ::testing::Test {
     Controls all;
     SmallForm form{all};
 };
-
-TEST_F(ControlsTest, EveryControlIsFoundByItsName)
-{
-    EXPECT_EQ(all.Find("SmallFrm"), &form);
-    EXPECT_EQ(all.Find("SmallFrm.Call"), &form.Call);
-    EXPECT_EQ(all.Find("SmallFrm.Windows(2)"), &form.Windows(2));
-    EXPECT_EQ(all.Find("SmallFrm.Windows(3)"), nullptr);
-}
 
 TEST_F(ControlsTest, TheFirstRowOfACallWinsHoweverLongTheStoreIs)
 {
@@ -63,15 +52,6 @@ TEST_F(ControlsTest, AComboClicksOnlyWhenItsSelectionChangesAListEachTime)
     EXPECT_EQ(form.Ladder.Text(), "two");
 }
 
-TEST_F(ControlsTest, AFieldHoldsNoMoreThanItsLongestText)
-{
-    for (const char key : std::string("Q1ABCDE")) form.Call.Press(key);
-    EXPECT_EQ(form.Call.Text(), "Q1ABCD");
-    form.Call.OnKey = [](int& key) { key = 0; };
-    form.Call.Press('x');
-    EXPECT_EQ(form.Call.Text(), "Q1ABCD");
-}
-
 TEST_F(ControlsTest, TheSelectionStaysWithItsRow)
 {
     for (const auto* row : {"a", "b", "c"}) form.Stations.Add(row);
@@ -94,18 +74,6 @@ TEST_F(ControlsTest, AFailureEndsOneHandlerAndIsTold)
     });
     EXPECT_FALSE(reached);
     EXPECT_EQ(told, "Subscript out of range");
-}
-
-TEST_F(ControlsTest, AGridFindsItsRowsAndGrowsByRowsAndColumns)
-{
-    form.Heard.SetCell(1, 0, "Q1ABC");
-    form.Heard.AddRow();
-    form.Heard.SetCell(2, 0, "Q2ABC");
-    form.Heard.AddColumn();
-    EXPECT_EQ(form.Heard.FindRow("Q2ABC", 1), 2);
-    EXPECT_EQ(form.Heard.Cell(2, 2), "");
-    form.Heard.SetSize(2, 2);
-    EXPECT_EQ(form.Heard.FindRow("Q2ABC", 1), NotFound);
 }
 
 TEST(TextTest, NumbersAreReadAndWrittenAsOperatorsWriteThem)

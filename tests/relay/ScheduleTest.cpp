@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Beacons and messages over a long time, with ports that come and go.
 #include <algorithm>
-#include <random>
-#include <set>
 
 #include "support/StationTest.h"
 
@@ -32,13 +30,13 @@ struct Schedule : StationTest {
         for (auto* control : halvern.All.All()) {
             auto* timer = dynamic_cast<Timer*>(control);
             if (timer == nullptr) continue;
-            timer->OnTick = [this, timer, tick = timer->OnTick] {
+            timer->OnTick = [this, tick = timer->OnTick] {
                 if (tick) tick();
-                Look(*timer);
+                Look();
             };
         }
     }
-    virtual void Look(const Timer&)
+    void Look()
     {
         const auto note = [&](const char* port, const Strings& sent) {
             for (const auto& bytes : sent) air.push_back({station.time.Elapsed(), port, bytes});
@@ -101,80 +99,36 @@ TEST_F(Schedule, OfADayOnThreePorts)
     EXPECT_EQ(air, intended);
 }
 
-/// The TNC is opened, closed, refused and unplugged as chance will have it.
-struct RestlessTnc : Schedule {
-    void Look(const Timer& timer) override
-    {
-        const auto& engine = halvern.Engine;
-        const bool checked = main.PortTnc.Checked(), up = main.MSComm1.IsOpen();
-        const auto sent = station.SentByRadio();
-        const bool beacon = !sent.empty() && sent[0].starts_with("Q0OWN>APHV01:=");
-        if (&timer == &main.Timer2 && beacon) beacons.push_back(station.time.Elapsed());
-        ASSERT_TRUE(std::set({0, 1, 8000, 16000, 32000, 60000}).contains(main.Timer2.Interval()));
-        ASSERT_TRUE(std::set({0, 1, 4000, 8000, 16000, 32000, 60000}).contains(form.Timer1.Interval()));
-        ASSERT_GE(engine.BeaconMinutes, 0);
-        ASSERT_LT(engine.BeaconMinutes, engine.BeaconRate);
-        ASSERT_TRUE(form.RetryCycle >= 0 && form.RetryCycle < 10) << form.RetryCycle;
-        ASSERT_TRUE(up || sent.empty()) << sent[0];
-        ASSERT_TRUE(checked || !up);
-        for (const auto* each : {&main.Timer2, &main.NetDecayTmr}) ASSERT_EQ(each->Running(), checked);
-        ASSERT_FALSE(!checked && form.Timer1.Running());
-        if (&timer != &form.Timer1) return;
-        ASSERT_EQ(form.Timer1.Running(), up) << "an unplugged TNC is found out by the next retry";
-        ASSERT_TRUE(up || form.OutMsg.Count() == 0);
-    }
-    /// The toggle, with every tenth open refused and every fifth TNC unplugged before it is closed.
-    void Toggle()
-    {
-        const bool refused = Chance(10);
-        if (!main.PortTnc.Checked() && refused) station.ports.Line(main.MSComm1)->Refuse(8002, "no such device");
-        main.PortTnc.Click();
-        ASSERT_EQ(main.MSComm1.IsOpen(), main.PortTnc.Checked());
-        unplugged = Chance(5) ? station.time.Elapsed() + Within(Day / 6) : 0;
-    }
-    bool Chance(int oneIn) { return random() % oneIn == 0; }
-    std::int64_t Within(std::int64_t time) { return 1 + static_cast<std::int64_t>(random() % time); }
-
-    std::mt19937 random{20000101};
-    std::int64_t unplugged = 0;
-    Times beacons;
-};
-
-TEST_F(RestlessTnc, KeepsItsScheduleForAMonth)
+TEST_F(Schedule, OfATncThatComesAndGoes)
 {
-    Times intended;
-    int minutes = 0;
-    int opened = 0;
-    const auto intend = [&](std::int64_t from, std::int64_t heardUntil, std::int64_t until) {
-        const auto beacon = [&](std::int64_t time) {
-            if (time <= heardUntil) intended.push_back(time);
-        };
-        for (const int second : {0, 8, 24, 56})
-            if (const auto time = from + 1 + second * Second; time <= until) beacon(time);
-        for (auto time = from + 1 + 116 * Second; time <= until; time += Minute) {
-            if (minutes == 0) beacon(time);
-            minutes = (minutes + 1) % 10;
-        }
-    };
-    while (station.time.Elapsed() < 30 * Day) {
-        Toggle();
-        const auto from = station.time.Elapsed();
-        const auto until = from + Within(Chance(3) ? 2 * Minute : Day / 6);
-        const bool open = main.MSComm1.IsOpen();
-        if (open) {
-            ++opened;
-            station.Type("Q0AAA", "are you there");
-        }
-        const bool cut = open && unplugged != 0 && unplugged < until;
-        if (cut) {
-            WaitUntil(unplugged);
-            main.MSComm1.device->Close();
-        }
-        WaitUntil(until);
-        if (open) intend(from, cut ? unplugged : until, until);
-        ASSERT_FALSE(HasFatalFailure());
-    }
-    EXPECT_GT(opened, 100);
+    const auto rest = [&] { return !main.Timer2.Running() && !main.NetDecayTmr.Running() && !form.Timer1.Running(); };
+    station.OpenTnc();
+    station.Type("Q0AAA", "are you there");
+    WaitUntil(5 * Minute);
+    main.PortTnc.Click();
+    EXPECT_TRUE(rest());
+    station.ports.Line(main.MSComm1)->Refuse(8002, "no such device");
+    main.PortTnc.Click();
+    EXPECT_TRUE(rest());
+    WaitUntil(20 * Minute);
+    station.OpenTnc();
+    station.Type("Q0BBB", "and now");
+    WaitUntil(45 * Minute);
+    EXPECT_EQ(form.OutMsg.Count(), 2);
+    main.MSComm1.device->Close(); // unplugged, which the next retry finds out
+    WaitUntil(Hour);
+    EXPECT_EQ(form.OutMsg.Count(), 0);
+    EXPECT_TRUE(main.PortTnc.Checked() && main.Timer2.Running() && !form.Timer1.Running());
+    main.PortTnc.Click();
+    EXPECT_TRUE(rest());
+    WaitUntil(2 * Hour);
+
+    // the fast beacons begin anew with each opening, the count of minutes goes on from where it was
+    Times intended{1, 8001, 24001, 56001, 116001}, beacons;
+    for (const auto second : {0, 8, 24, 56, 116 + 6 * 60, 116 + 16 * 60})
+        intended.push_back(20 * Minute + 1 + second * Second);
+    for (const auto& sent : air)
+        if (sent.bytes.starts_with("Q0OWN>APHV01:=")) beacons.push_back(sent.time);
     EXPECT_EQ(beacons, intended);
 }
 
