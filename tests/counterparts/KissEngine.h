@@ -4,17 +4,14 @@
 #include <filesystem>
 #include <fstream>
 
-#include <gmock/gmock.h>
-
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTcpSocket>
 
-#include "counterparts/OwnNetwork.h"
 #include "platform/qt/QtSerialDevice.h"
 #include "platform/qt/QtSocketDevice.h"
-#include "support/Station.h"
+#include "support/StationTest.h"
 #include "support/qt/Application.h"
 #include "support/qt/Cable.h"
 
@@ -27,6 +24,9 @@ constexpr const char* SoundMaker = "gen_packets";
 constexpr std::size_t WavHeader = 44;
 /// The pseudo-terminal of the engine, a link that it makes.
 inline const std::string EngineLine = "/tmp/kisstnc";
+
+/// Why this process has no network of its own in which any port is free, or an empty text.
+const std::string& WhyNoNetwork();
 
 /// A station that listens to the engine on one of its ports.
 struct Listener {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "counterparts/OwnNetwork.h"
-
+// The tests of this program leave the machine's network before their first line runs, so that they may listen on the
+// fixed port numbers of the protocols without meeting, or being met by, anything outside.
 #include <cerrno>
 #include <cstring>
+#include <string>
 
 #include <net/if.h>
 #include <sched.h>

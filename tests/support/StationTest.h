@@ -23,6 +23,22 @@ inline std::string Marked(std::string_view text)
     return bytes;
 }
 
+/// Everything that a packet leaves behind: the rows of all stores and the heard grid, each under its store's name.
+inline Strings StoresOf(const Halvern& halvern)
+{
+    const List* const lists[] = {&halvern.PositionFrm.PosLst,    &halvern.StatusFrm.StatusLst,
+                                 &halvern.DigiFrm.DigiLst,       &halvern.TerminalFrm.RawPacketLst,
+                                 &halvern.DxFrm.ResourceLst,     &halvern.MessageFrm.MsgToYouLst,
+                                 &halvern.MessageFrm.TrafficLst, &halvern.MessageFrm.BullLst};
+    Strings all;
+    for (const auto* list : lists)
+        for (const auto& row : Station::Rows(*list)) all.push_back(list->Name() + " " + row);
+    const auto& grid = halvern.HeardFrm.HeardGrid;
+    for (int row = 0; row < grid.Rows(); ++row)
+        for (int column = 0; column < grid.Cols(); ++column) all.push_back("heard " + grid.Cell(row, column));
+    return all;
+}
+
 /// A station that is set up, and where its tests look most.
 struct StationTest : testing::Test {
     explicit StationTest(const std::string& programFolder = DataFolder()) : station(programFolder) { station.SetUp(); }

@@ -8,7 +8,6 @@
 
 #include "platform/qt/QtSocketDevice.h"
 #include "support/StationTest.h"
-#include "support/Stores.h"
 #include "support/qt/Application.h"
 
 namespace halvern::test {
