@@ -51,7 +51,8 @@ std::int64_t PointsOf(const Halvern& halvern, const std::string& path)
     return count.points;
 }
 
-/// Reads, parses and draws a map until its picture stands. @param range  the view's, so that the whole map is in it
+/// Reads, parses and draws a map until its picture stands; the argument is the screen's ratio.
+/// @param range  the view's, so that the whole map is in it
 void FileToPicture(benchmark::State& state, const char* name, double range, float latitude, float longitude)
 {
     test::Station station;
@@ -67,13 +68,13 @@ void FileToPicture(benchmark::State& state, const char* name, double range, floa
     for (auto _ : state) {
         MapSetGeometry(halvern);
         DrawDosMap(halvern, path);
-        benchmark::DoNotOptimize(shown.Image(Screen, 1).constBits());
+        benchmark::DoNotOptimize(shown.Image(Screen, static_cast<double>(state.range(0))).constBits());
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * PointsOf(halvern, path));
 }
-BENCHMARK_CAPTURE(FileToPicture, world, "world.map", 8000, 1.0F, 1.0F)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(FileToPicture, usa, "usa.map", 1024, 38.5F, 96.0F)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(FileToPicture, globe, "globe.map", 8000, 1.0F, 1.0F)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FileToPicture, world, "world.map", 8000, 1.0F, 1.0F)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FileToPicture, usa, "usa.map", 1024, 38.5F, 96.0F)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FileToPicture, globe, "globe.map", 8000, 1.0F, 1.0F)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 void Crowd(Shown& shown, int stations)
 {
@@ -100,6 +101,65 @@ void ReplotInAWindow(benchmark::State& state)
     }
 }
 BENCHMARK(ReplotInAWindow)->Arg(10000)->Arg(31000)->Unit(benchmark::kMillisecond);
+
+/// A place and two steps of the ladder: one whose map is large, and one to come from.
+struct Way {
+    double latitude, longitude;
+    int step, from;
+};
+
+/// What the operator does to change the view, from the click until the window is painted. Milliseconds; `drawing` is
+/// the painting alone.
+/// @param arg  stations
+void ChangeView(benchmark::State& state, const Way& way, bool pan)
+{
+    Shown shown;
+    auto& halvern = shown.halvern;
+    Crowd(shown, static_cast<int>(state.range(0)));
+    auto* view = shown.windows.Main().findChild<QWidget*>("MapFrm.Map1");
+    auto& range = halvern.ConMdiFrm.ScaleCombo;
+    halvern.ConMdiFrm.DosMapMenu.SetChecked(true);
+    halvern.ConMdiFrm.PanMapMenu.Click();
+    const auto clickAt = [&](double latitude, double longitude) {
+        halvern.MapFrm.Map1.OnMouseDown(MouseButton::Left, longitude, latitude);
+        halvern.MapFrm.Map1.OnMouseUp(MouseButton::Left, longitude, latitude);
+    };
+    clickAt(way.latitude, way.longitude);
+    range.Click(way.step);
+    view->repaint();
+    double drawing = 0, aside = 0;
+    for (auto _ : state) {
+        if (!pan) range.Click(way.from);
+        view->repaint();
+        aside = 1 - aside;
+        QElapsedTimer clock;
+        clock.start();
+        if (pan)
+            clickAt(way.latitude + aside, way.longitude + aside);
+        else
+            range.Click(way.step);
+        const auto ready = clock.nsecsElapsed();
+        view->repaint();
+        const auto painted = clock.nsecsElapsed();
+        drawing += static_cast<double>(painted - ready) / 1e6;
+        state.SetIterationTime(static_cast<double>(painted) / 1e9);
+    }
+    state.counters["drawing"] = benchmark::Counter(drawing, benchmark::Counter::kAvgIterations);
+    state.SetLabel(halvern.ConMdiFrm.dMapTxt.Text());
+}
+constexpr Way World{20, 20, 0, 1}, Globe{20, 20, 2, 1}, Region{60, 30, 5, 4};
+#define CHANGE_VIEW(name, way, pan)                                                                                    \
+    BENCHMARK_CAPTURE(ChangeView, name, way, pan)                                                                      \
+        ->Arg(10000)                                                                                                   \
+        ->Arg(31900)                                                                                                   \
+        ->UseManualTime()                                                                                              \
+        ->Unit(benchmark::kMillisecond)
+CHANGE_VIEW(range_of_the_world, World, false);
+CHANGE_VIEW(range_of_the_globe, Globe, false);
+CHANGE_VIEW(range_of_a_region, Region, false);
+CHANGE_VIEW(pan_over_the_world, World, true);
+CHANGE_VIEW(pan_over_the_globe, Globe, true);
+CHANGE_VIEW(pan_over_a_region, Region, true);
 
 } // namespace
 } // namespace halvern
