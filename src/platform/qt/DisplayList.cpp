@@ -12,10 +12,14 @@ namespace halvern {
 /// View coordinates to device pixels, and the pieces of lines that can be seen.
 class Projection {
 public:
-    Projection(const ViewFrame& frame, QSize size)
-        : frame(frame), wide(size.width()), high(size.height()), perX(wide / (frame.left - frame.right)),
-          perY(high / (frame.top - frame.bottom))
+    Projection(const ViewFrame& frame, QSize size, qreal ratio)
+        : fineness(PointsApart * ratio), doubled(ratio >= FineScreen), frame(frame), wide(size.width()),
+          high(size.height()), perX(wide / (frame.left - frame.right)), perY(high / (frame.top - frame.bottom))
     {
+    }
+    bool Near(QPointF one, QPointF other) const
+    {
+        return std::abs(one.x() - other.x()) < fineness && std::abs(one.y() - other.y()) < fineness;
     }
     QPointF At(double x, double y) const { return {(frame.left - x) * perX, (frame.top - y) * perY}; }
     double Length(double units) const { return std::abs(units * perX); }
@@ -24,31 +28,37 @@ public:
     {
         return (point.x() < 0) | (point.x() > wide) << 1 | (point.y() < 0) << 2 | (point.y() > high) << 3;
     }
+    /// Draws the line in hand, and forgets it.
+    void DrawPiece(QPainter& painter)
+    {
+        const auto count = static_cast<int>(piece.size());
+        if (count > 1) painter.drawPolyline(piece.data(), count);
+        if (count > 1 && doubled) {
+            for (auto& point : piece) point += QPointF(Beside, Beside);
+            painter.drawPolyline(piece.data(), count);
+        }
+        piece.clear();
+    }
     std::vector<QPointF> piece; ///< the line in hand, kept for its memory
 
 private:
+    /// Points nearer than this to the one before are left out, in pixels of an ordinary screen.
+    static constexpr double PointsApart = 0.5;
+    /// From this ratio on a line of one device pixel is too thin, and is drawn a second time beside itself.
+    static constexpr double FineScreen = 1.5, Beside = 0.5;
+    double fineness;
+    bool doubled;
     ViewFrame frame;
     double wide, high, perX, perY;
 };
 
 namespace {
 
-/// Points nearer than this to the one before are left out, in device pixels.
-constexpr double Fineness = 0.5;
-/// From this ratio on a line of one device pixel is too thin, and is drawn a second time beside itself.
-constexpr double FineScreen = 1.5;
-
 void SetColour(QPainter& painter, int colour)
 {
     QPen pen(PaletteColour(colour), 1);
     pen.setCosmetic(true); // the painter is fastest with these, smooth or not
     painter.setPen(pen);
-}
-
-void DrawPiece(QPainter& painter, std::vector<QPointF>& piece)
-{
-    if (piece.size() > 1) painter.drawPolyline(piece.data(), static_cast<int>(piece.size()));
-    piece.clear();
 }
 
 } // namespace
@@ -88,21 +98,21 @@ void DisplayList::DrawLine(QPainter& painter, std::size_t first, std::size_t end
         const auto next = onto.At(points[i].x, points[i].y);
         const auto beyond = onto.Beyond(next);
         if ((beyond & lastBeyond) != 0)
-            DrawPiece(painter, onto.piece);
-        else if (i + 1 < end && std::abs(next.x() - last.x()) < Fineness && std::abs(next.y() - last.y()) < Fineness)
+            onto.DrawPiece(painter);
+        else if (i + 1 < end && onto.Near(next, last))
             continue;
         onto.piece.push_back(next);
         last = next;
         lastBeyond = beyond;
     }
-    DrawPiece(painter, onto.piece);
+    onto.DrawPiece(painter);
 }
 
 void DisplayList::DrawOn(QImage& image, qreal ratio) const
 {
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    Projection onto(frames.front(), image.size());
+    Projection onto(frames.front(), image.size(), ratio);
     auto frame = frames.begin();
     auto picture = pictures.begin();
     int colour = -1;
@@ -110,7 +120,7 @@ void DisplayList::DrawOn(QImage& image, qreal ratio) const
         const auto& step = steps[i];
         const auto end = i + 1 < steps.size() ? steps[i + 1].first : points.size();
         if (step.kind == Step::Frame) {
-            onto = Projection(*frame++, image.size());
+            onto = Projection(*frame++, image.size(), ratio);
             continue;
         }
         if (step.kind == Step::Picture) {
@@ -125,10 +135,6 @@ void DisplayList::DrawOn(QImage& image, qreal ratio) const
             continue;
         }
         DrawLine(painter, step.first, end, onto);
-        if (ratio < FineScreen) continue;
-        painter.translate(Fineness, Fineness);
-        DrawLine(painter, step.first, end, onto);
-        painter.translate(-Fineness, -Fineness);
     }
 }
 
