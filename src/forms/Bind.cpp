@@ -104,8 +104,9 @@ QLabel* BindLabel(Label& label, QWidget* parent)
 {
     auto* widget = new QLabel(parent);
     widget->setTextFormat(Qt::PlainText);
-    auto* pacer = new Pacer(widget, 50, [widget, &label] { widget->setText(Shown(label.Caption())); });
-    pacer->Ask();
+    const auto show = [widget, &label] { widget->setText(Shown(label.Caption())); };
+    show();
+    auto* pacer = new Pacer(widget, show);
     BindCommon(widget, label, Shown(label.Caption()));
     WatchFor(widget, label, [pacer](const Change&) { pacer->Ask(); });
     return widget;

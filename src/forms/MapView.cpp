@@ -12,8 +12,6 @@
 namespace halvern {
 namespace {
 
-/// Stations move on the screen at most twenty times a second, however many packets come in.
-constexpr int SettleMs = 50;
 /// Dots of a picture for paper to a pixel of an ordinary screen.
 constexpr qreal PaperFineness = 2;
 
@@ -27,8 +25,7 @@ MouseButton ButtonOf(const QMouseEvent* event)
 MapView::MapView(Halvern& halvern, QWidget* parent)
     : QWidget(parent), halvern(halvern), form(halvern.MapFrm), sprites(halvern.MapFrm)
 {
-    for (Surface* surface : form.Surfaces())
-        drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
+    for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
     BindCommon(this, form.Map1);
     setToolTip({}); // each station has its own
@@ -36,14 +33,13 @@ MapView::MapView(Halvern& halvern, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(120, 90);
-    settle.setSingleShot(true);
-    connect(&settle, &QTimer::timeout, this, &MapView::SettleSprites);
-    const auto note = [this](const Change& change) {
+    auto* settle = new Pacer(this, [this] { SettleSprites(); });
+    const auto note = [this, settle](const Change& change) {
         if (change.what == Change::RowReplaced)
             sprites.Note(change.row);
         else
             sprites.NoteAll();
-        if (!settle.isActive()) settle.start(SettleMs);
+        settle->Ask();
     };
     WatchFor(this, form.SymPic, note);
     WatchFor(this, form.SymLbl, note);

@@ -52,7 +52,6 @@ private:
     };
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
     SpriteLayer sprites;
-    QTimer settle;
     int wheelTurn = 0; ///< what the wheel has turned since the last whole step
 };
 

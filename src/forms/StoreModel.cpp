@@ -15,11 +15,9 @@ namespace halvern {
 StoreModel::StoreModel(List& list, std::vector<RowColumn> rowColumns, Pace pace, bool markNews, QObject* parent)
     : QAbstractTableModel(parent), list(list),
       columns(rowColumns.empty() ? std::vector<RowColumn>{{}} : std::move(rowColumns)), pace(pace), markNews(markNews),
-      announced(list.Count())
+      announced(list.Count()), pacer(new Pacer(this, [this] { Apply(); }))
 {
     for (int row = 0; row < announced; ++row) Measure(row);
-    applyTimer.setSingleShot(true);
-    connect(&applyTimer, &QTimer::timeout, this, &StoreModel::Apply);
     connect(&newsTimer, &QTimer::timeout, this, &StoreModel::DropOldNews);
     WatchFor(this, list, [this](const Change& change) { Note(change); });
 }
@@ -42,8 +40,8 @@ void StoreModel::Note(const Change& change)
     pending = true;
     if (pace == Pace::AtOnce)
         Apply();
-    else if (!applyTimer.isActive())
-        applyTimer.start(PeriodMs);
+    else
+        pacer->Ask();
 }
 
 void StoreModel::NoteReplaced(int row)
@@ -206,11 +204,8 @@ QVariant StoreModel::headerData(int section, Qt::Orientation orientation, int ro
 GridModel::GridModel(Grid& grid, QObject* parent)
     : QAbstractTableModel(parent), grid(grid), rows(grid.Rows() - 1), cols(grid.Cols())
 {
-    applyTimer.setSingleShot(true);
-    connect(&applyTimer, &QTimer::timeout, this, &GridModel::Apply);
-    WatchFor(this, grid, [this](const Change&) {
-        if (!applyTimer.isActive()) applyTimer.start(100);
-    });
+    auto* pacer = new Pacer(this, [this] { Apply(); });
+    WatchFor(this, grid, [pacer](const Change&) { pacer->Ask(); });
 }
 
 void GridModel::Apply()

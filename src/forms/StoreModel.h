@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "forms/Watching.h"
 #include "platform/Controls.h"
 
 namespace halvern {
@@ -23,9 +24,9 @@ struct RowColumn {
 
 /// The rows of a store as a model; never a copy.
 ///
-/// Changes are collected and announced together, at most twenty times a second, so that a busy store keeps its
-/// windows answering. Between two announcements the store may be shorter than what was announced: cells that are not
-/// there any more are empty.
+/// Changes are collected and announced together, at the pacer's pace, so that a busy store keeps its windows answering.
+/// Between two announcements the store may be shorter than what was announced: cells that are not there any more are
+/// empty.
 class StoreModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -60,7 +61,7 @@ private:
         int row;
         qint64 until;
     };
-    static constexpr int PeriodMs = 50, NewsMs = 8000;
+    static constexpr int NewsMs = 8000;
     static constexpr std::size_t MostSteps = 2000, MostNews = 256;
 
     void Note(const Change& change);
@@ -86,7 +87,8 @@ private:
     std::vector<News> news;
     Picture pictureOf;
     mutable QHash<QByteArray, QIcon> pictures;
-    QTimer applyTimer, newsTimer;
+    Pacer* const pacer;
+    QTimer newsTimer;
 };
 
 /// A grid as a model: its row 0 is the header.
@@ -105,7 +107,6 @@ private:
     QString Text(int row, int column) const;
     Grid& grid;
     int rows = 0, cols = 0;
-    QTimer applyTimer;
 };
 
 } // namespace halvern

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -17,10 +19,24 @@ inline void WatchFor(QObject* owner, Control& control, Control::Watcher watcher)
     QObject::connect(owner, &QObject::destroyed, [&control, watch] { control.Unwatch(watch); });
 }
 
+/// Lives while what the operator did runs: what changes meanwhile is shown at once.
+class OperatorActs {
+public:
+    OperatorActs() { ++running; }
+    ~OperatorActs() { --running; }
+    OperatorActs(const OperatorActs&) = delete;
+    OperatorActs& operator=(const OperatorActs&) = delete;
+    static bool Running() { return running > 0; }
+
+private:
+    static inline int running = 0;
+};
+
 /// Runs what the operator did. While it runs, `writing` is set, so that the widget that wrote is not told of its own
 /// write; afterwards `settle` brings it in step with what the rules made of it.
 template <class Act, class Settle> void FromScreen(Control& control, bool& writing, Act act, Settle settle)
 {
+    const OperatorActs acts;
     const bool outer = std::exchange(writing, true);
     control.Directory().Dispatch(act);
     writing = outer;
@@ -30,32 +46,35 @@ template <class Act, class Settle> void FromScreen(Control& control, bool& writi
 /// The same for what leaves nothing to settle: a click, a key.
 template <class Act> void FromScreen(const Control& control, Act act)
 {
+    const OperatorActs acts;
     control.Directory().Dispatch(act);
 }
 
-/// Runs something as often as it is asked for, but never twice within a period: the last request is never lost.
+/// Runs something soon after it is asked for, together for all who ask meanwhile. A single change, and whatever the
+/// operator does, is so shown at once; a stream of changes from the ports is shown at a pace that the eye follows and
+/// that leaves the processor alone.
 class Pacer final : public QObject {
 public:
-    Pacer(QObject* owner, int periodMs, std::function<void()> act) : QObject(owner), act(std::move(act))
+    static constexpr int SoonMs = 30, PeriodMs = 220;
+
+    Pacer(QObject* owner, std::function<void()> act) : QObject(owner)
     {
-        timer.setInterval(periodMs);
         timer.setSingleShot(true);
-        connect(&timer, &QTimer::timeout, this, [this] {
-            if (std::exchange(again, false)) Ask();
+        connect(&timer, &QTimer::timeout, this, [this, act = std::move(act)] {
+            last.start();
+            act();
         });
     }
     void Ask()
     {
-        again = timer.isActive();
-        if (again) return;
-        timer.start();
-        act();
+        const auto rest = OperatorActs::Running() || !last.isValid() ? 0 : PeriodMs - last.elapsed();
+        const int wait = std::max(SoonMs, static_cast<int>(rest));
+        if (!timer.isActive() || timer.remainingTime() > wait) timer.start(wait);
     }
 
 private:
-    std::function<void()> act;
     QTimer timer;
-    bool again = false;
+    QElapsedTimer last; ///< since it ran
 };
 
 } // namespace halvern

@@ -7,6 +7,7 @@
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/StoreWindows.h"
+#include "forms/Watching.h"
 #include "platform/Files.h"
 
 namespace halvern {
@@ -102,8 +103,10 @@ std::string Windows::SavePicture(const Form& form, const std::string& file) cons
 {
     auto* window = WindowOf(form);
     if (window == nullptr) return form.Name() + " has no window";
-    for (int round = 0; round < 3; ++round) { // what is collected is announced, and then painted
-        QThread::msleep(30);
+    QElapsedTimer clock; // what is collected is announced, and then painted
+    clock.start();
+    while (clock.elapsed() < Pacer::PeriodMs + Pacer::SoonMs) {
+        QThread::msleep(Pacer::SoonMs);
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
     return window->grab().save(Shown(file), "PNG") ? std::string{} : "can't write " + file;

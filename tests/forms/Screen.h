@@ -6,6 +6,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets>
 
+#include "forms/Watching.h"
 #include "forms/Windows.h"
 #include "support/StationTest.h"
 
@@ -22,7 +23,7 @@ public:
         Settle();
     }
     /// Lets what is collected be announced and painted.
-    static void Settle(int milliseconds = 120) { QTest::qWait(milliseconds); }
+    static void Settle(int milliseconds = Pacer::PeriodMs + 60) { QTest::qWait(milliseconds); }
 
     /// The widget of a control, by its name.
     template <class Widget> Widget* Find(const char* name) const
