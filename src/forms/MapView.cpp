@@ -7,6 +7,7 @@
 #include "forms/Bind.h"
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
+#include "map/Geometry.h"
 #include "map/MapMouse.h"
 
 namespace halvern {
@@ -167,16 +168,24 @@ void MapView::StepCloser(int steps)
 
 void MapView::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Plus:
-    case Qt::Key_PageUp:
-        return StepCloser(1);
-    case Qt::Key_Minus:
-    case Qt::Key_PageDown:
-        return StepCloser(-1);
-    default:
-        QWidget::keyPressEvent(event);
-    }
+    struct Key {
+        int code;
+        void (*act)(Halvern& halvern);
+    };
+    static constexpr Key keys[] = {
+        {Qt::Key_Left, [](Halvern& station) { MoveByQuarters(station, 1, 0); }},
+        {Qt::Key_Right, [](Halvern& station) { MoveByQuarters(station, -1, 0); }},
+        {Qt::Key_Up, [](Halvern& station) { MoveByQuarters(station, 0, 1); }},
+        {Qt::Key_Down, [](Halvern& station) { MoveByQuarters(station, 0, -1); }},
+        {Qt::Key_Home, [](Halvern& station) { station.ConMdiFrm.HomeMenu.Click(); }},
+        {Qt::Key_Escape, EndGesture},
+    };
+    const int code = event->key();
+    if (code == Qt::Key_Plus || code == Qt::Key_PageUp) return StepCloser(1);
+    if (code == Qt::Key_Minus || code == Qt::Key_PageDown) return StepCloser(-1);
+    const auto* key = std::ranges::find(keys, code, &Key::code);
+    if (key == std::end(keys)) return QWidget::keyPressEvent(event);
+    FromScreen(form, [&] { key->act(halvern); });
 }
 
 void MapView::wheelEvent(QWheelEvent* event)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/Geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "engine/PositionText.h"
@@ -95,6 +96,16 @@ void GoHome(Halvern& halvern)
     const std::string own = stations.Row(0);
     GoToView(halvern, static_cast<float>(LatTextToDegrees(Columns(own, 19, 8))),
              static_cast<float>(LonTextToDegrees(Columns(own, 28, 9))), halvern.Map.MapRange);
+}
+
+void MoveByQuarters(Halvern& halvern, int west, int north)
+{
+    constexpr float furthest = 84; // nearer to a pole a view is all width and no height
+    if (halvern.ConMdiFrm.BitMapMenu.Checked()) return;
+    const auto& view = halvern.Map;
+    const float latitude = view.MapCenterLat + static_cast<float>(north) * view.MapHalfLat / 2;
+    const float longitude = view.MapCenterLon + static_cast<float>(west) * view.MapHalfLon / 2;
+    GoToView(halvern, std::clamp(latitude, -furthest, furthest), std::remainder(longitude, 360.0F), view.MapRange);
 }
 
 void ResizeMap(Halvern& halvern)

@@ -38,6 +38,10 @@ void GoToView(Halvern& halvern, float latitude, float longitude, double range);
 /// Centres the map on the own station, at the present range.
 void GoHome(Halvern& halvern);
 
+/// Moves the view by quarters of its width and height, around the world but not over a pole. Does nothing to a bitmap
+/// map, whose view is the picture's.
+void MoveByQuarters(Halvern& halvern, int west, int north);
+
 /// Lets the surfaces fill the map window; draws nothing.
 void ResizeMap(Halvern& halvern);
 

@@ -85,6 +85,15 @@ void MapMouseUp(Halvern& halvern, MouseButton, double x, double y)
     view.ZoomDown = view.ZoomMoved = false;
 }
 
+void EndGesture(Halvern& halvern)
+{
+    const auto& view = halvern.Map;
+    if (view.ZoomDown)
+        ShowView(halvern, view.PrevCenterLat, view.PrevCenterLon, view.PrevRange);
+    else if (PanMode(halvern))
+        halvern.ConMdiFrm.PanMapMenu.Click();
+}
+
 void SymbolMouseDown(Halvern& halvern, int index, MouseButton button)
 {
     const auto& station = PlotRecord(halvern, index);

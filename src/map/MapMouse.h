@@ -16,6 +16,9 @@ void MapMouseDown(Halvern& halvern, MouseButton button, double x, double y);
 void MapMouseMove(Halvern& halvern, double x, double y);
 void MapMouseUp(Halvern& halvern, MouseButton button, double x, double y);
 
+/// Ends the drag that has begun, back at the view from which it began, or else the zoom-and-pan mode.
+void EndGesture(Halvern& halvern);
+
 /// The pointer on the picture or the label of a station; `index` is its row in `PosLst`. In zoom-and-pan mode these
 /// stand for the map at the station's own place; out of it the secondary button opens the pop-up menu, which a window
 /// shows at its pointer when `Pop1Menu` is clicked.

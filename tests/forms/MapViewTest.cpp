@@ -100,6 +100,29 @@ TEST_F(MapWindow, StepsByKeysAndWheelWithoutAnyMode)
     EXPECT_EQ(halvern.Map.MapRange, 1) << "the closest step is the last";
 }
 
+TEST_F(MapWindow, MovesByKeysAndGivesAGestureUp)
+{
+    const auto& map = halvern.Map;
+    HearAt("Q0OWN", 41, 75);
+    ShowView(halvern, 40, -179.9F, 128);
+    QTest::keyClick(view, Qt::Key_Right);
+    EXPECT_NEAR(map.MapCenterLon, 180.1 - map.MapHalfLon / 2, 0.01) << "over the date line";
+    QTest::keyClick(view, Qt::Key_Up);
+    EXPECT_NEAR(map.MapCenterLat, 40 + map.MapHalfLat / 2, 0.01);
+    QTest::keyClick(view, Qt::Key_Home);
+    EXPECT_NEAR(map.MapCenterLat, 41, 0.01);
+    SwitchPanOn();
+    const auto before = map.MapCenterLon;
+    QTest::mousePress(view, Qt::LeftButton, {}, {10, 10});
+    QTest::mouseMove(view, {90, 90});
+    QTest::keyClick(view, Qt::Key_Escape);
+    QTest::mouseRelease(view, Qt::LeftButton, {}, {90, 90});
+    EXPECT_EQ(map.MapCenterLon, before);
+    EXPECT_EQ(map.MapRange, 128);
+    QTest::keyClick(view, Qt::Key_Escape);
+    EXPECT_FALSE(halvern.ConMdiFrm.PanMapMenu.Checked());
+}
+
 TEST_F(MapWindow, TellsThePlaceUnderThePointer)
 {
     QTest::mouseMove(view, PlaceOf(40.25, 75.5));
