@@ -89,6 +89,22 @@ TEST_F(Operator, KeepsHisPlaceInALineThatHeEditsInTheMiddle)
     EXPECT_EQ(line->cursorPosition(), 4);
 }
 
+TEST_F(Operator, SendsWithEnter)
+{
+    int enters = 0;
+    auto& text = halvern.MessageFrm.MsgTxt;
+    text.OnKey = [&](int& key) {
+        if (key != 13) return;
+        ++enters;
+        text.SetText("");
+    };
+    auto* line = Find<QLineEdit>(text);
+    QTest::keyClicks(line, "hi");
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(enters, 1);
+    EXPECT_EQ(line->text(), "");
+}
+
 TEST_F(Operator, PicksFromChoicesTabsNumbersAndCombos)
 {
     OpenSetUp();

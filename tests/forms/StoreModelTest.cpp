@@ -51,17 +51,6 @@ TEST_F(RowsTest, ThatAreGoneBeforeItIsAnnouncedReadAsEmpty)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(RowsTest, ShowBytesAsUtf8OrElseAsLatin1)
-{
-    store.Add("Gr\xC3\xBC\xC3\x9F"
-              "e");
-    store.Add("Gr\xFC\xDF"
-              "e");
-    StoreModel model(store, {}, StoreModel::Pace::AtOnce, false, nullptr);
-    EXPECT_EQ(TextAt(model, 0), QStringLiteral("Gr\u00fc\u00dfe"));
-    EXPECT_EQ(TextAt(model, 1), QStringLiteral("Gr\u00fc\u00dfe"));
-}
-
 TEST_F(RowsTest, AreCutAtTheirColumns)
 {
     store.Add("Q0ABC     >at home");

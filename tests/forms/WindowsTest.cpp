@@ -49,6 +49,8 @@ TEST_F(Desk, ACloseBoxHidesAndTheRowsStay)
     EXPECT_TRUE(window->isVisible());
     screen.station.Hear("Q0ABC>APRS:!4049.14N/07308.41W-x");
     const int rows = halvern.PositionFrm.PosLst.Count();
+    window->resize(300, 200);
+    EXPECT_EQ(halvern.PositionFrm.ShPosLst.Count(), rows) << "the copy for display is made anew";
     window->close();
     EXPECT_FALSE(window->isVisible());
     EXPECT_FALSE(halvern.PositionFrm.Visible());

@@ -58,5 +58,15 @@ TEST(ApplicationFolderTest, WithoutAnyDataItIsStillTheUsersFolder)
     EXPECT_EQ(ApplicationFolder(folder.Path() + "/bin", folder.Path() + "/user"), folder.Path() + "/user/halvern");
 }
 
+TEST(DiskFilesTest, ALogTakesItsLinesAnewWhereItCanBeOpened)
+{
+    const TemporaryFolder folder;
+    folder.Put("Day.log", "what was before");
+    DiskFiles files;
+    EXPECT_EQ(files.OpenForOutput(folder.Path() + "/no folder/day.log"), nullptr);
+    EXPECT_TRUE(files.OpenForOutput(folder.Path() + "\\day.LOG")->PrintLine("one"));
+    EXPECT_EQ(files.Read(folder.Path() + "/Day.log"), "one\r\n");
+}
+
 } // namespace
 } // namespace halvern::test

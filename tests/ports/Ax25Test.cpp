@@ -109,23 +109,13 @@ TEST(Ax25, ReadsWhatItsNeighboursSend)
         {Frame({{"AP", 0xE0}, {"A", 0x60}, {"B", 0x61}}, info).replace(16, 1, "\x03"), "NG"},
         // the PID is looked for by itself
         {Frame({{"AP", 0xE0}, {"A", 0x61}}, "\x03" + "123456"s + "\x7F\xF0info"), "A>AP:23456\x7F\xF0info"},
+        // eight digipeaters and no more
+        {FrameOf("Q0AAA>AP,1,2,3,4,5,6,7,8:x").substr(2), "Q0AAA>AP,1,2,3,4,5,6,7,8:x\xC0"},
+        {FrameOf("Q0AAA>AP,1,2,3,4,5,6,7,8:x").substr(2).insert(70, Shifted("9") + '\x60'), "NG"},
         {"", "NG"},
         {"short", "NG"},
     };
     for (const auto& [frame, text] : cases) EXPECT_EQ(TextOrNothing(frame), text) << text;
-}
-
-TEST(Ax25, CarriesEightDigipeatersAndNoMore)
-{
-    std::string line = "Q0AAA>AP";
-    for (int digi = 1; digi <= 8; ++digi) line += ",Q0D-" + std::to_string(digi);
-    const auto frame = FrameOf(line + ":x");
-    EXPECT_EQ(PositionOf(frame.substr(2), '\x03'), 71u);
-    EXPECT_EQ(LineOfFrame(frame), line + ":x");
-
-    auto nine = frame;
-    nine.insert(2 + 70, Shifted("Q0D") + '\x60');
-    EXPECT_FALSE(ReadFrame(nine.substr(2)));
 }
 
 TEST(Ax25, GivesBackEveryByteInEveryField)
@@ -148,16 +138,6 @@ TEST(Ax25, LosesOnlyTheFrameWhoseEscapesHideAnAddress)
     // two escapes in front of the control byte: what is left is too short for the addresses that were counted
     const auto frame = Frame({{"AP", 0xE0}, {"A", 0x60}}, "\xDB\xDC\xDB\xDC\xDB\xDC\xDB\x03\xF0");
     EXPECT_EQ(TextOrNothing(frame), "NG");
-}
-
-TEST(Kiss, UnescapesToItsEnd)
-{
-    const std::pair<std::string, std::string> cases[] = {
-        {"", ""}, {"plain", "plain"}, {"\xDB\xDC\xDB\xDD", "\xC0\xDB"}, {"a\xDBzb", "ab"}, {"a\xDB", "a"}};
-    for (auto [frame, plain] : cases) {
-        KissUnescape(frame);
-        EXPECT_EQ(frame, plain);
-    }
 }
 
 } // namespace

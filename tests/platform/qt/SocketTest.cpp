@@ -88,6 +88,8 @@ TEST_F(SocketTest, AHangUpComesAfterTheLastBytes)
     Open(form.Lines);
     Send("again\n");
     EXPECT_EQ(Received(1), Events{"again\n"});
+    peer->close();
+    EXPECT_EQ(Received(2), (Events{"again\n", "hung up"})) << "and no empty line";
 }
 
 TEST_F(SocketTest, NothingIsDeliveredOnceThePortIsClosed)
