@@ -190,6 +190,7 @@ QComboBox* BindCombo(List& list, QWidget* parent)
     show();
     UseFont(combo, list.Font());
     BindCommon(combo, list);
+    combo->view()->setAccessibleName(combo->accessibleName());
     WatchFor(combo, list, [combo, &list, show](const Change&) {
         UseFont(combo, list.Font());
         show();

@@ -92,6 +92,9 @@ MainWindow::MainWindow(Halvern& halvern) : halvern(halvern), area(new QMdiArea(t
 {
     setObjectName(Shown(halvern.ConMdiFrm.Name()));
     setCentralWidget(area);
+    area->setAccessibleName(tr("Windows"));
+    menuBar()->setAccessibleName(tr("Menus"));
+    statusBar()->setAccessibleName(tr("Status"));
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setBackground(palette().brush(QPalette::Mid));

@@ -28,6 +28,7 @@ MapView::MapView(Halvern& halvern, QWidget* parent)
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
+    drawn.front().painter->OnBand = [this] { MoveBand(); };
     BindCommon(this, form.Map1);
     setToolTip({}); // each station has its own
     setMouseTracking(true);
@@ -89,6 +90,13 @@ void MapView::paintEvent(QPaintEvent* event)
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
     sprites.Paint(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
+}
+
+/// A drag costs the pixels of its box, however many stations there are.
+void MapView::MoveBand()
+{
+    const auto before = std::exchange(bandAt, MapPainter::BandRegion(*drawn.front().painter->Band(size())));
+    update(before + bandAt);
 }
 
 void MapView::resizeEvent(QResizeEvent* event)

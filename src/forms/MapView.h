@@ -40,6 +40,7 @@ private:
     /// Picks the range some steps closer, as the range selector would.
     void StepCloser(int steps);
     void SettleSprites();
+    void MoveBand();
     void UsePointer();
     QFont LabelFont() const;
     QString TextAt(QPoint place) const;
@@ -51,6 +52,7 @@ private:
         std::unique_ptr<MapPainter> painter;
     };
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
+    QRegion bandAt;           ///< where the rubber band was last
     SpriteLayer sprites;
     int wheelTurn = 0; ///< what the wheel has turned since the last whole step
 };

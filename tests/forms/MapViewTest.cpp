@@ -115,6 +115,12 @@ TEST_F(MapWindow, MovesByKeysAndGivesAGestureUp)
     const auto before = map.MapCenterLon;
     QTest::mousePress(view, Qt::LeftButton, {}, {10, 10});
     QTest::mouseMove(view, {90, 90});
+    Screen::Settle();
+    PaintCounter counter;
+    view->installEventFilter(&counter);
+    QTest::mouseMove(view, {100, 100});
+    Screen::Settle();
+    EXPECT_TRUE(counter.pixels > 0 && counter.pixels < 10000) << "a drag costs its box: " << counter.pixels;
     QTest::keyClick(view, Qt::Key_Escape);
     QTest::mouseRelease(view, Qt::LeftButton, {}, {90, 90});
     EXPECT_EQ(map.MapCenterLon, before);

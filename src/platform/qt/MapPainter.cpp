@@ -77,7 +77,7 @@ void MapPainter::Picture(const std::string& file, int width, int height)
 void MapPainter::Box(double x1, double y1, double x2, double y2, int)
 {
     band = ViewFrame{x1, y1, x2, y2};
-    if (OnChange) OnChange();
+    if (OnBand) OnBand();
 }
 
 void MapPainter::Keep(Painter& other)
@@ -141,6 +141,12 @@ std::optional<QRectF> MapPainter::Band(QSizeF size) const
     const auto x = [&](double degrees) { return (frame.left - degrees) / (frame.left - frame.right) * size.width(); };
     const auto y = [&](double degrees) { return (frame.top - degrees) / (frame.top - frame.bottom) * size.height(); };
     return QRectF(QPointF(x(band->left), y(band->top)), QPointF(x(band->right), y(band->bottom))).normalized();
+}
+
+QRegion MapPainter::BandRegion(const QRectF& band)
+{
+    const auto outer = band.toAlignedRect().adjusted(-2, -2, 3, 3);
+    return QRegion(outer) - QRegion(outer.adjusted(6, 6, -6, -6));
 }
 
 void MapPainter::DrawBand(QPainter& painter, const QRectF& bandInPixels)

@@ -9,6 +9,7 @@
 
 #include <QImage>
 #include <QRectF>
+#include <QRegion>
 
 #include "platform/Surface.h"
 
@@ -40,9 +41,13 @@ public:
     std::optional<QRectF> Band(QSizeF size) const;
     /// Draws a rubber band so that it is seen on any ground: white dashes on a dark line.
     static void DrawBand(QPainter& painter, const QRectF& band);
+    /// Where DrawBand draws.
+    static QRegion BandRegion(const QRectF& band);
 
     /// Called when there is something new to see, once until the next Image.
     std::function<void()> OnChange;
+    /// Called when the rubber band was drawn at another place; it goes with a change of all.
+    std::function<void()> OnBand;
 
     void Clear() override;
     void SetFrame(const ViewFrame& frame) override;
