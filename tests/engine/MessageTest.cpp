@@ -208,15 +208,6 @@ struct Objects : Messages {
     Strings Positions() { return Rows(halvern.PositionFrm.PosLst); }
 };
 
-TEST_F(Objects, AreFiledUnderTheirNameWithTheirSender)
-{
-    station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
-    EXPECT_THAT(Positions(), ElementsAre("LEADER    ;092345z4903.50N/07201.75W>088/036 <Q1ABC>"));
-    EXPECT_THAT(Rows(halvern.DigiFrm.DigiLst), ElementsAre("LEADER    WIDE1-1"));
-    station.Hear("Q1ABC>APRS,WIDE1-1:;LEADER   *092345h4903.50N/07201.75W>");
-    EXPECT_EQ(halvern.HeardFrm.HeardGrid.Cell(2, 2), "2") << "a bad one is counted all the same";
-}
-
 TEST_F(Objects, AKilledOneStaysUnseenAndComesBack)
 {
     auto killed = live;

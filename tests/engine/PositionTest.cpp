@@ -28,16 +28,6 @@ TEST(PositionText, ReadsDegreesNorthAndWestPositive)
     EXPECT_EQ(LonTextToDegrees("0730.841W"), 0);
 }
 
-TEST_F(Positions, AReportBecomesARowWithItsStampOrTheTimeOfNow)
-{
-    station.Hear("Q1ABC-9>APRS,WIDE1-1*:!4903.50N/07201.75W>088/036 going");
-    station.Hear("Q2ABC>APRS:@211812z4903.50N\\07201.75W-stamped");
-    EXPECT_THAT(Rows(), ElementsAre("Q1ABC-9   !220908z4903.50N/07201.75W>088/036 going",
-                                    "Q2ABC     @211812z4903.50N\\07201.75W-stamped"));
-    EXPECT_THAT(Paths(), ElementsAre("Q1ABC-9   WIDE1-1*", "Q2ABC     None"));
-    EXPECT_THAT(Said(), ElementsAre("bell", "bell"));
-}
-
 TEST_F(Positions, ReportsThatCanNotBePlacedLeaveOnlyARawRow)
 {
     for (const auto* info :

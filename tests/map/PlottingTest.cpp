@@ -58,20 +58,6 @@ protected:
     }
 };
 
-TEST_F(Plotting, APairStandsAroundItsStationAtEveryRange)
-{
-    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
-    ExpectPair(1, 40.5, 73.5);
-    EXPECT_EQ(Picture(1).file, S() + "\\SYMBOLS\\TABLE1\\045.GIF");
-    EXPECT_EQ(Label(1).caption, "Q1ABC");
-    EXPECT_TRUE(Picture(1).visible && Label(1).visible);
-    for (int step : {0, 13}) {
-        main().ScaleCombo.Click(step);
-        ExpectPair(0, 40.819F, 73.140167F);
-        ExpectPair(1, 40.5, 73.5);
-    }
-}
-
 TEST_F(Plotting, AMoveOfOneStationTouchesOnePair)
 {
     station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
