@@ -201,6 +201,7 @@ TEST(Sentences, TakeTheirSymbolFromTheDestinationOrTheSsid)
                           {"Q1ABC", "GPSON", "$4049.14N\\07308.41W-"},
                           {"Q1ABC", "GPSOD", ""},
                           {"Q1ABC", "GPSOD7", "$4049.14N707308.41W#"},
+                          {"Q1ABC", "GPSNR", "$4049.14N\\07308.41W:"},
                           {"Q1ABC", "GPSJ4", "$4049.14N/07308.41W~"},
                           {"Q1ABC", "GPSQ1", "$4049.14N\\07308.41W{"},
                           {"Q1ABC", "GPSHX", "$4049.14N/07308.41W`"},

@@ -20,20 +20,23 @@ TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
         const char *item, *words;
         int beaconInterval;
         bool lookUp;
-    } cases[] = {{"PortTnc", "TNC Port Open", 1, false},
-                 {"SoundCardMenu", "Sound Card Port Open", 1, false},
-                 {"PortIp", "TCP/IP Port Open", 0, true}};
+    } cases[] = {{"PortTnc", "TNC Port", 1, false},
+                 {"SoundCardMenu", "Sound Card Port", 1, false},
+                 {"PortIp", "TCP/IP Port", 0, true}};
     for (const auto& each : cases) {
         Station fresh;
         auto& opened = fresh.halvern.ConMdiFrm;
         fresh.halvern.SetUpfrm.IntDomainCombo.SetText("feed.example");
         opened.FrmMenu(7).SetEnabled(false);
-        dynamic_cast<MenuItem&>(*fresh.halvern.All.Find(std::string("ConMdiFrm.") + each.item)).Click();
-        EXPECT_EQ(opened.StatusBar1.Caption(), each.words);
+        auto& item = dynamic_cast<MenuItem&>(*fresh.halvern.All.Find(std::string("ConMdiFrm.") + each.item));
+        item.Click();
+        EXPECT_EQ(opened.StatusBar1.Caption(), each.words + std::string(" Open"));
         EXPECT_EQ(opened.Timer2.Running() ? opened.Timer2.Interval() : 0, each.beaconInterval) << each.item;
         EXPECT_EQ(opened.NetDecayTmr.Interval(), 60000);
         EXPECT_TRUE(opened.NetDecayTmr.Enabled() && opened.MyObjectsMenu.Visible() && opened.FrmMenu(7).Enabled());
         EXPECT_EQ(opened.CgiFinduMenu.Visible(), each.lookUp) << each.item;
+        item.Click();
+        EXPECT_EQ(opened.StatusBar1.Caption(), each.words + std::string(" Closed"));
     }
 }
 
