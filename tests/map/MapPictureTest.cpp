@@ -31,7 +31,6 @@ class MapPicture : public MapStation {
 protected:
     MapPicture()
     {
-        folder.Put("mapbmpgif/readme.txt", "pictures of maps");
         ShowMap();
         GoToView(halvern(), 40, 73, 1024);
         station.dialogs.Screen = [](Surface& onto) { onto.Picture("the screen", 1366, 768); };

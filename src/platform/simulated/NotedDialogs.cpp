@@ -2,9 +2,11 @@
 #include "platform/simulated/NotedDialogs.h"
 
 #include <array>
+#include <filesystem>
 #include <utility>
 
 #include "platform/ConsoleText.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 
 namespace halvern {
@@ -68,6 +70,8 @@ std::optional<std::string> NotedDialogs::File(const FileRequest& request)
     Line(Sentence({"file", request.save ? "save" : "open"}, {request.title, request.filter, request.folder}));
     auto path = TextAnswer();
     if (!path || path->empty()) return {};
+    std::error_code late; // a folder that can't be made is told by whoever writes into it
+    if (request.save) std::filesystem::create_directories(DiskFiles().Resolved(request.folder), late);
     if (path->front() != '/' && path->front() != '\\' && !Holds(*path, ":")) {
         const bool ended = !request.folder.empty() && (request.folder.back() == '/' || request.folder.back() == '\\');
         path = request.folder + (ended ? "" : "/") + *path;
