@@ -151,12 +151,6 @@ bool ReadReport(const Halvern& halvern, Report& report, int index)
     return report.symFile != NoSymbol;
 }
 
-bool IsGone(const Halvern& halvern, int index)
-{
-    const char state = ColumnAt(halvern.PositionFrm.PosLst.Row(index), positionRow::State);
-    return state == mark::Killed || state == mark::Deleted;
-}
-
 } // namespace
 
 bool DecodePosition(Halvern& halvern, std::string& call, std::string& info, float& latitude, float& longitude)
@@ -177,7 +171,7 @@ bool DecodePosition(Halvern& halvern, std::string& call, std::string& info, floa
         ResetStores(halvern, "PosSub");
         return false;
     }
-    if (index == NotFound || IsGone(halvern, index))
+    if (index == NotFound || IsGone(store.Row(index)))
         FileNewStation(halvern, report, index);
     else
         UpdateKnownStation(halvern, report, index);

@@ -47,9 +47,7 @@ void Kill(Halvern& halvern, const std::string& name)
     for (int i = 0; i < store.Count(); ++i) {
         const auto& row = store.Row(i);
         if (positionRow::Call(row) != name || ColumnAt(row, positionRow::State) == mark::Killed) continue;
-        if (i < static_cast<int>(halvern.Map.StationPlot.size())) halvern.Map.StationPlot[i].Shown = false;
-        halvern.MapFrm.SymPic.Show(i, false);
-        halvern.MapFrm.SymLbl.Show(i, false);
+        HideSymbol(halvern, i);
         store.Replace(i, WithMark(row, mark::Killed));
         return;
     }

@@ -121,6 +121,14 @@ void PlaceSymbol(Halvern& halvern, int index, float latitude, float longitude)
     form.SymLbl.Alter(index, [&](LabelSprite& label) { layout.Place(station, form.SymPic(index), label); });
 }
 
+void HideSymbol(Halvern& halvern, int index)
+{
+    auto& plot = halvern.Map.StationPlot;
+    if (index >= 0 && index < static_cast<int>(plot.size())) plot[index].Shown = false;
+    halvern.MapFrm.SymPic.Show(index, false);
+    halvern.MapFrm.SymLbl.Show(index, false);
+}
+
 void ChangeSymbol(Halvern& halvern, int index, const std::string& symFile)
 {
     PlotRecord(halvern, index).SymFile = symFile;

@@ -26,6 +26,9 @@ void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const st
 /// Moves a station's pair, and shows it.
 void PlaceSymbol(Halvern& halvern, int index, float latitude, float longitude);
 
+/// Takes a station's pair off the map until it is placed again. Without a pair it does nothing.
+void HideSymbol(Halvern& halvern, int index);
+
 /// Loads another picture for a station, and keeps its file in the plot record.
 /// @throws RuntimeFailure when the picture can't be loaded
 void ChangeSymbol(Halvern& halvern, int index, const std::string& symFile);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/StationMarks.h"
 
+#include "map/Plotting.h"
 #include "platform/Text.h"
 #include "state/Rows.h"
 
@@ -20,19 +21,6 @@ void ListCalls(const List& stations, List& shown)
 {
     shown.Clear();
     for (int i = 0; i < stations.Count(); ++i) shown.Add(stationRow::Call(stations.Row(i)));
-}
-
-bool IsGone(std::string_view row)
-{
-    const char state = ColumnAt(row, positionRow::State);
-    return state == mark::Killed || state == mark::Deleted;
-}
-
-void TakeOffTheMap(Halvern& halvern, int index)
-{
-    if (index < static_cast<int>(halvern.Map.StationPlot.size())) halvern.Map.StationPlot[index].Shown = false;
-    halvern.MapFrm.SymPic.Show(index, false);
-    halvern.MapFrm.SymLbl.Show(index, false);
 }
 
 void OpenMarks(Halvern& halvern, std::string_view mode, const char* title, const char* help)
@@ -80,7 +68,7 @@ void MarkStations(Halvern& halvern)
         ownChosen |= call == own;
         if (call == own || index == NotFound || IsGone(stations.Row(index))) continue;
         stations.Replace(index, WithMark(stations.Row(index), state));
-        if (taking) TakeOffTheMap(halvern, index);
+        if (taking) HideSymbol(halvern, index);
         marked = true;
     }
     if (ownChosen) halvern.Tell(Icon::None, "You cannot select this stations callsign");

@@ -51,6 +51,13 @@ inline constexpr char Killed = 'X';
 inline constexpr char Deleted = 'D';
 } // namespace mark
 
+/// Was the station of a row killed, or taken off the map by the operator?
+inline bool IsGone(std::string_view row)
+{
+    const char state = ColumnAt(row, stationRow::State);
+    return state == mark::Killed || state == mark::Deleted;
+}
+
 /// A row with another mark in column 10.
 inline std::string WithMark(std::string row, char newMark)
 {

@@ -85,7 +85,7 @@ void MapPainter::Keep(Painter& other)
     auto* from = dynamic_cast<MapPainter*>(&other);
     if (from == nullptr) return;
     auto layers = from->kept;
-    layers.push_back(from->list);
+    if (!from->list->Empty() || layers.empty()) layers.push_back(from->list);
     kept = std::move(layers);
     list = std::make_shared<DisplayList>(frame);
     stale = false;
