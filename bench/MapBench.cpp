@@ -7,9 +7,9 @@
 
 #include "map/DosMap.h"
 #include "map/DosMapFile.h"
-#include "map/Geometry.h"
-#include "map/Plotting.h"
 #include "support/Station.h"
+#include "view/Geometry.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

@@ -8,11 +8,11 @@
 #include "forms/Windows.h"
 #include "map/DosMap.h"
 #include "map/DosMapFile.h"
-#include "map/Geometry.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
 #include "platform/qt/MapPainter.h"
 #include "support/Station.h"
+#include "view/Geometry.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

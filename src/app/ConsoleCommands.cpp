@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "app/ConsoleEval.h"
-#include "config/StartUp.h"
+#include "app/StartUp.h"
 #include "engine/ProcessPacket.h"
 #include "map/MapMouse.h"
 #include "platform/ConsoleText.h"

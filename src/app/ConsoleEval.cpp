@@ -6,17 +6,17 @@
 #include <span>
 
 #include "app/ConsoleLine.h"
-#include "config/Passcode.h"
-#include "config/PositionField.h"
-#include "engine/DecodeMicE.h"
-#include "engine/PositionText.h"
-#include "engine/SplitSentence.h"
-#include "map/SymbolFile.h"
+#include "config/SetupRules.h"
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"
-#include "ports/Ax25.h"
+#include "protocol/Ax25.h"
+#include "protocol/DecodeMicE.h"
+#include "protocol/Passcode.h"
+#include "protocol/Paths.h"
+#include "protocol/PositionText.h"
+#include "protocol/SplitSentence.h"
 #include "relay/Digipeater.h"
-#include "relay/Paths.h"
+#include "view/SymbolFile.h"
 
 namespace halvern {
 namespace {

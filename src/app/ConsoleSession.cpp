@@ -5,7 +5,7 @@
 
 #include "app/ConsoleCommands.h"
 #include "app/ConsoleLine.h"
-#include "config/StartUp.h"
+#include "app/StartUp.h"
 
 namespace halvern {
 

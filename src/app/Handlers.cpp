@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Handlers.h"
 
-#include "config/ChildWindows.h"
+#include "app/StartUp.h"
 #include "config/Fonts.h"
 #include "config/Settings.h"
 #include "config/SetupFields.h"
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
-#include "config/StartUp.h"
 #include "engine/ResetStores.h"
 #include "map/BitmapMap.h"
 #include "map/Find.h"
 #include "map/FirstMap.h"
-#include "map/Geometry.h"
 #include "map/MapCommand.h"
 #include "map/MapMouse.h"
 #include "map/MapPicture.h"
-#include "map/Phg.h"
 #include "map/Redraw.h"
 #include "map/Refresh.h"
 #include "map/StationInfo.h"
@@ -30,6 +27,9 @@
 #include "relay/PathBuilder.h"
 #include "reports/Query.h"
 #include "reports/StationMarks.h"
+#include "view/ChildWindows.h"
+#include "view/Geometry.h"
+#include "view/Phg.h"
 
 namespace halvern {
 namespace {
@@ -145,6 +145,7 @@ void ConnectMap(Halvern& halvern)
     auto& form = halvern.MapFrm;
     form.OnActivate = [&] { FirstMapActivation(halvern); };
     form.OnResize = [&] { ResizeMap(halvern); };
+    form.OnNewView = [&] { RangeSelected(halvern); };
     form.Map1.OnMouseDown = [&](MouseButton button, double x, double y) { MapMouseDown(halvern, button, x, y); };
     form.Map1.OnMouseMove = [&](double x, double y) { MapMouseMove(halvern, x, y); };
     form.Map1.OnMouseUp = [&](MouseButton button, double x, double y) { MapMouseUp(halvern, button, x, y); };

@@ -3,13 +3,13 @@
 
 #include "config/Fonts.h"
 #include "config/IniTable.h"
-#include "config/Passcode.h"
 #include "config/Servers.h"
 #include "config/SetupFields.h"
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
 #include "config/SetupRules.h"
 #include "platform/Text.h"
+#include "protocol/Passcode.h"
 
 namespace halvern {
 namespace {

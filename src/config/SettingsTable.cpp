@@ -3,10 +3,10 @@
 #include <charconv>
 #include <cstdint>
 
-#include "config/ChildWindows.h"
 #include "config/Fonts.h"
 #include "config/IniTable.h"
 #include "platform/Text.h"
+#include "view/ChildWindows.h"
 
 namespace halvern {
 namespace {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/SetupForm.h"
 
-#include "config/ChildWindows.h"
-#include "config/MapKind.h"
 #include "config/Recorded.h"
 #include "config/Settings.h"
 #include "config/SetupFields.h"
 #include "config/SetupRules.h"
-#include "engine/UtcTime.h"
+#include "map/MapKind.h"
 #include "platform/Text.h"
+#include "protocol/UtcTime.h"
+#include "view/ChildWindows.h"
 
 namespace halvern {
 namespace {

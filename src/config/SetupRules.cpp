@@ -3,9 +3,9 @@
 
 #include <array>
 
-#include "config/PositionField.h"
-#include "engine/OwnTexts.h"
 #include "platform/Text.h"
+#include "protocol/PositionField.h"
+#include "transmit/OwnTexts.h"
 
 namespace halvern {
 namespace {
@@ -116,6 +116,11 @@ std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath)
 std::string ValidateSetup(Halvern& halvern)
 {
     return NoFault(halvern, SetupFault(halvern.SetUpfrm, halvern.MessageFrm.MailUnPath.Text())) ? "OK" : "NOT OK";
+}
+
+std::string ValidatePositionField(Halvern& halvern, std::string_view text, std::string_view name)
+{
+    return NoFault(halvern, PositionFieldFault(text, name)) ? "OK" : "NOT OK";
 }
 
 bool PortsAgree(Halvern& halvern)

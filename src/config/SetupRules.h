@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "state/Halvern.h"
 
@@ -17,6 +18,9 @@ std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath);
 
 /// Tells the operator the first thing that is wrong. @return "OK" or "NOT OK".
 std::string ValidateSetup(Halvern& halvern);
+
+/// Tells the operator what is wrong with one field of a position. @return "OK" or "NOT OK".
+std::string ValidatePositionField(Halvern& halvern, std::string_view text, std::string_view name);
 
 /// The rules that the OK button has for the ports. A conflict of the GPS switches the GPS off again.
 ///

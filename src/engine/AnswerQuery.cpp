@@ -3,10 +3,9 @@
 
 #include <array>
 
-#include "engine/OwnTexts.h"
-#include "ports/Kiss.h"
-#include "ports/Psk63Send.h"
 #include "state/Rows.h"
+#include "transmit/OwnTexts.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -15,25 +14,17 @@ constexpr int HeardPlaces = 18;    ///< hour counts that an answer has
 constexpr int MostHeardHours = 19; ///< hour columns that are read for it
 constexpr std::size_t DirectPlaces = 8;
 
-void Send(Halvern& halvern, std::string payload)
+void AnswerByRadio(Halvern& halvern, const std::string& payload)
 {
-    SendPacket(halvern, halvern.Engine.OwnDest, halvern.Engine.OwnCall, PathOrNothing(halvern.SetUpfrm.UnPath.Text()),
-               payload, "");
+    Send(halvern, {.information = payload, .path = std::string(PathOrNothing(halvern.SetUpfrm.UnPath.Text()))},
+         Road::Radio);
 }
 
-bool Psk63IsOpen(const Halvern& halvern)
+/// By radio, and the same text afresh by PSK63.
+void Answer(Halvern& halvern, const std::string& payload)
 {
-    return halvern.ConMdiFrm.Psk63Soc.Connected();
-}
-
-Psk63Packet AsPsk63(const Halvern& halvern, std::string_view payload)
-{
-    return SameInBothDialects(OwnLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, "", payload));
-}
-
-void RepeatOnPsk63(Halvern& halvern, std::string_view payload)
-{
-    if (Psk63IsOpen(halvern)) SendByPsk63(halvern, {AsPsk63(halvern, payload)});
+    AnswerByRadio(halvern, payload);
+    Send(halvern, {.information = payload}, Road::Psk63);
 }
 
 /// The own position as the answers tell it. While a GPS gives the position there is no fixed one to tell.
@@ -49,24 +40,20 @@ std::string AskingField(const Halvern& halvern)
 
 void AnswerPosition(Halvern& halvern, std::string_view)
 {
-    Send(halvern, PositionText(halvern));
-    RepeatOnPsk63(halvern, PositionText(halvern));
+    Answer(halvern, PositionText(halvern));
 }
 
 void AnswerStatus(Halvern& halvern, std::string_view)
 {
-    Send(halvern, OwnStatus(halvern.SetUpfrm));
-    RepeatOnPsk63(halvern, OwnStatus(halvern.SetUpfrm));
+    Answer(halvern, OwnStatus(halvern.SetUpfrm));
 }
 
 void AnswerBoth(Halvern& halvern, std::string_view)
 {
-    Send(halvern, PositionText(halvern));
-    Send(halvern, OwnStatus(halvern.SetUpfrm));
-    if (!Psk63IsOpen(halvern)) return;
-    auto position = AsPsk63(halvern, PositionText(halvern));
-    position.behind = "\r";
-    SendByPsk63(halvern, {position, AsPsk63(halvern, OwnStatus(halvern.SetUpfrm))});
+    const auto position = PositionText(halvern), status = OwnStatus(halvern.SetUpfrm);
+    AnswerByRadio(halvern, position);
+    AnswerByRadio(halvern, status);
+    Send(halvern, std::vector{Packet{position}, Packet{status}}, Road::Psk63);
 }
 
 /// What waits for the asking station is sent again at once.
@@ -94,8 +81,7 @@ void AnswerHeardDirect(Halvern& halvern, std::string_view)
     if (found == 0) return;
     auto payload = ":" + AskingField(halvern) + ":Dir= " + names[0];
     for (std::size_t i = 1; i < DirectPlaces; ++i) payload += " " + names[i];
-    Send(halvern, payload);
-    RepeatOnPsk63(halvern, payload);
+    Answer(halvern, payload);
 }
 
 /// The first station whose call the query carries from column 8 on; what stands behind the call is not looked at.
@@ -122,8 +108,7 @@ void AnswerHeard(Halvern& halvern, std::string_view query)
         payload += counts[0];
         for (int i = 1; i < HeardPlaces; ++i) payload += " " + counts[i];
     }
-    Send(halvern, payload);
-    RepeatOnPsk63(halvern, payload);
+    Answer(halvern, payload);
 }
 
 /// The path by which the asking station is heard.
@@ -132,8 +117,8 @@ void AnswerTrace(Halvern& halvern, std::string_view)
     const auto& store = halvern.DigiFrm.DigiLst;
     for (int i = 0; i < store.Count(); ++i)
         if (UpperCase(stationRow::Call(store.Row(i))) == AskingField(halvern))
-            Send(halvern, ":" + AskingField(halvern) + ":" + halvern.Engine.SourceCall + ">" +
-                              std::string(stationRow::Report(store.Row(i))));
+            AnswerByRadio(halvern, ":" + AskingField(halvern) + ":" + halvern.Engine.SourceCall + ">" +
+                                       std::string(stationRow::Report(store.Row(i))));
 }
 
 void AnswerIgate(Halvern& halvern, std::string_view query)

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/DecodePosition.h"
 
-#include "engine/PositionText.h"
 #include "engine/ResetStores.h"
-#include "engine/UtcTime.h"
-#include "map/Geometry.h"
-#include "map/Phg.h"
-#include "map/Plotting.h"
-#include "map/SymbolFile.h"
+#include "protocol/PositionText.h"
+#include "protocol/UtcTime.h"
 #include "state/Rows.h"
+#include "view/Geometry.h"
+#include "view/Phg.h"
+#include "view/Plotting.h"
+#include "view/SymbolFile.h"
 
 namespace halvern {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/HeardCount.h"
 
-#include "engine/UtcTime.h"
 #include "platform/Text.h"
+#include "protocol/UtcTime.h"
 
 namespace halvern {
 namespace {

@@ -5,17 +5,17 @@
 #include <array>
 
 #include "engine/AnswerQuery.h"
-#include "engine/DecodeMicE.h"
 #include "engine/DecodePosition.h"
 #include "engine/HeardCount.h"
-#include "engine/PacketHeader.h"
 #include "engine/ReceiveMessage.h"
 #include "engine/ReceiveObject.h"
 #include "engine/ResetStores.h"
-#include "engine/Sentence.h"
-#include "engine/UtcTime.h"
-#include "map/Geometry.h"
 #include "platform/Text.h"
+#include "protocol/DecodeMicE.h"
+#include "protocol/PacketHeader.h"
+#include "protocol/Sentence.h"
+#include "protocol/UtcTime.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {

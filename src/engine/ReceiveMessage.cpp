@@ -6,11 +6,10 @@
 
 #include "engine/AnswerQuery.h"
 #include "engine/Bulletins.h"
-#include "engine/OwnTexts.h"
-#include "ports/Kiss.h"
-#include "ports/Psk63Send.h"
-#include "relay/OutMsg.h"
+#include "protocol/OutMsg.h"
 #include "state/Rows.h"
+#include "transmit/OwnTexts.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -107,18 +106,9 @@ void ReceiveAck(Halvern& halvern, const Message& message)
 
 void SendAck(Halvern& halvern, std::string_view number, std::string_view tag)
 {
-    const auto& engine = halvern.Engine;
-    const auto field = CallField(engine.SourceCall);
-    const auto ack = ":ack" + std::string(number);
-    std::string ackText = ":" + field + ack;
-    if (tag == "TNC" || tag == "SOUND")
-        SendPacket(halvern, engine.OwnDest, engine.OwnCall, PathOrNothing(halvern.MessageFrm.MailUnPath.Text()),
-                   ackText, tag);
-    else if (tag == "PSK63")
-        SendByPsk63(halvern, {SameInBothDialects(engine.OwnCall + ">" + engine.OwnDest + "::" + field + ack)});
-    else if (tag == "TCPIP")
-        halvern.ConMdiFrm.InternetSoc.Write(engine.OwnCall + ">" + engine.OwnDest + ",TCPIP*::" + field + ack +
-                                            std::string(CrLf));
+    auto ack = ":" + CallField(halvern.Engine.SourceCall) + ":ack" + std::string(number);
+    const auto path = PathOrNothing(halvern.MessageFrm.MailUnPath.Text());
+    Send(halvern, {.information = std::move(ack), .path = std::string(path)}, RoadOf(tag));
 }
 
 bool IsDirectedQuery(std::string_view text)

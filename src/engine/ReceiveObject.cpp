@@ -2,11 +2,11 @@
 #include "engine/ReceiveObject.h"
 
 #include "engine/DecodePosition.h"
-#include "engine/OwnTexts.h"
 #include "engine/UpdateDigiLst.h"
-#include "engine/UtcTime.h"
-#include "map/Plotting.h"
+#include "protocol/UtcTime.h"
 #include "state/Rows.h"
+#include "transmit/OwnTexts.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

@@ -2,8 +2,8 @@
 #include "engine/ResetStores.h"
 
 #include "engine/HeardCount.h"
-#include "engine/OwnTexts.h"
 #include "engine/ProcessPacket.h"
+#include "protocol/PacketHeader.h"
 #include "state/Rows.h"
 
 namespace halvern {
@@ -14,8 +14,8 @@ std::string OwnLineFrom(const Halvern& halvern, const List& store)
 {
     const auto row = store.Count() > 0 ? store.Row(0) : std::string{};
     const auto payload = std::string(Columns(row, positionRow::Type, 1)) + std::string(positionRow::FromLatitude(row));
-    return OwnLine(std::string(TrimmedRight(stationRow::Call(row))), halvern.Engine.OwnDest,
-                   PathOrNothing(halvern.SetUpfrm.UnPath.Text()), payload);
+    return PacketLine(TrimmedRight(stationRow::Call(row)), halvern.Engine.OwnDest,
+                      PathOrNothing(halvern.SetUpfrm.UnPath.Text()), payload);
 }
 
 void DestroySymbols(Halvern& halvern)

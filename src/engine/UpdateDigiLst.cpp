@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/UpdateDigiLst.h"
 
-#include "relay/Paths.h"
+#include "protocol/Paths.h"
 #include "state/Rows.h"
 
 namespace halvern {

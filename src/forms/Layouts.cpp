@@ -2,8 +2,8 @@
 #include "forms/Layouts.h"
 
 #include "forms/Glyphs.h"
-#include "map/SymbolFile.h"
 #include "platform/Files.h"
+#include "view/SymbolFile.h"
 
 namespace halvern {
 namespace {

@@ -7,8 +7,8 @@
 #include "forms/Bind.h"
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
-#include "map/Geometry.h"
 #include "map/MapMouse.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "map/Calibration.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

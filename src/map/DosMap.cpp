@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/DosMap.h"
 
-#include "config/StartUp.h"
 #include "map/DosMapFile.h"
-#include "map/Geometry.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
+#include "view/Geometry.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {
@@ -22,7 +21,7 @@ std::string MapFolder(const Halvern& halvern)
 void EndWith(Halvern& halvern, Icon icon, const std::string& text)
 {
     halvern.Tell(icon, text);
-    EndProgram(halvern);
+    halvern.ConMdiFrm.EndApp.Click();
 }
 
 void CentreOnUsa(MapState& view)

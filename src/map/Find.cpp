@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/Find.h"
 
-#include "engine/PositionText.h"
-#include "map/Geometry.h"
-#include "map/Phg.h"
 #include "platform/Text.h"
+#include "protocol/PositionText.h"
 #include "state/Rows.h"
+#include "view/Geometry.h"
+#include "view/Phg.h"
 
 namespace halvern {
 namespace {

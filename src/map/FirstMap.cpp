@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/FirstMap.h"
 
-#include "engine/OwnTexts.h"
 #include "engine/ProcessPacket.h"
 #include "map/BitmapMap.h"
 #include "map/DosMap.h"
-#include "map/Geometry.h"
 #include "map/UsgsMap.h"
 #include "platform/Text.h"
+#include "protocol/PacketHeader.h"
+#include "transmit/OwnTexts.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {
@@ -42,8 +43,8 @@ void FirstMapActivation(Halvern& halvern)
     const auto call = OwnCallOf(setUp);
     const auto path = PathOrNothing(setUp.UnPath.Text());
     // The first line of a run closes its range information with a slash: the row shows where the comment begins.
-    auto position = OwnLine(call, NormalDestination, path, OwnPosition(setUp, OwnPhg(setUp, "/")));
-    auto status = OwnLine(call, NormalDestination, path, OwnStatus(setUp));
+    auto position = PacketLine(call, NormalDestination, path, OwnPosition(setUp, OwnPhg(setUp, "/")));
+    auto status = PacketLine(call, NormalDestination, path, OwnStatus(setUp));
     halvern.HeardFrm.HeardGrid.SetCell(1, 0, call);
     halvern.HeardFrm.HeardGrid.SetCell(1, 1, "0");
     DrawFirstMap(halvern);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/MapCommand.h"
 
-#include "config/MapKind.h"
 #include "map/Find.h"
-#include "map/Geometry.h"
+#include "map/MapKind.h"
 #include "map/MapPicture.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "map/Geometry.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
+#include "view/Geometry.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

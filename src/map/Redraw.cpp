@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "map/DosMap.h"
-#include "map/Geometry.h"
-#include "map/Phg.h"
 #include "map/UsgsMap.h"
+#include "view/Geometry.h"
+#include "view/Phg.h"
 
 namespace halvern {
 

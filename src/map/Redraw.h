@@ -5,8 +5,8 @@
 
 namespace halvern {
 
-/// A step of the ladder was selected, by the operator or by code: takes over its range unless code has set it
-/// already, and draws the map of the chosen kind. The one place where a line map is drawn anew.
+/// The operator selected a step of the ladder, or code has set a new view: takes over the range of the step unless code
+/// has set it already, and draws the map of the chosen kind. The one place where a line map is drawn anew.
 void RangeSelected(Halvern& halvern);
 
 } // namespace halvern

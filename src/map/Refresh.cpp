@@ -5,12 +5,12 @@
 #include <cmath>
 #include <optional>
 
-#include "engine/PositionText.h"
-#include "engine/UtcTime.h"
-#include "map/MobileSymbol.h"
-#include "map/Plotting.h"
 #include "platform/Text.h"
+#include "protocol/PositionText.h"
+#include "protocol/UtcTime.h"
 #include "state/Rows.h"
+#include "view/MobileSymbol.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

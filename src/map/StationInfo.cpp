@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/StationInfo.h"
 
-#include "config/ChildWindows.h"
 #include "platform/Text.h"
 #include "state/Rows.h"
+#include "view/ChildWindows.h"
 
 namespace halvern {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/UsgsMap.h"
 
-#include "map/Plotting.h"
 #include "map/UsgsMapFile.h"
 #include "platform/Text.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/InternetPort.h"
 
-#include "engine/OwnTexts.h"
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
 #include "ports/PortRules.h"
@@ -65,12 +64,6 @@ void ReceiveFromInternet(Halvern& halvern)
     if (!halvern.ConMdiFrm.ServerLoggedIn) return LogIn(halvern);
     ProcessPacket(halvern, line, "TCPIP");
     InternetGateStep(halvern, line);
-}
-
-void SendToInternet(Halvern& halvern, std::string_view payload)
-{
-    halvern.ConMdiFrm.InternetSoc.Write(OwnLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, "TCPIP*", payload) +
-                                        std::string(CrLf));
 }
 
 } // namespace halvern

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string_view>
-
 #include "state/Halvern.h"
 
 /// One TCP connection to a server of the APRS Internet system. It logs in once and never reconnects by itself.
@@ -13,8 +11,5 @@ void OpenCloseInternet(Halvern& halvern);
 
 /// A line has come in. The first one of a connection is the greeting; the login is the answer to it.
 void ReceiveFromInternet(Halvern& halvern);
-
-/// Writes an own packet as a line that says it was put in here, if the port is connected.
-void SendToInternet(Halvern& halvern, std::string_view payload);
 
 } // namespace halvern

@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "engine/ProcessPacket.h"
-#include "platform/Text.h"
+#include "protocol/Ax25.h"
+#include "protocol/KissFraming.h"
 #include "relay/Digipeater.h"
 #include "relay/Igate.h"
 
@@ -21,16 +22,9 @@ std::string KissFrameToText(Halvern& halvern, std::string frame)
 void ReceiveKissBytes(Halvern& halvern, std::string& buffer, std::string_view bytes, std::string_view tag)
 {
     buffer += bytes;
-    const auto end = PositionOf(buffer, FrameEnd, 2);
-    if (end == 0) return;
-    if (end == 2) {
-        buffer.erase(0, 1);
-        return;
-    }
-    std::string frame(Columns(buffer, 3, end - 3));
-    buffer.erase(0, end); // first of all: a message box on the way lets the next bytes come in
-    if (frame.ends_with('\r')) frame.pop_back();
-    auto line = KissFrameToText(halvern, std::move(frame));
+    auto frame = TakeKissFrame(buffer); // first of all: a message on the way lets the next bytes come in
+    if (!frame) return;
+    auto line = KissFrameToText(halvern, std::move(*frame));
     if (line == "NG") return;
     ProcessPacket(halvern, line, tag);
     if (halvern.Engine.IgateOn) RfGateStep(halvern, line);

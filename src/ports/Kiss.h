@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "ports/Ax25.h"
-#include "ports/SendPacket.h"
 #include "state/Halvern.h"
 
 namespace halvern {

@@ -4,16 +4,13 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/OwnTexts.h"
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
-#include "ports/InternetPort.h"
-#include "ports/Psk63Send.h"
-#include "ports/SendPacket.h"
-#include "ports/SoundPort.h"
-#include "ports/TncPort.h"
-#include "relay/Paths.h"
+#include "protocol/PacketHeader.h"
+#include "protocol/Paths.h"
 #include "state/Rows.h"
+#include "transmit/OwnTexts.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -37,54 +34,30 @@ constexpr const char* BadPath =
     "Setup/Station Tab. Halvern will not transmit your Position or Status packets until you do so. All your open Ports "
     "will now be closed.";
 
-/// One of the own packets; the payload is in its escaped form once it has been sent by radio.
-struct OwnPacket {
-    std::string payload;
-    std::string line;
-};
-
-OwnPacket PacketOf(const Halvern& halvern, const std::string& payload)
+Packet PacketOf(const Halvern& halvern, const std::string& payload)
 {
-    const auto path = PathOrNothing(halvern.SetUpfrm.UnPath.Text());
-    return {payload, OwnLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, path, payload)};
+    const std::string path(PathOrNothing(halvern.SetUpfrm.UnPath.Text()));
+    return {.information = payload,
+            .path = path,
+            .psk63Line = PacketLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, path, payload)};
 }
 
 struct Beacon {
-    OwnPacket position, status;
+    Packet position, status;
 };
 
-Psk63Packet AsPsk63(const Halvern& halvern, const OwnPacket& packet)
+void Send(Halvern& halvern, const Beacon& beacon, Road roads)
 {
-    return {OwnLine(halvern.Engine.OwnCall, halvern.Engine.OwnDest, "", packet.payload), packet.line};
-}
-
-void SendByPsk63(Halvern& halvern, const Beacon& beacon)
-{
-    auto position = AsPsk63(halvern, beacon.position);
-    position.behind = "\r";
-    SendByPsk63(halvern, {position, AsPsk63(halvern, beacon.status)});
-}
-
-void SendByRadio(Halvern& halvern, OwnPacket& packet)
-{
-    SendPacket(halvern, halvern.Engine.OwnDest, halvern.Engine.OwnCall, PathOrNothing(halvern.SetUpfrm.UnPath.Text()),
-               packet.payload, "");
+    Send(halvern, std::vector{beacon.position, beacon.status}, roads);
 }
 
 /// The engine sees the status first, the air the position.
-void TellEngine(Halvern& halvern, Beacon& beacon)
+void TellEngine(Halvern& halvern, const Beacon& beacon)
 {
-    ProcessPacket(halvern, beacon.status.line, "POSOUT");
-    ProcessPacket(halvern, beacon.position.line, "POSOUT");
-}
-
-void SendGroup(Halvern& halvern, Beacon& beacon)
-{
-    TellEngine(halvern, beacon);
-    SendByRadio(halvern, beacon.position);
-    SendByRadio(halvern, beacon.status);
-    SendToInternet(halvern, beacon.position.payload);
-    SendToInternet(halvern, beacon.status.payload);
+    for (const auto* packet : {&beacon.status, &beacon.position}) {
+        auto line = packet->psk63Line; // the packet as a text line, path and all
+        ProcessPacket(halvern, line, "POSOUT");
+    }
 }
 
 /// Works out `BeaconRate` when the path has changed. The text is remembered before it is tested, so a bad one is told
@@ -111,40 +84,45 @@ void CloseOnBadPath(Halvern& halvern)
 {
     halvern.Tell(Icon::Critical, BadPath);
     auto& form = halvern.ConMdiFrm;
-    if (form.InternetSoc.Connected()) OpenCloseInternet(halvern);
-    if (form.SoundSoc.Connected()) OpenCloseSound(halvern);
-    if (form.PortTnc.Checked()) OpenCloseTnc(halvern);
+    if (form.InternetSoc.Connected()) form.PortIp.Click();
+    if (form.SoundSoc.Connected()) form.SoundCardMenu.Click();
+    if (form.PortTnc.Checked()) form.PortTnc.Click();
 }
 
-void RepeatByPsk63(Halvern& halvern, Beacon& beacon)
+void RepeatByPsk63(Halvern& halvern, const Beacon& beacon)
 {
     auto& engine = halvern.Engine;
     if (engine.Psk63Minutes != Psk63Rate) return;
     if (halvern.ConMdiFrm.Psk63Soc.Connected()) {
         if (engine.BeaconMinutes != 0) TellEngine(halvern, beacon);
-        SendByPsk63(halvern, beacon);
+        Send(halvern, beacon, Road::Psk63);
     }
     engine.Psk63Minutes = 0;
 }
 
-void SteadyMinute(Halvern& halvern, Beacon& beacon)
+void SendGroup(Halvern& halvern, const Beacon& beacon, Road roads)
+{
+    TellEngine(halvern, beacon);
+    Send(halvern, beacon, roads);
+}
+
+void SteadyMinute(Halvern& halvern, const Beacon& beacon)
 {
     auto& engine = halvern.Engine;
-    if (engine.BeaconMinutes == 0) SendGroup(halvern, beacon);
+    if (engine.BeaconMinutes == 0) SendGroup(halvern, beacon, Road::Radio | Road::Internet);
     CountUp(engine.BeaconMinutes);
     if (engine.BeaconMinutes == engine.BeaconRate) engine.BeaconMinutes = 0;
     CountUp(engine.Psk63Minutes);
 }
 
-void TakeStep(Halvern& halvern, Beacon& beacon)
+void TakeStep(Halvern& halvern, const Beacon& beacon)
 {
     auto& timer = halvern.ConMdiFrm.Timer2;
     if (timer.Interval() == SteadyInterval) return SteadyMinute(halvern, beacon);
     const auto step = std::ranges::find(FastPhase, timer.Interval(), &FastStep::interval);
     if (step == FastPhase.end()) return;
     timer.SetInterval(step->next);
-    SendGroup(halvern, beacon);
-    if (step->psk63 && halvern.ConMdiFrm.Psk63Soc.Connected()) SendByPsk63(halvern, beacon);
+    SendGroup(halvern, beacon, Road::Radio | Road::Internet | (step->psk63 ? Road::Psk63 : Road::None));
 }
 
 } // namespace
@@ -156,7 +134,7 @@ void BeaconTick(Halvern& halvern)
     timer.SetEnabled(false);
     if (!SetRate(halvern)) return CloseOnBadPath(halvern);
     if (OwnSymbol(setUp)[1] == WeatherSymbol) return;
-    Beacon beacon{PacketOf(halvern, OwnPosition(setUp)), PacketOf(halvern, OwnStatus(setUp))};
+    const Beacon beacon{PacketOf(halvern, OwnPosition(setUp)), PacketOf(halvern, OwnStatus(setUp))};
     RepeatByPsk63(halvern, beacon);
     TakeStep(halvern, beacon);
     timer.SetEnabled(true);
@@ -165,10 +143,9 @@ void BeaconTick(Halvern& halvern)
 void BeaconNow(Halvern& halvern)
 {
     if (OwnSymbol(halvern.SetUpfrm)[1] == WeatherSymbol) return;
-    auto packet = PacketOf(halvern, "=" + std::string(positionRow::FromLatitude(halvern.PositionFrm.PosLst.Row(0))));
-    SendByRadio(halvern, packet);
-    SendToInternet(halvern, packet.payload);
-    if (halvern.ConMdiFrm.Psk63Soc.Connected()) SendByPsk63(halvern, {AsPsk63(halvern, packet)});
+    const auto row = halvern.PositionFrm.PosLst.Row(0);
+    Send(halvern, PacketOf(halvern, "=" + std::string(positionRow::FromLatitude(row))),
+         Road::Radio | Road::Internet | Road::Psk63);
 }
 
 } // namespace halvern

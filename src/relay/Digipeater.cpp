@@ -2,7 +2,7 @@
 #include "relay/Digipeater.h"
 
 #include "platform/Text.h"
-#include "ports/SendPacket.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -14,8 +14,7 @@ void RepeatFor(Halvern& halvern, ReceivedFrame& frame, const std::string& call)
     const auto before = frame.used;
     DigiSubstitute(frame.path, frame.used, call, halvern.Engine.OwnCall);
     if (frame.used == before) return;
-    auto payload = frame.info; // a copy: sending leaves the escaped form in it
-    SendPacket(halvern, frame.dest, frame.source, Columns(frame.path, 2), payload, "");
+    Send(halvern, {frame.info, std::string(Columns(frame.path, 2)), frame.source, frame.dest}, Road::Radio);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "ports/Ax25.h"
+#include "protocol/Ax25.h"
 #include "state/Halvern.h"
 
 namespace halvern {

@@ -2,7 +2,7 @@
 #include "relay/KillMessages.h"
 
 #include "platform/Text.h"
-#include "relay/OutMsg.h"
+#include "protocol/OutMsg.h"
 
 namespace halvern {
 namespace {

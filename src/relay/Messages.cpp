@@ -6,10 +6,9 @@
 
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
-#include "ports/InternetPort.h"
-#include "ports/Psk63Send.h"
-#include "ports/SendPacket.h"
-#include "relay/OutMsg.h"
+#include "protocol/OutMsg.h"
+#include "transmit/Psk63Send.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -139,10 +138,9 @@ void ChooseRoute(const Halvern& halvern, Outgoing& message)
 
 void Transmit(Halvern& halvern, std::string_view path, std::string information)
 {
-    if (path == "TCPIP")
-        SendToInternet(halvern, information);
-    else
-        SendPacket(halvern, halvern.Engine.OwnDest, halvern.Engine.OwnCall, PathOrNothing(path), information, "");
+    const bool byInternet = path == "TCPIP";
+    Send(halvern, {.information = std::move(information), .path = std::string(byInternet ? "" : PathOrNothing(path))},
+         byInternet ? Road::Internet : Road::Radio);
 }
 
 void SendOnce(Halvern& halvern, const Outgoing& message)
@@ -188,8 +186,7 @@ void SendOnPsk63(Halvern& halvern, Outgoing& message)
         form.LastPskTo = message.destination;
         form.LastPskMsg = message.text;
     }
-    SendByPsk63(halvern, {SameInBothDialects(Header(halvern) + ":" + Addressed(message) + message.trailer.brace +
-                                             message.trailer.number)});
+    Send(halvern, {Addressed(message) + message.trailer.brace + message.trailer.number}, Road::Psk63);
 }
 
 void SendMessage(Halvern& halvern)
@@ -244,7 +241,8 @@ void SendOldestOfEach(Halvern& halvern)
 
 // --- the tabs --------------------------------------------------------------------------------------------------------
 
-enum Tab { Traffic, Send, Bulletins };
+/// The tabs in their order on the form.
+enum Tab { TrafficTab, SendTab, BulletinsTab };
 
 void TakeBackCaption(MessageForm& form, const char* call)
 {
@@ -290,13 +288,13 @@ void ClearMessageText(Halvern& halvern)
 void ShowMessageTab(MessageForm& form)
 {
     const std::pair<Control*, Tab> places[] = {
-        {&form.TrafficLst, Traffic}, {&form.BullLst, Bulletins}, {&form.Label1, Send},
-        {&form.MsgToYouLst, Send},   {&form.MsgTxt, Send},       {&form.SendCallTxt, Send},
-        {&form.MailUnPath, Send},    {&form.QueryCmd, Send},     {&form.PSk63HelpCmd, Send}};
+        {&form.TrafficLst, TrafficTab}, {&form.BullLst, BulletinsTab}, {&form.Label1, SendTab},
+        {&form.MsgToYouLst, SendTab},   {&form.MsgTxt, SendTab},       {&form.SendCallTxt, SendTab},
+        {&form.MailUnPath, SendTab},    {&form.QueryCmd, SendTab},     {&form.PSk63HelpCmd, SendTab}};
     const int tab = form.SSTab2.Selected();
     for (const auto& [control, place] : places) control->SetVisible(place == tab);
-    if (tab == Send) TakeBackCaption(form, "New Message!");
-    if (tab == Bulletins) TakeBackCaption(form, "New Bulletin!");
+    if (tab == SendTab) TakeBackCaption(form, "New Message!");
+    if (tab == BulletinsTab) TakeBackCaption(form, "New Bulletin!");
 }
 
 } // namespace halvern

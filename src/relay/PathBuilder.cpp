@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/OwnTexts.h"
 #include "platform/Text.h"
+#include "transmit/OwnTexts.h"
 
 namespace halvern {
 namespace {

@@ -3,11 +3,9 @@
 
 #include <array>
 
-#include "engine/OwnTexts.h"
 #include "platform/Text.h"
-#include "ports/Psk63Send.h"
-#include "ports/SendPacket.h"
 #include "state/Rows.h"
+#include "transmit/Send.h"
 
 namespace halvern {
 namespace {
@@ -78,14 +76,9 @@ void SendQuery(Halvern& halvern)
     if (chosen < 0) return;
     const auto& query = Queries.at(static_cast<std::size_t>(chosen));
     if (!IsComplete(halvern, query)) return;
-    const auto& engine = halvern.Engine;
-    auto payload = PayloadOf(form, query, query.text);
-    SendPacket(halvern, engine.OwnDest, engine.OwnCall, PathOrNothing(halvern.MessageFrm.MailUnPath.Text()), payload,
-               "");
-    if (halvern.ConMdiFrm.Psk63Soc.Connected()) {
-        const auto text = PayloadOf(form, query, query.byPsk63 != nullptr ? query.byPsk63 : query.text);
-        SendByPsk63(halvern, {SameInBothDialects(OwnLine(engine.OwnCall, engine.OwnDest, "", text))});
-    }
+    const auto path = PathOrNothing(halvern.MessageFrm.MailUnPath.Text());
+    Send(halvern, {PayloadOf(form, query, query.text), std::string(path)}, Road::Radio);
+    Send(halvern, {PayloadOf(form, query, query.byPsk63 != nullptr ? query.byPsk63 : query.text)}, Road::Psk63);
     form.Unload();
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/StationMarks.h"
 
-#include "map/Plotting.h"
 #include "platform/Text.h"
 #include "state/Rows.h"
+#include "view/Plotting.h"
 
 namespace halvern {
 namespace {

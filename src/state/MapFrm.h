@@ -24,6 +24,9 @@ struct MapForm : Form {
     SpriteArray<PictureSprite> SymPic{*this, "SymPic"};
     SpriteArray<LabelSprite> SymLbl{*this, "SymLbl"};
 
+    /// The view has changed, by whatever room: its reader draws the map anew, exactly once.
+    Event OnNewView;
+
     std::string Activated; ///< "n" once the first activation is through
 };
 

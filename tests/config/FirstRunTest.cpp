@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "config/StartUp.h"
+#include "app/StartUp.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

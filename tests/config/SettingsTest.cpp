@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/Settings.h"
+#include "app/StartUp.h"
 #include "config/IniTable.h"
-#include "config/StartUp.h"
 #include "platform/simulated/FaultyFiles.h"
 #include "support/StationTest.h"
 

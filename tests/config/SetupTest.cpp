@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "config/PositionField.h"
-#include "config/StartUp.h"
+#include "app/StartUp.h"
+#include "protocol/PositionField.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

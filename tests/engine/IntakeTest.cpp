@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "engine/PacketHeader.h"
 #include "engine/ResetStores.h"
-#include "engine/UtcTime.h"
+#include "protocol/PacketHeader.h"
+#include "protocol/UtcTime.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

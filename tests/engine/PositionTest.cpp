@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "engine/DecodeMicE.h"
-#include "engine/PositionText.h"
-#include "engine/Sentence.h"
-#include "engine/SplitSentence.h"
+#include "protocol/DecodeMicE.h"
+#include "protocol/PositionText.h"
+#include "protocol/Sentence.h"
+#include "protocol/SplitSentence.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

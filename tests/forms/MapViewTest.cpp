@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "forms/Screen.h"
-#include "map/Geometry.h"
-#include "map/Plotting.h"
+#include "view/Geometry.h"
+#include "view/Plotting.h"
 
 namespace halvern::test {
 namespace {

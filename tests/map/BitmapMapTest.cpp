@@ -2,7 +2,7 @@
 #include "map/BitmapMap.h"
 
 #include "map/Calibration.h"
-#include "map/MapStation.h"
+#include "support/MapStation.h"
 
 namespace halvern::test {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/DosMapFile.h"
 
-#include "map/MapStation.h"
+#include "support/MapStation.h"
 
 namespace halvern::test {
 namespace {

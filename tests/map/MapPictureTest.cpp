@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "map/MapStation.h"
+#include "support/MapStation.h"
 
 namespace halvern::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/Refresh.h"
-#include "map/MapStation.h"
+#include "support/MapStation.h"
 
 namespace halvern::test {
 namespace {

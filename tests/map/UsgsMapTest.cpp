@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "map/UsgsMapFile.h"
 
-#include "map/MapStation.h"
 #include "map/UsgsMap.h"
+#include "support/MapStation.h"
 
 namespace halvern::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "ports/Kiss.h"
 #include "support/StationTest.h"
+#include "transmit/SendPacket.h"
 
 namespace halvern::test {
 namespace {

@@ -4,8 +4,8 @@
 #include <QProcess>
 #include <QTcpSocket>
 
-#include "config/Passcode.h"
 #include "platform/qt/QtSocketDevice.h"
+#include "protocol/Passcode.h"
 #include "support/Console.h"
 #include "support/StationTest.h"
 #include "support/qt/Application.h"

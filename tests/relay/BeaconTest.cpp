@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "relay/Beacon.h"
 
-#include "relay/Paths.h"
+#include "protocol/Paths.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "relay/Messages.h"
 
-#include "relay/OutMsg.h"
+#include "protocol/OutMsg.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {

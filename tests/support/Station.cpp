@@ -9,7 +9,7 @@
 
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
-#include "ports/Ax25.h"
+#include "protocol/Ax25.h"
 
 namespace fs = std::filesystem;
 

@@ -14,10 +14,10 @@
 #include <memory>
 #include <vector>
 
-#include "config/Passcode.h"
 #include "platform/EndMark.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "protocol/Passcode.h"
 
 namespace halvern {
 namespace {

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "app/Handlers.h"
-#include "config/StartUp.h"
+#include "app/StartUp.h"
 #include "forms/Windows.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"

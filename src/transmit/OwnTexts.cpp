@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "transmit/OwnTexts.h"
+
+#include "platform/Text.h"
+
+namespace halvern {
+
+std::string OwnCallOf(const SetUpForm& setUp)
+{
+    const auto& ssid = setUp.SSIDLBL.Caption();
+    return ssid == "0" ? setUp.CallSignTxt.Text() : setUp.CallSignTxt.Text() + "-" + ssid;
+}
+
+std::string OwnSymbol(const SetUpForm& setUp)
+{
+    const auto& entry = setUp.SymbolCombo.Text();
+    std::string pair = entry.size() < 2 ? "/-" : entry.substr(entry.size() - 2);
+    if (!setUp.OverlayChar.empty() && setUp.OverlayChar != " ") pair[0] = setUp.OverlayChar[0];
+    return pair;
+}
+
+std::string OwnPhg(const SetUpForm& setUp, const std::string& behind)
+{
+    std::string digits;
+    for (const List* list : {&setUp.PhgPowerLst, &setUp.PhgHeightLst, &setUp.PhgGainLst, &setUp.PhgDirLst})
+        digits += std::to_string(list->Selected());
+    return LeadingNumber(digits) == 0 ? "PHG5130" : "PHG" + digits + behind;
+}
+
+std::string OwnPosition(const SetUpForm& setUp)
+{
+    return OwnPosition(setUp, OwnPhg(setUp));
+}
+
+std::string OwnPosition(const SetUpForm& setUp, const std::string& phg)
+{
+    const auto symbol = OwnSymbol(setUp);
+    return "=" + setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() +
+           setUp.LatSigntxt.Text() + symbol[0] + setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." +
+           setUp.LonDectxt.Text() + setUp.LonSigntxt.Text() + symbol[1] + phg + " " + setUp.CommentTXT.Text();
+}
+
+std::string OwnStatus(const SetUpForm& setUp)
+{
+    return ">" + setUp.StatusTXT.Text();
+}
+
+} // namespace halvern

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MapStation.h"
+
+namespace halvern::test {
+namespace {
+
+class Geometry : public MapStation {
+protected:
+    Geometry()
+    {
+        ShowMap();
+        GoToView(halvern(), 40, 73, 1024);
+        MapsDrawn();
+    }
+    void ExpectView(float latitude, float longitude, double range)
+    {
+        EXPECT_FLOAT_EQ(view().MapCenterLat, latitude);
+        EXPECT_FLOAT_EQ(view().MapCenterLon, longitude);
+        EXPECT_EQ(view().MapRange, range);
+    }
+    void Drag(double x1, double y1, double x2, double y2)
+    {
+        auto& map = halvern().MapFrm.Map1;
+        map.OnMouseDown(MouseButton::Left, x1, y1);
+        map.OnMouseMove(x2, y2);
+        map.OnMouseUp(MouseButton::Left, x2, y2);
+    }
+    void ClickAt(MouseButton button, double x, double y)
+    {
+        halvern().MapFrm.Map1.OnMouseDown(button, x, y);
+        halvern().MapFrm.Map1.OnMouseUp(button, x, y);
+    }
+};
+
+TEST_F(Geometry, TheFrameIsFourByThreeOnTheGroundWithWestAtTheLeft)
+{
+    GoToView(halvern(), 60, 10, 60);
+    EXPECT_FLOAT_EQ(view().MapTopLat, 61);
+    EXPECT_FLOAT_EQ(view().MapBottomLat, 59);
+    const float halfLon = 60 * 4 / (std::cos(60 * 3.1416 / 180) * 3 * 60);
+    EXPECT_NEAR(halfLon, 2.66668, 1e-5); // not 2.66667: the map has its own pi
+    EXPECT_FLOAT_EQ(view().MapLeftLon, 10 + halfLon);
+    EXPECT_FLOAT_EQ(view().MapRightLon, 10 - halfLon);
+    for (auto* surface : {&halvern().MapFrm.Map1, &halvern().MapFrm.Pic1}) {
+        EXPECT_EQ(surface->Frame().left, view().MapLeftLon);
+        EXPECT_EQ(surface->Frame().bottom, view().MapBottomLat);
+    }
+}
+
+TEST_F(Geometry, ACodedChangeDrawsOnceAlsoWhereTheStepStaysTheSame)
+{
+    GoToView(halvern(), 41, 74, 1024);
+    EXPECT_THAT(MapsDrawn(), ElementsAre(3));
+    GoToView(halvern(), 41, 74, 8);
+    EXPECT_THAT(MapsDrawn(), ElementsAre(3));
+    EXPECT_EQ(main().ScaleCombo.Text(), "Map Range = 8");
+    EXPECT_EQ(main().ScaleCombo.Count(), 14);
+    EXPECT_EQ(view().PrevRange, 1024);
+    EXPECT_FALSE(view().MapSyncPending);
+}
+
+TEST_F(Geometry, ThePoleHasNoWidth)
+{
+    EXPECT_THROW(GoToView(halvern(), std::numeric_limits<float>::infinity(), 0, 64), RuntimeFailure);
+    EXPECT_THROW(GoToView(halvern(), 1e38F, 3e38F, 1e40), RuntimeFailure);
+    EXPECT_NO_THROW(GoToView(halvern(), 90, 0, 64)); // the map's pi misses the zero
+}
+
+TEST_F(Geometry, Gestures)
+{
+    MapCommand(halvern(), "PanMap");
+    const struct {
+        const char* what;
+        double range;
+        double expected;
+        MouseButton button;
+    } cases[] = {{"a click recentres", 64, 64, MouseButton::Left},
+                 {"the other button goes one step away", 64, 128, MouseButton::Right},
+                 {"no power of two at the top", 4096, 8000, MouseButton::Right},
+                 {"nor beyond", 8000, 8000, MouseButton::Right}};
+    for (const auto& [what, range, expected, button] : cases) {
+        SCOPED_TRACE(what);
+        GoToView(halvern(), 40, 73, range);
+        MapsDrawn();
+        ClickAt(button, 70.5, 41.25);
+        ExpectView(41.25, 70.5, expected);
+        EXPECT_EQ(view().PrevCenterLat, 40);
+        EXPECT_EQ(view().PrevRange, range);
+        EXPECT_THAT(MapsDrawn(), ElementsAre(expected >= 4096 ? 1 : 3));
+    }
+}
+
+TEST_F(Geometry, ABoxGoesOneStepCloserToItsMiddleWhateverItsSize)
+{
+    MapCommand(halvern(), "PanMap");
+    for (const auto& [range, expected] : {std::pair{8000.0, 4096.0}, {4096.0, 2048.0}, {2.0, 1.0}}) {
+        GoToView(halvern(), 40, 73, range);
+        Drag(80, 42, 70, 38);
+        ExpectView(40, 75, expected);
+        EXPECT_EQ(view().PrevCenterLat, 42); // Zoom Last goes back to where the button went down
+        EXPECT_EQ(view().PrevCenterLon, 80);
+        EXPECT_EQ(view().PrevRange, range);
+    }
+}
+
+TEST_F(Geometry, TheDragBoxTakesItselfAwayBeforeItIsDrawnAnew)
+{
+    MapCommand(halvern(), "PanMap");
+    halvern().MapFrm.Map1.OnMouseDown(MouseButton::Left, 73, 40);
+    station.map.Take();
+    halvern().MapFrm.Map1.OnMouseMove(72, 39);
+    halvern().MapFrm.Map1.OnMouseMove(71.5, 38);
+    EXPECT_THAT(Drawn(),
+                ElementsAre("box 73,40 73,40 15", "box 73,40 72,39 15", "box 73,40 72,39 15", "box 73,40 71.5,38 15"));
+    EXPECT_EQ(main().StatusBar2.Caption(), "38 -71.5");
+}
+
+TEST_F(Geometry, ThereIsNoWayWithoutAPlaceToGoTo)
+{
+    for (int i = 0; i < 2; ++i) main().ZoomLastMenu.Click();
+    ExpectView(38.533333F, 95.95F, 1024);
+    view().PrevCenterLon = 0;
+    view().PrevCenterLat = 12;
+    main().Toolbar1Button(2).Click();
+    ExpectView(38.533333F, 95.95F, 1024);
+    halvern().PositionFrm.PosLst.Clear();
+    EXPECT_NO_THROW(main().HomeMenu.Click());
+}
+
+TEST_F(Geometry, KindsOfMap)
+{
+    main().UsgsMapMenu.Click();
+    EXPECT_TRUE(main().UsgsMapMenu.Checked() && !main().UsgsMapMenu.Enabled());
+    EXPECT_TRUE(!main().DosMapMenu.Checked() && main().DosMapMenu.Enabled());
+    EXPECT_TRUE(main().ScaleCombo.Visible() && !main().dMapTxt.Visible() && !main().ScaleTxt.Visible());
+    main().Toolbar1Button(7).Click();
+    EXPECT_TRUE(main().DosMapMenu.Checked() && main().dMapTxt.Visible() && main().UsgsMapMenu.Enabled());
+    EXPECT_THAT(MapsDrawn(), IsEmpty());
+    main().BitMapMenu.SetChecked(true); // a picture has a view of its own
+    main().ScaleCombo.Click(0);
+    EXPECT_THAT(MapsDrawn(), IsEmpty());
+    ExpectView(40, 73, 1024);
+}
+
+TEST_F(Geometry, TheSurfacesFillTheWindow)
+{
+    auto& form = halvern().MapFrm;
+    EXPECT_EQ(form.Map1.Width(), 400);
+    EXPECT_EQ(form.Pic1.Height(), 300);
+    form.SetPlace({0, 0, 0, 0, Place::Minimised});
+    EXPECT_FALSE(main().Toolbar1.Enabled());
+    form.SetPlace({600 * 15, 0, 0, 800 * 15, 0});
+    EXPECT_TRUE(main().Toolbar1.Enabled());
+    EXPECT_EQ(form.Map1.Width(), 800);
+    for (int i = 0; i < 2; ++i) form.SetClientSize(790, 570); // a real window knows its frame
+    EXPECT_EQ(form.Pic1.Width(), 790);
+    EXPECT_EQ(form.Map1.Height(), 570);
+    EXPECT_THAT(MapsDrawn(), IsEmpty());
+}
+
+} // namespace
+} // namespace halvern::test

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MapStation.h"
+
+#include "view/Plotting.h"
+#include "view/SymbolFile.h"
+
+namespace halvern::test {
+namespace {
+
+TEST(SymbolFile, TablesCodesAndOverlays)
+{
+    const struct {
+        int table, code;
+        const char* file;
+    } cases[] = {{'/', '-', "/home/Me\\SYMBOLS\\TABLE1\\045.GIF"},
+                 {'/', 32, "NG"},
+                 {'/', 33, "/home/Me\\SYMBOLS\\TABLE1\\033.GIF"},
+                 {'/', 123, "/home/Me\\SYMBOLS\\TABLE1\\123.GIF"},
+                 {'/', '|', "NG"},
+                 {'/', 125, "/home/Me\\SYMBOLS\\TABLE1\\125.GIF"},
+                 {'/', 126, "NG"},
+                 {'\\', '#', "NG"},
+                 {'\\', '$', "/home/Me\\SYMBOLS\\TABLE2\\036.GIF"},
+                 {'\\', 'W', "NG"},
+                 {'\\', 'w', "/home/Me\\SYMBOLS\\TABLE2\\119.GIF"},
+                 {'1', '#', "/home/Me\\SYMBOLS\\TABLE2\\035_49.GIF"},
+                 {'A', '#', "/home/Me\\SYMBOLS\\TABLE2\\035_65.GIF"},
+                 {'Z', 'z', "/home/Me\\SYMBOLS\\TABLE2\\122_90.GIF"},
+                 {'A', '-', "NG"},
+                 {'a', '#', ""},
+                 {'&', '#', ""},
+                 {0, 0, ""}};
+    for (const auto& [table, code, file] : cases)
+        EXPECT_EQ(SymbolFileName("/home/Me", table, code), file) << table << " " << code;
+    int overlays = 0;
+    for (int code = 0; code < 256; ++code) overlays += SymbolFileName("", '5', code) != "NG";
+    EXPECT_EQ(overlays, 16);
+}
+
+class Plotting : public MapStation {
+protected:
+    Plotting()
+    {
+        ShowMap();
+        GoToView(halvern(), 40, 73, 64);
+    }
+    const PictureSprite& Picture(int i) { return halvern().MapFrm.SymPic(i); }
+    const LabelSprite& Label(int i) { return halvern().MapFrm.SymLbl(i); }
+    /// Where a station's pair must stand in the present view: 16 by 12 pixels on a map of 400 by 300.
+    void ExpectPair(int i, float latitude, float longitude)
+    {
+        const double wide = (view().MapLeftLon - view().MapRightLon) * 16 / 400;
+        const double high = (view().MapTopLat - view().MapBottomLat) * 12 / 300;
+        EXPECT_NEAR(Picture(i).top, latitude + high, 1e-4);
+        EXPECT_NEAR(Picture(i).left, longitude + wide / 2, 1e-4);
+        EXPECT_NEAR(Label(i).left, longitude + wide, 1e-4);
+        EXPECT_NEAR(Label(i).top, latitude, 1e-4);
+    }
+};
+
+TEST_F(Plotting, AMoveOfOneStationTouchesOnePair)
+{
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
+    std::vector<int> rows;
+    const int watch = halvern().MapFrm.SymPic.Watch([&](const Change& change) { rows.push_back(change.row); });
+    MapsDrawn();
+    station.Hear("Q1ABC>APRS:!4031.00N/07330.00W-");
+    halvern().MapFrm.SymPic.Unwatch(watch);
+    EXPECT_EQ(rows, std::vector<int>{1});
+    EXPECT_TRUE(station.map.Take().empty());
+    ExpectPair(1, 40 + 31 / 60.0F, 73.5);
+    EXPECT_EQ(Label(1).colour, colour::Cyan);
+}
+
+TEST_F(Plotting, ColoursTellWhatAStationWasHeardBy)
+{
+    int i = 0;
+    const std::pair<char, int> cases[] = {{'=', 7}, {'@', 7}, {'\'', 7}, {'!', 8}, {'/', 8},
+                                          {'$', 8}, {'`', 8}, {';', 5},  {')', 5}, {'>', 4}};
+    for (const auto& [type, number] : cases) {
+        ++i;
+        halvern().Engine.SourceCall = "Q1ABC";
+        NewSymbol(halvern(), i, std::string(1, type) + "rest", S() + "/symbols/table1/045.gif", "Q", 1, 2);
+        EXPECT_EQ(Label(i).colour, number) << type;
+    }
+    halvern().Engine.SourceCall = "Q0OWN";
+    NewSymbol(halvern(), i, ";rest", S() + "/symbols/table1/045.gif", "object   ", 1, 2);
+    EXPECT_EQ(Label(i).colour, 6);
+    EXPECT_EQ(view().StationPlot[i].Caption, "object");
+}
+
+TEST_F(Plotting, LabelsAreBoxedOnAPictureAfterTheNextDrawing)
+{
+    EXPECT_FALSE(Label(0).border);
+    EXPECT_EQ(Label(0).ground, colour::Black);
+    main().BitMapMenu.SetChecked(true);
+    ReplotStations(halvern());
+    EXPECT_TRUE(Label(0).border);
+    EXPECT_EQ(Label(0).ground, colour::BrightWhite);
+    EXPECT_EQ(Label(0).colour, colour::Black);
+    EXPECT_EQ(view().StationPlot[0].Color, colour::White);
+}
+
+TEST_F(Plotting, AHiddenStationStaysHiddenUntilItIsHeard)
+{
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
+    view().StationPlot[1].Shown = false;
+    ReplotStations(halvern());
+    EXPECT_FALSE(Picture(1).visible || Label(1).visible);
+    station.Hear("Q1ABC>APRS:!4031.00N/07330.00W-");
+    EXPECT_TRUE(Picture(1).visible && Label(1).visible);
+}
+
+TEST_F(Plotting, AnotherSymbolGetsAnotherPictureAndItsOwnSize)
+{
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W>");
+    EXPECT_EQ(Picture(1).width, 40);
+    EXPECT_NEAR(Label(1).left - 73.5, (view().MapLeftLon - view().MapRightLon) / 10, 1e-4);
+    EXPECT_EQ(view().StationPlot[1].SymFile, S() + "\\SYMBOLS\\TABLE1\\062.GIF");
+}
+
+TEST_F(Plotting, AStationWithoutAPictureIsNotFiled)
+{
+    folder.Put("symbols/table1/097.gif", "no picture at all, only text");
+    for (const char* symbol : {"b", "a"}) // missing, and not a picture
+        station.Hear(std::string("Q1ABC>APRS:!4030.00N/07330.00W") + symbol);
+    EXPECT_EQ(halvern().PositionFrm.PosLst.Count(), 1);
+    EXPECT_FALSE(halvern().MapFrm.SymPic.Exists(1));
+    EXPECT_THROW(NewSymbol(halvern(), LastStation + 1, "!", S() + "/symbols/table1/045.gif", "Q", 1, 2),
+                 RuntimeFailure);
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
+    ExpectPair(1, 40.5, 73.5);
+}
+
+TEST_F(Plotting, ThePopUpOpensForTheRightButtonOnASymbolThatIsThere)
+{
+    int opened = 0;
+    main().Pop1Menu.OnClick = [&] { ++opened; };
+    SymbolMouseDown(halvern(), 0, MouseButton::Left);
+    EXPECT_EQ(opened, 0);
+    SymbolMouseDown(halvern(), 0, MouseButton::Right);
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(view().PopStation, 0);
+    EXPECT_THROW(SymbolMouseDown(halvern(), 1, MouseButton::Right), RuntimeFailure);
+    EXPECT_THROW(SymbolMouseMove(halvern(), -1), RuntimeFailure);
+}
+
+TEST_F(Plotting, WatchedStationsMoveTheView)
+{
+    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
+    auto& stations = halvern().PositionFrm.PosLst;
+    const auto mark = [&](char sign) {
+        auto row = stations.Row(1);
+        row[9] = sign;
+        stations.Replace(1, row);
+    };
+    mark('T');
+    station.Hear("Q1ABC>APRS:!4031.00N/07330.00W-");
+    EXPECT_EQ(view().MapCenterLat, 40); // within the frame
+    station.Hear("Q1ABC>APRS:!4230.00N/07330.00W-");
+    EXPECT_EQ(view().MapCenterLat, 42.5F);
+    EXPECT_EQ(view().MapRange, 64);
+    mark('A');
+    Said();
+    station.Hear("Q1ABC>APRS:!4130.00N/07330.00W-");
+    EXPECT_EQ(view().MapRange, 2);
+    EXPECT_EQ(Said(), Strings{"message none \"Halvern\" \"Alarmed Station has "
+                              "moved.\""});
+}
+
+} // namespace
+} // namespace halvern::test
