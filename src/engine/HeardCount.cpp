@@ -67,8 +67,10 @@ void CountHeard(Halvern& halvern)
     const int row = grid.FindRow(halvern.Engine.SourceCall, 1);
     if (row == NotFound) {
         grid.AddRow();
-        grid.SetCell(grid.Rows() - 1, 0, halvern.Engine.SourceCall);
-        grid.SetCell(grid.Rows() - 1, last, "1");
+        const int added = grid.Rows() - 1;
+        grid.SetCell(added, 0, halvern.Engine.SourceCall);
+        for (int column = 1; column < last; ++column) grid.SetCell(added, column, "0");
+        grid.SetCell(added, last, "1");
     } else if (!IsOwnPacketAsSent(halvern)) {
         grid.SetCell(row, last, std::to_string(static_cast<long>(LeadingNumber(grid.Cell(row, last))) + 1));
     }
