@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/IniText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -22,6 +23,15 @@ std::optional<double> Fitting(LineKind kind, std::string_view text)
     const double whole = std::nearbyint(*number);
     if (whole < std::numeric_limits<std::int16_t>::min() || whole > std::numeric_limits<std::int16_t>::max()) return {};
     return whole;
+}
+
+/// A line break within a value would shift all that follows, so it becomes a blank, in both directions.
+std::string OnOneLine(std::string_view value)
+{
+    std::string text(value);
+    std::ranges::replace_if(
+        text, [](char character) { return character == '\r' || character == '\n'; }, ' ');
+    return text;
 }
 
 std::optional<std::string> TruthWord(std::string_view text)
@@ -56,7 +66,7 @@ void IniReader::Fail(const std::string& name) const
     throw IniFault(line, name);
 }
 
-std::string_view IniReader::NextLine(const std::string& name)
+std::string IniReader::NextLine(const std::string& name)
 {
     ++line;
     if (rest.empty()) Fail(name);
@@ -64,14 +74,14 @@ std::string_view IniReader::NextLine(const std::string& name)
     auto text = rest.substr(0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     if (text.ends_with('\r')) text.remove_suffix(1);
-    return text;
+    return OnOneLine(text);
 }
 
 std::string IniReader::Next(LineKind kind, const std::string& name)
 {
-    const auto text = NextLine(name);
-    if (kind == LineKind::WholeLine) return std::string(text);
-    const auto field = Trimmed(text.substr(0, text.find(',')));
+    auto text = NextLine(name);
+    if (kind == LineKind::WholeLine) return text;
+    const auto field = Trimmed(std::string_view(text).substr(0, text.find(',')));
     if (kind == LineKind::Field) return std::string(field);
     if (kind == LineKind::Truth) {
         const auto word = TruthWord(field);
@@ -91,10 +101,10 @@ int IniReader::NextInteger(const std::string& name, int least, int most)
 void IniWriter::Put(LineKind kind, const std::string& value)
 {
     const bool number = kind == LineKind::Integer || kind == LineKind::Single || kind == LineKind::Points;
-    std::string text = number && !value.starts_with('-') ? " " + value : value;
-    for (auto& character : text)
-        if (character == '\r' || character == '\n') character = ' ';
-    bytes.append(text).append(number ? " " : "").append(CrLf);
+    bytes.append(number && !value.starts_with('-') ? " " : "")
+        .append(OnOneLine(value))
+        .append(number ? " " : "")
+        .append(CrLf);
 }
 
 } // namespace halvern

@@ -12,7 +12,7 @@
 namespace halvern {
 
 /// How a line is read. A field ends at its first comma, and blanks around it don't count; a whole line is taken as it
-/// stands. The others are fields that must hold a number of their kind, or a truth word.
+/// stands, but for a carriage return inside it, which counts as a blank. The others are fields that must hold a number of their kind, or a truth word.
 enum class LineKind {
     Field,
     WholeLine,
@@ -47,14 +47,14 @@ public:
     int Line() const { return line; }
 
 private:
-    std::string_view NextLine(const std::string& name);
+    std::string NextLine(const std::string& name);
     [[noreturn]] void Fail(const std::string& name) const;
 
     std::string_view rest;
     int line = 0;
 };
 
-/// Writes line after line. A line break within a value would shift all that follows, so it becomes a blank.
+/// Writes line after line; a line break within a value becomes a blank.
 class IniWriter {
 public:
     void Put(LineKind kind, const std::string& value);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/Servers.h"
 
+#include <vector>
+
 #include "config/IniText.h"
 #include "platform/Text.h"
 
@@ -11,6 +13,16 @@ namespace {
 std::string OrBlank(const std::string& text)
 {
     return text.empty() ? " " : text;
+}
+
+/// The next line. No text of this file has control characters: where there are some, it is no list of servers.
+std::string NextText(IniReader& reader, const std::string& name)
+{
+    constexpr unsigned char firstPrinted = 0x20, deleted = 0x7F;
+    auto text = reader.Next(LineKind::WholeLine, name);
+    for (const unsigned char byte : text)
+        if ((byte < firstPrinted && byte != '\t') || byte == deleted) throw IniFault(reader.Line(), name);
+    return text;
 }
 
 void PutUnlessBlank(TextField& field, const std::string& text)
@@ -39,14 +51,16 @@ std::string ServersAsText(const SetUpForm& setUp)
 void TakeServers(SetUpForm& setUp, std::string_view bytes)
 {
     IniReader reader(bytes);
-    const auto selection = reader.Next(LineKind::WholeLine, "server");
-    const auto port = reader.Next(LineKind::WholeLine, "server port");
-    const auto filter = reader.Next(LineKind::WholeLine, "server filter");
+    const auto selection = NextText(reader, "server");
+    const auto port = NextText(reader, "server port");
+    const auto filter = NextText(reader, "server filter");
+    std::vector<std::string> servers;
+    while (!reader.AtEnd())
+        if (auto server = NextText(reader, "server name"); !Trimmed(server).empty())
+            servers.push_back(std::move(server));
     PutUnlessBlank(setUp.APRServePortTxt, port);
     PutUnlessBlank(setUp.APRServeFilterTxt, filter);
-    while (!reader.AtEnd())
-        if (const auto server = reader.Next(LineKind::WholeLine, "server name"); !Trimmed(server).empty())
-            setUp.IntDomainCombo.Add(server);
+    for (const auto& server : servers) setUp.IntDomainCombo.Add(server);
     if (const int row = setUp.IntDomainCombo.IndexOf(selection); row != NotFound) setUp.IntDomainCombo.Preselect(row);
 }
 

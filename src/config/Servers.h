@@ -10,7 +10,8 @@
 /// then the names.
 namespace halvern {
 
-/// Fills the Internet tab. @throws IniFault where one of the first three lines is missing.
+/// Fills the Internet tab. @throws IniFault, and fills nothing, where one of the first three lines is missing or a line
+/// has control characters.
 void TakeServers(SetUpForm& setUp, std::string_view bytes);
 
 /// The file for what stands on the Internet tab. A server that was typed and is not in the list is added to it.

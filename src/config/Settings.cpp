@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/Settings.h"
 
+#include <algorithm>
+
 #include "config/Fonts.h"
 #include "config/IniTable.h"
 #include "config/Servers.h"
@@ -17,16 +19,36 @@ namespace {
 constexpr const char* SettingsFile = "\\Halvern.INI";
 constexpr const char* ServersFile = "\\APRSDomain.INI";
 
+std::string Beside(const std::string& path)
+{
+    return path + ".0";
+}
+
+/// @return what went wrong, or an empty text
+std::string WriteBeside(Files& files, const std::string& path, std::string_view bytes)
+{
+    files.Remove(Beside(path)); // it may be a link to somewhere else
+    return files.Write(Beside(path), bytes);
+}
+
 /// Three older copies stay beside a file, ".1" the newest. @return what went wrong, or an empty text.
 std::string KeepOlderCopies(Files& files, const std::string& path, std::string_view old)
 {
-    const auto fresh = path + ".0";
-    if (auto fault = files.Write(fresh, old); !fault.empty()) return fault;
+    if (auto fault = WriteBeside(files, path, old); !fault.empty()) return fault;
     files.Remove(path + ".3");
     files.Rename(path + ".2", path + ".3");
     files.Rename(path + ".1", path + ".2");
-    files.Rename(fresh, path + ".1");
+    files.Rename(Beside(path), path + ".1");
     return {};
+}
+
+/// The list of servers comes with the program, often as a link into data that all stations share: who saves gets a list
+/// of his own in the link's place. Any other link stays, and what it leads to is written.
+std::string WriteFile(Files& files, const std::string& path, std::string_view bytes, bool inLinksPlace)
+{
+    if (!inLinksPlace) return files.Write(path, bytes);
+    if (auto fault = WriteBeside(files, path, bytes); !fault.empty()) return fault;
+    return files.Rename(Beside(path), path) ? "" : "its place is taken";
 }
 
 /// Puts a file in the place of an older one. @return false where the operator was told that it can't be written.
@@ -39,7 +61,7 @@ bool Replace(Halvern& halvern, const std::string& name, const std::string& bytes
         if (*old == bytes) return true;
         fault = KeepOlderCopies(files, path, *old);
     }
-    if (fault.empty()) fault = files.Write(path, bytes);
+    if (fault.empty()) fault = WriteFile(files, path, bytes, name == ServersFile);
     if (fault.empty()) return true;
     halvern.Tell(Icon::Critical, path + " could not be written: " + fault + ". It still is as it was.");
     return false;
@@ -47,7 +69,20 @@ bool Replace(Halvern& halvern, const std::string& name, const std::string& bytes
 
 void TellUnreadable(Halvern& halvern, const std::string& path, const std::string& why, const std::string& effect)
 {
-    halvern.Tell(Icon::Critical, path + " could not be read: " + why + ". " + effect);
+    const bool copied = halvern.Outside.files.Exists(path + ".1");
+    halvern.Tell(Icon::Critical, path + " could not be read: " + why + ". " + effect +
+                                     (copied ? " What stood in it before the last save is in " + path + ".1." : ""));
+}
+
+/// Something that is no plain file has the name: a folder, a pipe, a link that leads nowhere.
+bool TakenByNoFile(const Halvern& halvern, const std::string& name)
+{
+    const auto& files = halvern.Outside.files;
+    const auto isName = [wanted = LowerCase(name.substr(1))](const std::string& entry) {
+        return LowerCase(entry) == wanted;
+    };
+    return std::ranges::any_of(files.Names(halvern.ProgramFolder), isName) ||
+           std::ranges::any_of(files.Folders(halvern.ProgramFolder), isName);
 }
 
 } // namespace
@@ -55,8 +90,11 @@ void TellUnreadable(Halvern& halvern, const std::string& path, const std::string
 void ReadSettings(Halvern& halvern)
 {
     const auto path = halvern.ProgramFolder + SettingsFile;
-    if (!halvern.Outside.files.Exists(path)) return;
     const auto effect = "Halvern starts as on a first run, and leaves this file as it is until you save.";
+    if (!halvern.Outside.files.Exists(path)) {
+        if (TakenByNoFile(halvern, SettingsFile)) TellUnreadable(halvern, path, "it is no plain file", effect);
+        return;
+    }
     const auto bytes = halvern.Outside.files.Read(path);
     if (!bytes) return TellUnreadable(halvern, path, "the system refuses it", effect);
     const auto table = SettingsTable(halvern);

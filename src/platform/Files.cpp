@@ -8,7 +8,9 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 #include "platform/Text.h"
@@ -59,6 +61,62 @@ bool WriteAll(int file, std::string_view bytes)
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+bool ReadAll(int file, std::string& bytes)
+{
+    for (std::size_t have = 0; have < bytes.size();) {
+        const auto count = ::read(file, bytes.data() + have, bytes.size() - have);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return false;
+        have += static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+/// Where links lead to, also where nothing stands there yet; nothing for links that go round.
+std::optional<fs::path> BehindLinks(fs::path path)
+{
+    constexpr int mostLinks = 40;
+    std::error_code error;
+    for (int i = 0; i < mostLinks; ++i) {
+        if (!fs::is_symlink(path, error)) return path;
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return {};
+}
+
+// A file in the making lies beside its target, under its name, digits that nobody can foresee, and this.
+constexpr std::string_view InTheMaking = ".new";
+constexpr int UnforeseenDigits = 8;
+
+/// Makes a file of a name that was free. @return its descriptor, or -1 with errno set
+int OpenFresh(const fs::path& target, std::string& name)
+{
+    std::random_device random;
+    for (int tries = 0; tries < 16; ++tries) {
+        name = target.string() + ".";
+        for (int i = 0; i < UnforeseenDigits; ++i) name += static_cast<char>('0' + random() % 10);
+        name += InTheMaking;
+        const int file = ::open(name.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW | O_WRONLY | O_CLOEXEC, 0644);
+        if (file >= 0 || errno != EEXIST) return file;
+    }
+    return -1;
+}
+
+/// Removes what writers of the target left behind that were stopped halfway.
+void RemoveLeftovers(const fs::path& target)
+{
+    const auto begin = target.filename().string() + ".";
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(target.parent_path(), ignored)) {
+        const auto name = entry.path().filename().string();
+        if (!name.starts_with(begin) || !name.ends_with(InTheMaking)) continue;
+        const auto digits = std::string_view(name).substr(begin.size());
+        if (digits.size() == UnforeseenDigits + InTheMaking.size() &&
+            std::all_of(digits.begin(), digits.begin() + UnforeseenDigits, IsDigit))
+            fs::remove(entry.path(), ignored);
+    }
 }
 
 std::vector<std::string> Entries(const std::string& folder, bool folders)
@@ -129,29 +187,34 @@ bool DiskFiles::FolderExists(const std::string& path) const
 
 std::optional<std::string> DiskFiles::Read(const std::string& path) const
 {
-    if (!Exists(path)) return {};
-    std::ifstream in(Resolved(path), std::ios::binary);
-    if (!in) return {};
-    std::string bytes;
-    in.seekg(0, std::ios::end);
-    const auto size = static_cast<std::streamoff>(in.tellg());
-    if (size > 0) bytes.resize(static_cast<std::size_t>(size));
-    in.seekg(0);
-    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (in.gcount() != static_cast<std::streamsize>(bytes.size())) return {};
+    const int file = ::open(Resolved(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe must not hold us up
+    if (file < 0) return {};
+    struct stat status {};
+    std::optional<std::string> bytes;
+    if (::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= LongestFile) {
+        bytes.emplace(static_cast<std::size_t>(status.st_size), '\0');
+        if (!ReadAll(file, *bytes)) bytes.reset();
+    }
+    ::close(file);
     return bytes;
 }
 
 std::string DiskFiles::Write(const std::string& path, std::string_view bytes)
 {
-    const auto target = Resolved(path);
-    const auto fresh = target + ".new";
-    const int file = ::open(fresh.c_str(), O_CREAT | O_WRONLY | O_TRUNC | O_CLOEXEC, 0644);
+    const auto target = BehindLinks(Resolved(path));
+    if (!target) return std::strerror(ELOOP);
+    struct stat old {};
+    const bool replaces = ::stat(target->c_str(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode)) return "Not a plain file";
+    RemoveLeftovers(*target);
+    std::string fresh;
+    const int file = OpenFresh(*target, fresh);
     if (file < 0) return std::strerror(errno);
+    if (replaces) std::ignore = ::fchmod(file, old.st_mode & 07777);
     bool good = WriteAll(file, bytes) && ::fsync(file) == 0;
     int reason = errno;
     if (::close(file) != 0 && good) good = false, reason = errno;
-    if (good && ::rename(fresh.c_str(), target.c_str()) != 0) good = false, reason = errno;
+    if (good && ::rename(fresh.c_str(), target->c_str()) != 0) good = false, reason = errno;
     if (good) return {};
     ::unlink(fresh.c_str());
     return std::strerror(reason);
@@ -182,7 +245,10 @@ std::vector<std::string> DiskFiles::Folders(const std::string& folder) const
 
 std::unique_ptr<OutputFile> DiskFiles::OpenForOutput(const std::string& path)
 {
-    auto file = std::make_unique<DiskOutput>(Resolved(path));
+    std::error_code error;
+    const auto target = Resolved(path);
+    if (fs::exists(target, error) && !fs::is_regular_file(target, error)) return nullptr;
+    auto file = std::make_unique<DiskOutput>(target);
     if (!file->Open()) return nullptr;
     return file;
 }

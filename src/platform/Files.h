@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,15 +18,20 @@ public:
     virtual bool PrintLine(std::string_view line) = 0;
 };
 
+/// Far above every map, and what memory can spare.
+inline constexpr std::int64_t LongestFile = 256LL << 20;
+
 /// Files and folders. Names are found whatever their case, `\` and `/` are alike; bytes are never translated.
 class Files {
 public:
     virtual ~Files() = default;
     virtual bool Exists(const std::string& path) const = 0;
     virtual bool FolderExists(const std::string& path) const = 0;
-    /// @return nothing where the file is missing or can't be read.
+    /// Only plain files are read, never a device or a pipe.
+    /// @return nothing where the file is missing, can't be read, or is longer than LongestFile
     virtual std::optional<std::string> Read(const std::string& path) const = 0;
-    /// Writes a new file that then takes the old one's place, so that there is never half a file.
+    /// Writes a new file that then takes the old one's place, so that there is never half a file. Of a link, what it
+    /// leads to is written; what is no plain file is refused and stays.
     /// @return what went wrong, or an empty text.
     virtual std::string Write(const std::string& path, std::string_view bytes) = 0;
     virtual bool Remove(const std::string& path) = 0;
@@ -34,7 +40,7 @@ public:
     virtual std::vector<std::string> Names(const std::string& folder) const = 0;
     /// Names of the folders in a folder, sorted.
     virtual std::vector<std::string> Folders(const std::string& folder) const = 0;
-    /// Opens for output, an existing file is overwritten. @return nullptr where that fails.
+    /// Opens for output, an existing plain file is overwritten. @return nullptr where that fails.
     virtual std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) = 0;
     /// The path as the system has it, with the case of the names that exist.
     virtual std::string Resolved(const std::string& path) const = 0;

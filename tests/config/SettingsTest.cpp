@@ -163,6 +163,30 @@ TEST_F(Settings, OlderCopiesStayBesideTheFile)
     EXPECT_FALSE(std::filesystem::exists(folder.Path() + "/Halvern.INI.4"));
 }
 
+TEST_F(Settings, ALinkStaysOneAndTheListOfServersBecomesTheStationsOwn)
+{
+    namespace fs = std::filesystem;
+    const fs::path ini = folder.Path() + "/Halvern.INI", list = folder.Path() + "/APRSDomain.INI";
+    folder.Put("kept/elsewhere", SaveFirst());
+    folder.Put("shared/list", Servers);
+    for (const auto& file : {ini, list}) fs::remove(file);
+    fs::create_symlink("kept/elsewhere", ini);
+    fs::create_symlink("shared/list", list);
+    const auto saved = SaveFirst([](Halvern& halvern) {
+        halvern.SetUpfrm.CommentTXT.SetText("another");
+        halvern.SetUpfrm.IntDomainCombo.SetText("127.0.0.1");
+    });
+    EXPECT_EQ(fs::read_symlink(ini), "kept/elsewhere");
+    EXPECT_EQ(folder.Text("kept/elsewhere"), saved);
+    EXPECT_FALSE(fs::is_symlink(list));
+    EXPECT_EQ(folder.Text("shared/list"), Servers);
+
+    fs::remove(folder.Path() + "/kept/elsewhere"); // a disk that is not there today
+    Station station(folder.Path());
+    StartProgram(station.halvern);
+    EXPECT_THAT(station.TakeSaid().front(), AllOf(HasSubstr("it is no plain file"), HasSubstr("Halvern.INI.1.")));
+}
+
 TEST_F(Settings, AFullDiskLeavesTheOldFile)
 {
     const auto before = SaveFirst();
@@ -193,6 +217,7 @@ TEST_F(Settings, ServersComeFromTheirFile)
                  {" \r\n \r\n \r\na\r\nb\r\n", "", "23", "", 2, ""},
                  {"gone\r\n1\r\n2\r\na\r\n\r\n", "", "1", "2", 1, ""},
                  {"a\r\n14580\r\n", "", "23", "", 0, "line 3 (server filter)"},
+                 {"a\r\n14580\r\nm/9\r\na\r\n\x01\xC3\r\n", "", "23", "", 0, "line 5 (server name)"},
                  {"", "", "23", "", 0, "line 1 (server)"}};
     for (const auto& c : cases) {
         folder.Put("APRSDomain.INI", c.file);

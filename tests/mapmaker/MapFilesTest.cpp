@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data/ShippedMaps.h"
 #include "mapmaker/MapFile.h"
 #include "mapmaker/MapList.h"
 #include "mapmaker/Output.h"
 #include "mapmaker/RegionTiles.h"
 #include "mapmaker/Rules.h"
+#include "support/DrawnLines.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +14,7 @@
 
 namespace {
 
+using namespace halvern;
 using namespace halvern::mapmaker;
 
 /// A folder of the test's own that goes when the test does.
@@ -42,21 +43,24 @@ TEST_F(MapmakerFiles, AMapReadsBackToWithinHalfAUnitInBothFormats)
         const MapPlan plan{format, frame, 500, 64, 16};
         const std::filesystem::path file = folder_ / "a.map";
         const MapFigures figures = WriteMap(file, plan, {{11, "coast", path}});
-        const shipped::Map map = shipped::ReadMap(file.string());
-        EXPECT_EQ(map.packed, format == BodyFormat::LineFormat);
-        EXPECT_EQ(map.points, figures.points);
-        const double unit = 1.0 / (map.packed ? LineFormatScale(frame) : plan.unitsPerDegree);
-        std::size_t next = 0;
-        for (const shipped::Polyline& line : map.lines) {
+        test::DrawnLines drawn;
+        std::string word;
+        EXPECT_EQ(ReadMapLines(ReadWhole(file), drawn, word), MapFileEnd::Marker);
+        EXPECT_EQ(word, format == BodyFormat::LineFormat ? "LineFormat" : "ASCII");
+        const double unit = 1.0 / (word == "LineFormat" ? LineFormatScale(frame) : plan.unitsPerDegree);
+        std::size_t next = 0, points = 0;
+        for (const auto& line : drawn.lines) {
             EXPECT_EQ(line.colour, 11);
-            for (std::size_t i = next == 0 ? 0 : 1; i < line.places.size(); ++i, ++next) { // runs share their ends
-                ASSERT_NEAR(line.places[i].lat, path[next].lat, unit * 0.51);
-                ASSERT_NEAR(line.places[i].lon, path[next].lon, unit * 0.51);
+            points += line.vertices.size();
+            for (std::size_t i = next == 0 ? 0 : 1; i < line.vertices.size(); ++i, ++next) { // runs share their ends
+                ASSERT_NEAR(line.vertices[i].lat, path[next].lat, unit * 0.51);
+                ASSERT_NEAR(line.vertices[i].lon, path[next].lon, unit * 0.51);
             }
         }
         EXPECT_EQ(next, path.size());
+        EXPECT_EQ(points, figures.points);
         const MapContent content = ReadMap(file); // what is read and written again stays the same
-        EXPECT_EQ(content.lines.size(), map.lines.size());
+        EXPECT_EQ(content.lines.size(), drawn.lines.size());
         EXPECT_EQ(content.lines[0].name, format == BodyFormat::Ascii ? "coast" : "");
         EXPECT_NEAR(content.plan.frame.left, frame.left, unit);
         EXPECT_EQ(content.plan.narrowestStep, 16);
@@ -108,14 +112,13 @@ TEST_F(MapmakerFiles, TheListKeepsWhatItIsToldAndRefusesWhatItCantHold)
     list.Add(64, {"own", -0.25, 179.5});
     EXPECT_THROW(list.Add(48, {"own", 0, 0}), std::runtime_error);
     list.Write(file);
-    const shipped::List read = shipped::ReadList(file.string());
-    ASSERT_EQ(read.at(64).size(), 2u);
-    EXPECT_EQ(read.at(64)[1].name, "own");
-    EXPECT_DOUBLE_EQ(read.at(64)[1].centre.lat, -0.25);
-    EXPECT_DOUBLE_EQ(read.at(64)[1].centre.lon, 179.5);
-    EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lon, -140);
-    EXPECT_DOUBLE_EQ(read.at(1)[0].centre.lat, 38.5333);
+    EXPECT_EQ(NearestMap(ReadWhole(file), 6, 0, 179), "own");
     MapList again = MapList::Read(file);
+    ASSERT_EQ(again.Entries(64).size(), 2u);
+    EXPECT_EQ(again.Entries(64)[1].lat, -0.25);
+    EXPECT_EQ(again.Entries(64)[1].lon, 179.5);
+    EXPECT_EQ(again.Entries(1)[0].lon, -140);
+    EXPECT_EQ(again.Entries(1)[0].lat, 38.5333);
     EXPECT_EQ(again.Remove("own"), 1u);
     EXPECT_EQ(again.Entries(64).size(), 1u);
     EXPECT_EQ(again.Entries(2048)[0].name, "a2048");
