@@ -52,12 +52,13 @@ Success Corner(Items& items, char negativeSide, double& angle)
     return true;
 }
 
-/// The corners as the map has them. @return nothing for what is no place on any globe
+/// The corners as the map has them. @return nothing for what is no place on any globe, or one place twice
 std::optional<Corners> WestPositive(Corners corners)
 {
     constexpr double turn = 360;
     for (const double corner : {corners.top, corners.left, corners.bottom, corners.right})
         if (!(std::abs(corner) <= turn)) return {};
+    if (corners.top == corners.bottom && corners.left == corners.right) return {};
     corners.left = -corners.left;
     corners.right = -corners.right;
     return corners;

@@ -12,6 +12,7 @@ namespace {
 constexpr const char* WhereMapsAre = " The archive dosmap.zip with all maps is where you got Halvern from.";
 constexpr const char* ReportMap = " Please report the name of the map.";
 constexpr double WorldMapRange = 4096;
+constexpr std::size_t LongestWord = 60; ///< of a file that is quoted in a message; it may be all of the file
 
 std::string MapFolder(const Halvern& halvern)
 {
@@ -60,13 +61,21 @@ std::string ShortName(const std::string& path)
     return end.substr(mark);
 }
 
+void TellDamaged(Halvern& halvern)
+{
+    halvern.Tell(Icon::Stop, "A Dos map file error has occured. " + halvern.ConMdiFrm.dMapTxt.Text() +
+                                 " Has an error." + ReportMap);
+}
+
 void ShowUsaInstead(Halvern& halvern, DosMapTexts texts)
 {
     CentreOnUsa(halvern.Map);
     halvern.Map.MapSyncPending = false; // the selector keeps the step that the operator asked for
     MapSetGeometry(halvern);
     const auto result = DrawDosMap(halvern, halvern.ProgramFolder + R"(\DOSMAPS\USA.MAP)");
-    if (texts == DosMapTexts::FirstActivation || !result.empty()) return;
+    if (texts == DosMapTexts::FirstActivation) return;
+    if (result == "ERROR") return TellDamaged(halvern);
+    if (!result.empty()) return;
     EndWith(halvern, Icon::Stop,
             "Dos Map usa.map not found. You may have deleted it from the " + halvern.ProgramFolder +
                 R"(\dosmaps directory. Halvern will now close when you click on the ok butto.)" + WhereMapsAre);
@@ -92,8 +101,7 @@ bool TellFailure(Halvern& halvern, const std::string& result, DosMapTexts texts)
         return true;
     }
     if (result != "ERROR" || texts == DosMapTexts::FirstActivation) return false;
-    halvern.Tell(Icon::Stop, "A Dos map file error has occured. " + halvern.ConMdiFrm.dMapTxt.Text() +
-                                 " Has an error." + ReportMap);
+    TellDamaged(halvern);
     return true;
 }
 
@@ -126,7 +134,7 @@ std::string DrawDosMap(Halvern& halvern, const std::string& path)
     if (end == MapFileEnd::UnknownFormat) {
         halvern.Tell(Icon::Information, "Halvern will only work with ASCII and Line Format APRSdos maps. The type of "
                                         "this map is " +
-                                            format + " Which is not supported.");
+                                            format.substr(0, LongestWord) + " Which is not supported.");
         return {};
     }
     if (end == MapFileEnd::Damaged) return "ERROR";

@@ -180,7 +180,8 @@ std::string NearestMap(std::string_view list, int row, float latitude, float lon
         least = distance;
         nearest = Record(list, number);
     }
-    return std::string(TrimmedRight(Columns(nearest, 1, 8)));
+    const auto name = TrimmedRight(Columns(nearest, 1, 8));
+    return name.find_first_of("\\/") == std::string_view::npos ? std::string(name) : std::string();
 }
 
 } // namespace halvern

@@ -34,7 +34,8 @@ MapFileEnd ReadMapLines(std::string_view bytes, MapLines& lines, std::string& fo
 /// The distance is in plain degrees; of two as near the first wins.
 ///
 /// @param row  1 to 12, the step of the ladder
-/// @return the name without trailing blanks, or an empty text where the list holds no map for this step
+/// @return the name without trailing blanks, or an empty text where the list holds no map for this step, or one that
+///         would lie outside the folder of maps
 std::string NearestMap(std::string_view list, int row, float latitude, float longitude);
 
 } // namespace halvern

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/InternetPort.h"
 
+#include <algorithm>
+
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
 #include "ports/PortRules.h"
@@ -26,10 +28,11 @@ const char* Obstacle(const Halvern& halvern)
 
 bool Connect(Halvern& halvern)
 {
-    constexpr long highestPort = 65535;
+    constexpr double highestPort = 65535;
     auto& socket = halvern.ConMdiFrm.InternetSoc;
-    const long port = RoundHalfToEven(LeadingNumber(halvern.SetUpfrm.APRServePortTxt.Text()));
-    if (port < 1 || port > highestPort) return false;
+    const auto digits = Trimmed(halvern.SetUpfrm.APRServePortTxt.Text());
+    const double port = LeadingNumber(digits);
+    if (!std::ranges::all_of(digits, IsDigit) || port < 1 || port > highestPort) return false;
     socket.HostName = Trimmed(halvern.SetUpfrm.IntDomainCombo.Text());
     socket.RemotePort = static_cast<int>(port);
     return socket.Connect() == 0;

@@ -21,6 +21,7 @@ TEST(Calibration, BothKindsOfFile)
                     {"41.5\r\n-74\r\n40.25\r\n", {}},
                     {"41.5N\r\n-74\r\n40.25\r\n1\r\n", {}},
                     {"1e99\r\n-74\r\n40.25\r\n1\r\n", {}},
+                    {"10,-10,10,-10", {}},
                     {"", {}}};
     for (const auto& [file, corners] : txt) EXPECT_EQ(text(ReadTxtCalibration(file)), text(corners)) << file;
     const Cases inf{{"41.30.0N,74.15.00W\r\n40.15N,72.30w\r\n", Corners{41.5, 74.25, 40.25, 72.5}},

@@ -129,6 +129,7 @@ TEST(DosMapList, DamagedListsHoldNoMap)
         {"", ""},   {"x", "y"}};
     for (const auto& [start, count] : cases)
         EXPECT_EQ(NearestMap(withHead(start, count), 1, 0, 0), "") << start << " " << count;
+    EXPECT_EQ(NearestMap(ListOf({R"(..\evil 400000N0730000W)"}), 1, 0, 0), "") << "outside the folder";
     for (int row : {-2, 0, 13}) EXPECT_EQ(NearestMap(ListOf({entry}), row, 0, 0), "") << row;
     for (std::size_t length = 0; length < 13 * 23; ++length)
         EXPECT_EQ(NearestMap(ListOf({entry}).substr(0, length), 1, 0, 0), "") << length;

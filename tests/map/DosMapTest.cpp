@@ -75,6 +75,8 @@ TEST_F(DosMap, WhatIsMissingOrDamagedIsToldAndTheCountryDrawn)
                   "For your map center and map range no Dos Map was found in the FOLDERmaplist1.hvn file. "
                   "You may have to edit maplist1.hvn file to make the map you are trying to display work." +
                       draws)}},
+        {{{"dosmaps/local.map", nullptr}, {"dosmaps/usa.map", "56\n128\n500\n1\n1\n1\n1\nASCII\n0,0,2,cut\n9,5\n"}},
+         {lost, Message("stop", "A Dos map file error has occured. USA.MAP Has an error.")}},
         {{{"dosmaps/local.map", nullptr}, {"dosmaps/usa.map", nullptr}},
          {lost, Message("stop", "Dos Map usa.map not found. You may have deleted it from the FOLDERdosmaps directory. "
                                 "Halvern will now close when you click on the ok butto.")},

@@ -100,7 +100,7 @@ TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
          "internet tab and type in a Port nunber."},
         {"feed.example", "14580", 10061, "Internet connection failed."},
         {"feed.example", "80116", 0, "Internet connection failed."},
-        {"feed.example", "none", 0, "Internet connection failed."},
+        {"feed.example", "14580.4", 0, "Internet connection failed."},
     };
     for (const auto& each : cases) {
         setUp.IntDomainCombo.SetText(each.server);
