@@ -3,6 +3,7 @@
 
 #include <chrono>
 
+#include "platform/qt/FolderLock.h"
 #include "support/Console.h"
 #include "support/StationTest.h"
 
@@ -48,6 +49,15 @@ TEST_F(ConsoleProgram, ALiveStationLivesInRealTimeAndHasNothingSimulated)
                             "closed SetUpfrm"));
     EXPECT_EQ(status, 1);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
+}
+
+TEST_F(ConsoleProgram, ALiveStationLeavesAFolderAloneThatIsInUse)
+{
+    FolderLock inUse(folder.Path());
+    ASSERT_EQ(inUse.Take(), "");
+    EXPECT_THAT(Run("", "echo \"up\""), ElementsAre(HasSubstr("message critical \"Halvern\" \"The folder ")));
+    EXPECT_EQ(status, 1);
+    EXPECT_THAT(Run("--simulate", "echo \"up\""), ElementsAre("modal SetUpfrm", "echo \"up\"", "closed SetUpfrm"));
 }
 
 TEST_F(ConsoleProgram, AScriptDrivesTheRealWindowsAndTakesTheirPictures)

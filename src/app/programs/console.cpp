@@ -21,6 +21,7 @@
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
 #include "forms/Windows.h"
+#include "platform/qt/FolderLock.h"
 #include "platform/qt/MapPainter.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
@@ -141,9 +142,16 @@ void PassRealTime(std::int64_t milliseconds, const std::function<bool()>& stop)
 
 int RunConsole(const Options& options)
 {
+    const auto print = [](const std::string& line) { std::printf("%s\n", line.c_str()); };
     SystemClock systemClock;
     SimulatedTime simulatedTime;
     NotedDialogs dialogs;
+    FolderLock lock(options.directory);
+    if (const auto owner = options.simulate ? std::string() : lock.Take(); !owner.empty()) {
+        dialogs.Say = print;
+        dialogs.Message(Icon::Critical, owner, ProgramTitle);
+        return 1;
+    }
     DiskFiles files;
     const Clock& clock = options.simulate ? static_cast<const Clock&>(simulatedTime) : systemClock;
     Halvern halvern({clock, dialogs, files}, options.directory);
@@ -153,7 +161,7 @@ int RunConsole(const Options& options)
 
     LineReader input;
     ConsoleWorld world{halvern, dialogs, map, picture};
-    world.Print = [](const std::string& line) { std::printf("%s\n", line.c_str()); };
+    world.Print = print;
     world.NextLine = [&](const std::function<bool()>& stop) { return input.Next(stop); };
     world.PassTime = [&](std::int64_t milliseconds) {
         PassRealTime(milliseconds, [&] { return halvern.Engine.Ended || input.Stopped(); });

@@ -10,6 +10,7 @@
 #include "app/Handlers.h"
 #include "app/StartUp.h"
 #include "forms/Windows.h"
+#include "platform/qt/FolderLock.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/StationFolder.h"
@@ -68,6 +69,11 @@ int RunStation(QApplication& application, const Options& options)
 {
     SystemClock clock;
     QtDialogs dialogs;
+    FolderLock lock(options.directory);
+    if (const auto owner = lock.Take(); !owner.empty()) {
+        dialogs.Message(Icon::Critical, owner, ProgramTitle);
+        return 1;
+    }
     DiskFiles files;
     Halvern halvern({clock, dialogs, files}, options.directory);
     QtPlatform platform(halvern.All, options.directory);
