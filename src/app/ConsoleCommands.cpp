@@ -8,6 +8,7 @@
 #include "app/ConsoleEval.h"
 #include "app/StartUp.h"
 #include "engine/ProcessPacket.h"
+#include "history/PlayFile.h"
 #include "map/MapMouse.h"
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"
@@ -83,16 +84,13 @@ void Replay(ConsoleSession& session, ConsoleLine& line)
     const auto file = line.Text("a file");
     line.End();
     auto& halvern = session.World().halvern;
-    const auto bytes = halvern.Outside.files.Read(file);
-    Require(bytes.has_value(), "can't read " + ConsoleQuoted(file));
+    std::string trouble;
+    const auto lines = halvern.Outside.files.OpenForInput(file, trouble);
+    Require(lines != nullptr, "can't read " + ConsoleQuoted(file));
     const auto start = std::chrono::steady_clock::now();
-    const auto lines = LinesOf(*bytes);
-    for (const auto heard : lines) {
-        std::string packet(heard);
-        halvern.All.Dispatch([&] { ProcessPacket(halvern, packet, tag); });
-    }
+    const auto played = PlayFile(halvern, *lines, {.tag = tag, .asItStands = true});
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-    session.Print("replayed " + std::to_string(lines.size()) + " lines in " + ConsoleNumber(took.count()) + " s");
+    session.Print("replayed " + std::to_string(played.lines) + " lines in " + ConsoleNumber(took.count()) + " s");
 }
 
 /// The next word as the name of a port with a simulated device behind it.

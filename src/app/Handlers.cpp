@@ -8,6 +8,10 @@
 #include "config/SetupForm.h"
 #include "config/SetupLists.h"
 #include "engine/ResetStores.h"
+#include "history/History.h"
+#include "history/LogFiles.h"
+#include "history/Snapshot.h"
+#include "history/SymbolFilter.h"
 #include "map/BitmapMap.h"
 #include "map/Find.h"
 #include "map/FirstMap.h"
@@ -242,6 +246,27 @@ void ConnectMarks(Halvern& halvern)
     track.CancelCmd.OnClick = [&] { track.Unload(); };
 }
 
+void ConnectHistory(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.Log.OnClick = [&] { StartStopLog(halvern); };
+    main.ExportMemory.OnClick = [&] { ExportMemory(halvern); };
+    main.ImportLog.OnClick = [&] { ImportLog(halvern); };
+    main.SaveHistory.OnClick = [&] { OpenHistory(halvern, true); };
+    main.ImportHistory.OnClick = [&] { OpenHistory(halvern, false); };
+    main.RestoreMenu.OnClick = [&] { RestoreView(halvern); };
+    auto& history = halvern.Hist;
+    history.Callsign(1).OnChange = [&] { AllowSearch(history); };
+    history.Search1.OnClick = [&] { SearchHistory(halvern); };
+    history.CancelCmd.OnClick = [&] { history.Hide(); };
+    auto& filter = halvern.JustSym;
+    main.JustMenu.OnClick = [&] { OpenSymbolFilter(halvern); };
+    filter.OkCmd.OnClick = [&] { TakeSymbolFilter(halvern); };
+    filter.CancelCmd.OnClick = [&] { filter.Unload(); };
+    filter.OnCloseBox = [&] { filter.Unload(); };
+    filter.OnUnload = [&] { main.JustMenu.SetEnabled(true); };
+}
+
 void ConnectQuery(Halvern& halvern)
 {
     halvern.ConMdiFrm.QueryMenu.OnClick = [&] { OpenQuery(halvern); };
@@ -266,6 +291,7 @@ void ConnectHandlers(Halvern& halvern)
     ConnectMessages(halvern);
     ConnectPathBuilder(halvern);
     ConnectMarks(halvern);
+    ConnectHistory(halvern);
     ConnectQuery(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());

@@ -7,6 +7,7 @@
 #include "engine/AnswerQuery.h"
 #include "engine/DecodePosition.h"
 #include "engine/HeardCount.h"
+#include "engine/PacketLog.h"
 #include "engine/ReceiveMessage.h"
 #include "engine/ReceiveObject.h"
 #include "engine/ResetStores.h"
@@ -251,12 +252,6 @@ void RemovePlaceholder(Halvern& halvern)
 }
 
 } // namespace
-
-void FileRaw(Halvern& halvern, const std::string& row)
-{
-    halvern.TerminalFrm.RawPacketLst.Add(row);
-    if (halvern.Engine.LogOpen && halvern.Engine.Log) halvern.Engine.Log->PrintLine(row);
-}
 
 void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
 {

@@ -14,7 +14,4 @@ namespace halvern {
 /// @param tag   where it came from; only "TNC", "SOUND", "PSK63" and "TCPIP" choose a road for answers
 void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag);
 
-/// Adds a row to the raw store and, while it is open, to the packet log.
-void FileRaw(Halvern& halvern, const std::string& row);
-
 } // namespace halvern

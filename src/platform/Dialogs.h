@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Controls.h"
+#include "platform/LineFiles.h"
 #include "platform/Surface.h"
 
 namespace halvern {
@@ -22,6 +24,14 @@ struct FileRequest {
     std::string filter; ///< "Log Files | *.log"
     std::string folder; ///< where the dialog starts; `\` and `/` alike
     std::string name;   ///< the file name offered first
+};
+
+/// Long work that shows how far it is and that the operator can stop. Other events go on meanwhile.
+class Progress {
+public:
+    virtual ~Progress() = default;
+    /// @return false once it is to be stopped
+    virtual bool Show(const ReadSoFar& soFar) = 0;
 };
 
 /// What the program asks and tells the operator. All of these wait for the operator; other events go on meanwhile.
@@ -49,6 +59,8 @@ public:
     /// A text file in a window with its name as the title.
     virtual void ShowText(const std::string& file) = 0;
     virtual void Bell() = 0;
+    /// Shows how far the reading of a file is, until what is returned is gone.
+    virtual std::unique_ptr<Progress> ShowProgress(const std::string& title) = 0;
     /// Lets other events run for a while.
     virtual void LetTimePass(int milliseconds) = 0;
 };

@@ -37,21 +37,6 @@ fs::path EntryOf(const fs::path& folder, const std::string& name)
     return folder / name;
 }
 
-class DiskOutput final : public OutputFile {
-public:
-    explicit DiskOutput(const std::string& path) : out(path, std::ios::binary | std::ios::trunc) {}
-    bool Open() const { return out.is_open(); }
-    bool PrintLine(std::string_view line) override
-    {
-        out.clear();
-        out << line << CrLf << std::flush;
-        return out.good();
-    }
-
-private:
-    std::ofstream out;
-};
-
 bool WriteAll(int file, std::string_view bytes)
 {
     while (!bytes.empty()) {
@@ -243,14 +228,14 @@ std::vector<std::string> DiskFiles::Folders(const std::string& folder) const
     return Entries(Resolved(folder), true);
 }
 
-std::unique_ptr<OutputFile> DiskFiles::OpenForOutput(const std::string& path)
+std::unique_ptr<OutputFile> DiskFiles::OpenForOutput(const std::string& path, std::string& trouble)
 {
-    std::error_code error;
-    const auto target = Resolved(path);
-    if (fs::exists(target, error) && !fs::is_regular_file(target, error)) return nullptr;
-    auto file = std::make_unique<DiskOutput>(target);
-    if (!file->Open()) return nullptr;
-    return file;
+    return OpenLinesForOutput(Resolved(path), trouble);
+}
+
+std::unique_ptr<InputFile> DiskFiles::OpenForInput(const std::string& path, std::string& trouble) const
+{
+    return OpenLinesForInput(Resolved(path), trouble);
 }
 
 std::optional<PixelSize> PictureSize(std::string_view bytes)

@@ -8,15 +8,9 @@
 #include <string_view>
 #include <vector>
 
-namespace halvern {
+#include "platform/LineFiles.h"
 
-/// A file that stays open for output.
-class OutputFile {
-public:
-    virtual ~OutputFile() = default;
-    /// Writes a line and its end (CR LF), through to the system. @return false when the disk did not take it.
-    virtual bool PrintLine(std::string_view line) = 0;
-};
+namespace halvern {
 
 /// Far above every map, and what memory can spare.
 inline constexpr std::int64_t LongestFile = 256LL << 20;
@@ -40,8 +34,10 @@ public:
     virtual std::vector<std::string> Names(const std::string& folder) const = 0;
     /// Names of the folders in a folder, sorted.
     virtual std::vector<std::string> Folders(const std::string& folder) const = 0;
-    /// Opens for output, an existing plain file is overwritten. @return nullptr where that fails.
-    virtual std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) = 0;
+    /// Opens for output, an existing plain file is overwritten. @return nullptr, and why, where that fails.
+    virtual std::unique_ptr<OutputFile> OpenForOutput(const std::string& path, std::string& trouble) = 0;
+    /// Opens a text file to be read line by line. @return nullptr, and why, where that fails.
+    virtual std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const = 0;
     /// The path as the system has it, with the case of the names that exist.
     virtual std::string Resolved(const std::string& path) const = 0;
 };
@@ -57,7 +53,8 @@ public:
     bool Rename(const std::string& from, const std::string& to) override;
     std::vector<std::string> Names(const std::string& folder) const override;
     std::vector<std::string> Folders(const std::string& folder) const override;
-    std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) override;
+    std::unique_ptr<OutputFile> OpenForOutput(const std::string& path, std::string& trouble) override;
+    std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const override;
     std::string Resolved(const std::string& path) const override;
 };
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/ProcessPacket.h"
+#include "engine/PacketLog.h"
 #include "platform/Text.h"
 #include "protocol/OutMsg.h"
 #include "transmit/Psk63Send.h"

@@ -63,8 +63,9 @@ TEST(DiskFilesTest, ALogTakesItsLinesAnewWhereItCanBeOpened)
     const TemporaryFolder folder;
     folder.Put("Day.log", "what was before");
     DiskFiles files;
-    EXPECT_EQ(files.OpenForOutput(folder.Path() + "/no folder/day.log"), nullptr);
-    EXPECT_TRUE(files.OpenForOutput(folder.Path() + "\\day.LOG")->PrintLine("one"));
+    std::string trouble;
+    EXPECT_EQ(files.OpenForOutput(folder.Path() + "/no folder/day.log", trouble), nullptr);
+    EXPECT_TRUE(files.OpenForOutput(folder.Path() + "\\day.LOG", trouble)->PrintLine("one"));
     EXPECT_EQ(files.Read(folder.Path() + "/Day.log"), "one\r\n");
 }
 

@@ -23,6 +23,7 @@
 
 #include "platform/Files.h"
 #include "platform/qt/Glyphs.h"
+#include "platform/qt/QtProgress.h"
 
 namespace halvern {
 namespace {
@@ -116,7 +117,8 @@ std::optional<std::string> QtDialogs::File(const FileRequest& request)
     const auto folder = QString::fromStdString(DiskFiles().Resolved(request.folder));
     if (request.save) QDir().mkpath(folder);
     dialog.setDirectory(folder);
-    dialog.setNameFilter(FilterOf(request.filter));
+    const auto everything = request.save ? QString() : QCoreApplication::translate("Files", ";;All Files (*)");
+    dialog.setNameFilter(FilterOf(request.filter) + everything);
     dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (request.save) dialog.setDefaultSuffix(SuffixOf(request.filter));
@@ -135,6 +137,11 @@ std::optional<Font> QtDialogs::PickFont(const std::string& title, const Font& pr
     if (dialog.exec() != QDialog::Accepted) return {};
     const auto chosen = dialog.selectedFont();
     return Font{Typed(chosen.family()), chosen.pointSizeF()};
+}
+
+std::unique_ptr<Progress> QtDialogs::ShowProgress(const std::string& title)
+{
+    return std::make_unique<QtProgress>(Above(), Shown(title));
 }
 
 // --- modal forms -----------------------------------------------------------------------------------------------------

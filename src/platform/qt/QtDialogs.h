@@ -40,6 +40,7 @@ public:
     void Help(const std::string& file) override { Fire(OnHelp, file); }
     void ShowText(const std::string& file) override { Fire(OnShowText, file); }
     void Bell() override;
+    std::unique_ptr<Progress> ShowProgress(const std::string& title) override;
     void LetTimePass(int milliseconds) override;
 };
 

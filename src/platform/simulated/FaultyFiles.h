@@ -30,7 +30,14 @@ public:
     bool Rename(const std::string& from, const std::string& to) override { return under.Rename(from, to); }
     std::vector<std::string> Names(const std::string& folder) const override { return under.Names(folder); }
     std::vector<std::string> Folders(const std::string& folder) const override { return under.Folders(folder); }
-    std::unique_ptr<OutputFile> OpenForOutput(const std::string& path) override { return under.OpenForOutput(path); }
+    std::unique_ptr<OutputFile> OpenForOutput(const std::string& path, std::string& trouble) override
+    {
+        return under.OpenForOutput(path, trouble);
+    }
+    std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const override
+    {
+        return under.OpenForInput(path, trouble);
+    }
     std::string Resolved(const std::string& path) const override { return under.Resolved(path); }
 
 private:

@@ -129,6 +129,16 @@ void NotedDialogs::Bell()
     Line("bell");
 }
 
+std::unique_ptr<Progress> NotedDialogs::ShowProgress(const std::string&)
+{
+    struct Watched final : Progress {
+        explicit Watched(const NotedDialogs& dialogs) : dialogs(dialogs) {}
+        bool Show(const ReadSoFar& soFar) override { return !dialogs.OnProgress || dialogs.OnProgress(soFar); }
+        const NotedDialogs& dialogs;
+    };
+    return std::make_unique<Watched>(*this);
+}
+
 void NotedDialogs::LetTimePass(int milliseconds)
 {
     if (PassTime) PassTime(milliseconds);

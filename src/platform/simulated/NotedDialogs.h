@@ -27,6 +27,8 @@ public:
     /// What time passing means here.
     std::function<void(int milliseconds)> PassTime;
     std::vector<std::string> PrinterNames{"PDF File"};
+    /// Looks at long work as it goes on, and stops it with the answer false.
+    std::function<bool(const ReadSoFar&)> OnProgress;
     /// Puts a picture of the screen on a surface, where there is a screen.
     std::function<void(Surface&)> Screen;
 
@@ -44,6 +46,7 @@ public:
     void Help(const std::string& file) override;
     void ShowText(const std::string& file) override;
     void Bell() override;
+    std::unique_ptr<Progress> ShowProgress(const std::string& title) override;
     void LetTimePass(int milliseconds) override;
 
 private:

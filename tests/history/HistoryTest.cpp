@@ -1,0 +1,381 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <zlib.h>
+
+#include "engine/ProcessPacket.h"
+#include "platform/simulated/FaultyFiles.h"
+#include "protocol/RecordedLine.h"
+#include "support/MapStation.h"
+#include "support/StationTest.h"
+
+namespace halvern::test {
+namespace {
+
+const Strings BusyHour{"Q1ABC>APRS,WIDE1-1*,WIDE2-1:!4049.14N/07308.41W-home",
+                       "Q2CAR-9>APRS:=4100.00N/07400.00W>123/045a car",
+                       "Q2CAR-9>APRS:=4101.00N/07400.00W>123/045a car, moved",
+                       "Q1ABC>APRS:>a status",
+                       "Q3WX>APRS:@211812z4903.50N/07201.75W_220/004g005t077r000p000P000h50b09900wx",
+                       "Q3WX>APRS:;BALLOON  *011200z4200.00N/07500.00WOan object",
+                       "Q1ABC>APRS::Q0OWN    :hello{12",
+                       "Q1ABC>APRS::Q2CAR-9  :between others{3",
+                       "Q1ABC>APRS::BLN1     :a bulletin",
+                       "Q4DX>RESORC:a resource"};
+
+const Strings OwnLines{"Q0OWN>APHV01:=4049.14N/07308.41W-PHG5130 own", "Q0OWN>APHV01:>on the air"};
+
+/// A station over a folder of its own, in which logs and the kept state lie.
+struct History : testing::Test {
+    History()
+    {
+        for (const auto* name : {"symbols", "dosmaps", "maplist"})
+            std::filesystem::create_directory_symlink(DataFolder() + "/" + name, folder.Path() + "/" + name);
+        station.SetUp();
+        for (const auto& own : OwnLines) station.Hear(own, "MAP");
+        halvern.TerminalFrm.RawPacketLst.Clear();
+    }
+
+    void HearAll(const Strings& lines)
+    {
+        for (const auto& line : lines) station.Hear(line);
+    }
+    void Answer(const std::string& name) { station.dialogs.Answers.push_back({folder.Path() + "/" + name}); }
+    std::string FileOf(const std::string& name)
+    {
+        return station.files.Read(folder.Path() + "/" + name).value_or("none");
+    }
+    bool Kept() { return station.files.Exists(folder.Path() + "/Pos.txt"); }
+    std::size_t FilesLeft() { return station.files.Names(folder.Path()).size(); }
+    static Strings Calls(const List& list)
+    {
+        Strings calls;
+        for (const auto& row : Station::Rows(list)) calls.emplace_back(TrimmedRight(Columns(row, 1, 9)));
+        return calls;
+    }
+    Strings Stations() { return Calls(halvern.PositionFrm.PosLst); }
+    void Import(const std::string& name)
+    {
+        Answer(name);
+        main.ImportLog.Click();
+    }
+    void Filter(const char* row)
+    {
+        main.JustMenu.Click();
+        halvern.JustSym.SymbolLst.Preselect(halvern.JustSym.SymbolLst.IndexOf(row));
+        halvern.JustSym.OkCmd.Click();
+    }
+
+    TemporaryFolder folder;
+    Station station{folder.Path()};
+    Halvern& halvern = station.halvern;
+    MainForm& main = halvern.ConMdiFrm;
+};
+
+TEST_F(History, ABusyHourIsLoggedPlayedBackAndRestored)
+{
+    Answer("day.log");
+    main.Log.Click();
+    EXPECT_EQ(main.Log.Caption(), "&Stop Log");
+    HearAll(BusyHour);
+    main.MyObjectLst.Add(";MINE     an object");
+    main.TransmitLst.Add("5");
+    halvern.MessageFrm.OutMsg.Add(":Q1ABC    unproto APHV01 via NONE:text{7");
+    halvern.MessageFrm.Timer1.Start(60000);
+    main.Log.Click();
+    const auto before = StoresOf(halvern);
+    const auto plots = halvern.Map.StationPlot.size();
+    EXPECT_EQ(LinesOf(FileOf("day.log")).size(), BusyHour.size());
+    EXPECT_THAT(FileOf("day.log"), HasSubstr("wx010000"));
+    station.TakeSaid();
+
+    Import("day.log");
+    EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("please Click on the Restore Menu Item.")));
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q1ABC", "Q2CAR-9", "Q3WX", "BALLOON"));
+    EXPECT_TRUE(main.RestoreMenu.Visible() && !main.LogMenu.Enabled() && !main.ClearMenu.Enabled() && Kept());
+    EXPECT_EQ(main.MyObjectLst.Count(), 0);
+    EXPECT_FALSE(halvern.MessageFrm.Timer1.Enabled());
+
+    main.RestoreMenu.Click();
+    EXPECT_EQ(StoresOf(halvern), before);
+    EXPECT_EQ(halvern.Map.StationPlot.size(), plots);
+    EXPECT_THAT(Station::Rows(main.MyObjectLst), ElementsAre(";MINE     an object"));
+    EXPECT_EQ(halvern.MessageFrm.OutMsg.Count(), 1);
+    EXPECT_TRUE(halvern.MessageFrm.Timer1.Enabled() && halvern.MessageFrm.Timer1.Interval() == 60000);
+    EXPECT_TRUE(!main.RestoreMenu.Visible() && main.LogMenu.Enabled() && main.ClearMenu.Enabled() && !Kept());
+    EXPECT_EQ(FilesLeft(), 1u) << "only the log";
+}
+
+TEST_F(History, ASecondViewKeepsTheFirstState)
+{
+    HearAll(BusyHour);
+    station.Hear("Q1ABC>APRS:;BALLOON  _011200z4200.00N/07500.00WOkilled");
+    auto kept = Stations();
+    std::erase(kept, "BALLOON");
+    folder.Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
+    folder.Put("two.log", "Q6TWO>APRS:!4049.14N/07308.41W-\n");
+    folder.Put("empty.log", "");
+    Import("one.log");
+    Import("two.log");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q6TWO"));
+    Import("empty.log");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN"));
+    main.RestoreMenu.Click();
+    EXPECT_EQ(Stations(), kept) << "all but the killed object";
+}
+
+TEST_F(History, TheEndOfTheProgramTakesTheKeyOfTheKeptStateAway)
+{
+    HearAll(BusyHour);
+    folder.Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
+    Import("one.log");
+    EXPECT_TRUE(Kept());
+    main.EndApp.Click();
+    EXPECT_FALSE(Kept());
+}
+
+TEST_F(History, AFullDiskLeavesTheListsAsTheyAre)
+{
+    FaultyFiles full(station.files);
+    Halvern other({station.time, station.dialogs, full}, folder.Path());
+    ConnectHandlers(other);
+    other.SetUpfrm.CallSignTxt.SetText("Q0OWN");
+    other.Engine.OwnCall = "Q0OWN";
+    for (const auto& line : BusyHour) {
+        auto packet = line;
+        ProcessPacket(other, packet, "TNC");
+    }
+    const auto before = StoresOf(other);
+    folder.Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
+    station.TakeSaid();
+    for (const std::size_t room : {0, 40, 400}) {
+        full.SetRoom(room);
+        Answer("one.log");
+        other.ConMdiFrm.ImportLog.Click();
+        EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("No space left on device. They are as they were.")));
+        EXPECT_EQ(StoresOf(other), before);
+        EXPECT_FALSE(other.Engine.ReviewMode || other.ConMdiFrm.RestoreMenu.Visible());
+        EXPECT_EQ(FilesLeft(), 1u) << "nothing but the log";
+    }
+}
+
+TEST_F(History, WhatCanBeReadOfADamagedStateComesBack)
+{
+    HearAll(BusyHour);
+    folder.Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
+    Import("one.log");
+    folder.Put("Pos.txt", "Q0OWN     the own row\r\nQ1ABC     =010000z4049.14N/07308.41W-good\r\nQ2\r\n\r\n"
+                          "Q3BAD     =010000z4049.14N/07308.41W\x01\r\nQ4BAD     =010000z4x49.14N/07308.41W-\r\n");
+    folder.Put("MsgTimerint.txt", "-7e99");
+    folder.Put("Objtrans.txt", "1\r\n2\r\n");
+    station.files.Remove(folder.Path() + "/Digi.txt");
+    station.TakeSaid();
+    halvern.All.Dispatch(main.RestoreMenu.OnClick);
+    EXPECT_THAT(station.TakeSaid(),
+                Contains(AllOf(HasSubstr("Error # 53 File not found: 4 damaged rows of 'Pos.txt', 'Digi.txt'"))));
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q1ABC"));
+    EXPECT_THAT(Station::Rows(halvern.MessageFrm.BullLst), ElementsAre("Q1ABC>BLN1:a bulletin"));
+    EXPECT_EQ(main.MyObjectLst.Count(), main.TransmitLst.Count());
+    EXPECT_TRUE(main.LogMenu.Enabled() && !halvern.Engine.ReviewMode);
+    station.Hear("Q2CAR-9>APRS:=4101.00N/07400.00W>heard again");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q1ABC", "Q2CAR-9"));
+}
+
+TEST_F(History, ALogThatCannotBeWrittenIsClosedAndToldOnce)
+{
+    Answer("day.log");
+    main.Log.Click();
+    station.Hear(BusyHour[0]);
+    std::filesystem::remove(folder.Path() + "/day.log");
+    station.TakeSaid();
+    HearAll(BusyHour);
+    const auto said = station.TakeSaid();
+    EXPECT_EQ(std::ranges::count_if(said, [](const auto& line) { return Holds(line, "The log could not be written"); }),
+              1);
+    EXPECT_TRUE(!main.Log.Checked() && main.Log.Caption() == "&Start Log" && !halvern.Engine.LogOpen);
+    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 11);
+    Answer("no folder/day.log");
+    main.Log.Click();
+    EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("No such file or directory")));
+    EXPECT_FALSE(main.Log.Checked());
+}
+
+TEST_F(History, TheRunningLogIsNotPlayedAndNotOverwritten)
+{
+    Answer("day.log");
+    main.Log.Click();
+    HearAll(BusyHour);
+    for (const auto* item : {&main.ImportLog, &main.ExportMemory}) {
+        station.TakeSaid();
+        std::filesystem::remove(folder.Path() + "/link.log");
+        std::filesystem::create_symlink(folder.Path() + "/day.log", folder.Path() + "/link.log");
+        Answer("link.log");
+        item->Click();
+        EXPECT_THAT(station.TakeSaid(),
+                    Contains(HasSubstr("link.log Is an open file. Please close the file and try again")));
+    }
+    EXPECT_EQ(LinesOf(FileOf("day.log")).size(), BusyHour.size());
+    Answer("memory.log");
+    main.ExportMemory.Click();
+    EXPECT_EQ(FileOf("memory.log"), FileOf("day.log"));
+}
+
+TEST_F(History, AnImportCanBeStopped)
+{
+    std::string log;
+    for (int i = 0; i < 1000; ++i) log += "Q" + std::to_string(100 + i) + ">APRS:!4049.14N/07308.41W-\r\n";
+    folder.Put("long.log", log);
+    HearAll(BusyHour);
+    const auto before = StoresOf(halvern);
+    ReadSoFar seen;
+    station.dialogs.OnProgress = [&](const ReadSoFar& soFar) {
+        seen = soFar;
+        return soFar.lines < 512;
+    };
+    Import("long.log");
+    EXPECT_EQ(seen.of, log.size());
+    EXPECT_EQ(seen.lines, 512u);
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 512) << "the own station, and the 511 lines before the stop";
+    EXPECT_TRUE(main.RestoreMenu.Visible());
+    main.RestoreMenu.Click();
+    EXPECT_EQ(StoresOf(halvern), before);
+}
+
+TEST_F(History, CallsAreCutOutIntoAFileAndPlayedBack)
+{
+    HearAll(BusyHour);
+    auto& form = halvern.Hist;
+    station.dialogs.RunModal = [&](Form&) {};
+    main.SaveHistory.Click();
+    EXPECT_EQ(form.Caption() + form.Search1.Caption(), "Halvern History Export FormExport");
+    form.Callsign(2).SetText("nobody");
+    EXPECT_FALSE(form.Search1.Enabled());
+    form.Callsign(1).SetText("q2car");
+    form.Callsign(3).SetText("Q2C");
+    EXPECT_TRUE(form.Search1.Enabled());
+    station.TakeSaid();
+    Answer("cars.hst");
+    form.Search1.Click();
+    EXPECT_THAT(station.TakeSaid(),
+                Contains(HasSubstr(R"("The Following Call Signs were Found\r\nq2car\r\nQ2C\r\n")")));
+    EXPECT_EQ(LinesOf(FileOf("cars.hst")).size(), 4u) << "a packet that two fields find stands there twice";
+
+    const auto before = StoresOf(halvern);
+    main.ImportHistory.Click();
+    EXPECT_EQ(form.Caption() + form.Search1.Caption(), "Halvern History Import FormImport");
+    form.Callsign(1).SetText("W9");
+    form.Callsign(3).SetText("");
+    Answer("cars.hst");
+    form.Search1.Click();
+    EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("None of the Call Signs were found")));
+    EXPECT_EQ(StoresOf(halvern), before);
+    EXPECT_FALSE(Kept());
+
+    form.Callsign(1).SetText("Q2");
+    Answer("cars.hst");
+    form.Search1.Click();
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q2CAR-9"));
+    main.RestoreMenu.Click();
+    EXPECT_EQ(StoresOf(halvern), before);
+    form.Callsign(1).SetText("nobody");
+    form.HistExport = true;
+    Answer("none.hst");
+    form.Search1.Click();
+    EXPECT_EQ(FileOf("none.hst"), "none");
+}
+
+TEST_F(History, OneKindOfSymbolAndTheWayBack)
+{
+    HearAll(BusyHour);
+    const auto before = Station::Rows(halvern.PositionFrm.PosLst);
+    Filter("Mobiles");
+    EXPECT_EQ(main.Caption(), "Halvern Showing Just Mobiles");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q2CAR-9", "BALLOON"));
+    Filter("Weather Stations");
+    EXPECT_EQ(main.Caption(), "Halvern Showing Just Weather Staions");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q3WX", "BALLOON"));
+    Filter("Car />");
+    EXPECT_EQ(main.Caption(), "Halvern Showing Just Car");
+    EXPECT_TRUE(halvern.Engine.ReviewMode && main.JustMenu.Enabled());
+    station.Hear("Q1ABC>APRS::Q0OWN    :while filtered{13");
+    Filter("All");
+    EXPECT_EQ(main.Caption(), "Halvern");
+    EXPECT_EQ(Station::Rows(halvern.PositionFrm.PosLst), before);
+    EXPECT_THAT(Station::Rows(halvern.MessageFrm.MsgToYouLst),
+                ElementsAre("Q1ABC>Q0OWN:12.hello", "Q1ABC>Q0OWN:13.while filtered"));
+    EXPECT_FALSE(Kept() || halvern.Engine.ReviewMode);
+    const std::pair<const char*, const char*> overlays[] = {
+        {"", "You did not supply an Overlay Character."},
+        {"AB", "You can only supply one Overlay Character."},
+        {"a", "Your Overlay character must be in the range of 0 through 9 or A through Z."}};
+    for (const auto& [overlay, words] : overlays) {
+        station.dialogs.Answers.push_back({overlay});
+        Filter("Car Overlay \\>");
+        EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr(words)));
+        EXPECT_FALSE(halvern.Engine.JustSymbolsOn || main.JustMenu.Enabled());
+        halvern.JustSym.CancelCmd.Click();
+    }
+    station.dialogs.Answers.push_back({"E"});
+    Filter("Car Overlay \\>");
+    EXPECT_EQ(halvern.Engine.JustTable + halvern.Engine.JustCode, "E>");
+}
+
+TEST_F(History, OtherPeoplesFilesAreTakenAsTheyAre)
+{
+    const std::pair<const char*, const char*> lines[] = {
+        {"Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"2024-05-31 12:00:00 UTC: Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"2024-05-31T12:00:00.123Z Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"12:00:00 Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"[12:00:00] Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"[2024-05-31 12:00:00] Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"2024-05-31 12:00:00 nothing", "2024-05-31 12:00:00 nothing"},
+        {"", ""},
+        {"chan,utime,isotime,source,heard,level", ""},
+        {"0,1622462400,2021-05-31T12:00:00Z,Q1ABC,Q2DIG,50,0,!,Q1ABC,/-,-42.5,73.25,,,,,,,,,,\"home, sweet\"",
+         "Q1ABC>APRS,Q2DIG*:!4230.00S/07315.00E-home, sweet"},
+        {"0,1622462400,2021-05-31T12:34:00Z,Q1ABC,Q1ABC,50,0,;,BALL,/O,42.5,-73.99999,10.4,370,,,,,,,,up",
+         "Q1ABC>APRS:;BALL     *311234z4230.00N/07400.00WO370/010up"},
+        {"0,1622462400,2021-05-31T12:34:00Z,Q1ABC,Q1ABC,50,0,>,Q1ABC,,,,,,,,,,,busy,,", "Q1ABC>APRS:>busy"},
+        {"0,1622462400,2021-05-31T12:34:00Z,Q1ABC,Q1ABC,50,0,!,Q1ABC,/-,91,nan,,,,,,,,,,", ""}};
+    std::string made, log;
+    for (const auto& [line, packet] : lines) EXPECT_EQ(PacketIn(line, made), packet) << line;
+
+    for (const auto& line : BusyHour) log += "2024-05-31 12:00:00 UTC: " + line + "\n";
+    const auto path = folder.Path() + "/packed.log.gz";
+    const auto packed = gzopen(path.c_str(), "wb");
+    gzwrite(packed, log.data(), static_cast<unsigned>(log.size()));
+    gzclose(packed);
+    Import("packed.log.gz");
+    EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q1ABC", "Q2CAR-9", "Q3WX", "BALLOON"));
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) / 2);
+    station.TakeSaid();
+    Import("packed.log.gz");
+    EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("The log file is damaged: ")));
+    Import("symbols");
+    EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("It is no plain file")));
+}
+
+/// Playing a file leaves what hearing its lines leaves, but for raw rows, counts and acks.
+TEST_F(History, ARecordedFileLeavesWhatItsLinesLeave)
+{
+    const auto file = TrafficFile("feed-2021.tnc2");
+    if (file.empty()) GTEST_SKIP() << "no recorded traffic on this machine";
+    const auto traffic = station.files.Read(file).value();
+    Station live;
+    live.SetUp();
+    for (const auto& own : OwnLines) live.Hear(own, "MAP");
+    for (const auto line : LinesOf(traffic)) live.Hear(std::string(line), "IMPORT");
+    folder.Put("feed.log", traffic);
+    Import("feed.log");
+    EXPECT_GT(halvern.PositionFrm.PosLst.Count(), 100);
+    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 0);
+    live.halvern.TerminalFrm.RawPacketLst.Clear();
+    for (auto* each : {&halvern, &live.halvern}) {
+        each->HeardFrm.HeardGrid.Clear();
+        each->HeardFrm.HeardGrid.SetSize(1, 1);
+    }
+    EXPECT_EQ(StoresOf(halvern), StoresOf(live.halvern));
+}
+
+} // namespace
+} // namespace halvern::test
