@@ -21,6 +21,7 @@
 #include "map/Redraw.h"
 #include "map/Refresh.h"
 #include "map/StationInfo.h"
+#include "ports/GpsPort.h"
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
@@ -135,6 +136,9 @@ void ConnectPorts(Halvern& halvern)
     main.InternetSoc.OnReceive = [&] { ReceiveFromInternet(halvern); };
     main.SoundCardMenu.OnClick = [&] { OpenCloseSound(halvern); };
     main.SoundSoc.OnReceive = [&] { ReceiveFromSound(halvern); };
+    main.GpsMenu.OnClick = [&] { OpenCloseGps(halvern); };
+    main.GpsTimer.OnTick = [&] { OpenGpsWhenDue(halvern); };
+    main.GpsCom.OnReceive = [&](int code) { ReceiveFromGps(halvern, code); };
 }
 
 void ConnectTransmitter(Halvern& halvern)

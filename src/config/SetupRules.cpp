@@ -74,18 +74,24 @@ std::string GpsFault(const Halvern& halvern)
     if (main.InternetSoc.Connected() || main.WeatherCom.IsOpen())
         return "You cannot have the Internet Port open or the Weather Port open and the Gps Port open at the same "
                "time. Please close the other ports then try to open the GPS port again.";
-    if (!main.SoundSoc.Connected() && !main.Psk63Soc.Connected() && !main.MSComm1.IsOpen())
+    if (!halvern.AnyRadioPortOpen())
         return "You have to open up at least one of the following ports first before you can open the GPS port. The "
                "TNC Port or the Sound Port or the PSk63 Port. Please click on the Cancel Button. Then open a port. "
                "Then come back here to the Setup Mode tab and click on GPS Attached again. Then the Ok Button.";
     return {};
 }
 
+/// A GPS port that is open closes as if by the menu.
+void CloseGps(MainForm& main)
+{
+    if (main.GpsMenu.Checked()) main.GpsMenu.Click();
+}
+
 void SwitchGpsOff(Halvern& halvern)
 {
+    CloseGps(halvern.ConMdiFrm);
     halvern.Engine.GpsPositionOn = false;
     halvern.SetUpfrm.GpsOpt.Select(1);
-    halvern.ConMdiFrm.GpsMenu.SetChecked(false);
     halvern.ConMdiFrm.GpsMenu.SetEnabled(false);
 }
 
@@ -132,7 +138,10 @@ bool PortsAgree(Halvern& halvern)
                                 "select a Third Party WX Software File name or Click on the Com Port option in the "
                                 "Weather tab WX Data Source.");
     if (!NoFault(halvern, WeatherAndTncFault(setUp))) return false;
-    if (!halvern.Engine.GpsPositionOn) return true;
+    if (!halvern.Engine.GpsPositionOn) {
+        CloseGps(halvern.ConMdiFrm);
+        return true;
+    }
     const bool good = NoFault(halvern, GpsFault(halvern));
     if (good)
         halvern.ConMdiFrm.GpsMenu.SetEnabled(true);

@@ -15,6 +15,8 @@ struct PortError {
     int number = 0;
     std::string source;      ///< who says so: the program, or the port
     std::string description; ///< what to do about it, where that is known
+    /// As the operator is told it.
+    std::string Words() const;
 };
 
 /// The far side of a SerialPort.

@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/Text.h"
 #include "ports/GpsPort.h"
 #include "ports/WeatherPort.h"
 
 namespace halvern {
 namespace {
 
-constexpr int DecayInterval = 60000; // milliseconds
-constexpr int RawPacketsWindow = 7;
+constexpr std::size_t NumberColumn = 4; // in "Com1"
 
 struct PortRule {
     MainPort port;
@@ -54,25 +54,37 @@ const PortRule& RuleOf(MainPort port)
     return *std::ranges::find(Rules, port, &PortRule::port);
 }
 
-void ShutDownTransmitter(Halvern& halvern)
+} // namespace
+
+void StartTransmitter(MainForm& form)
+{
+    constexpr int decayInterval = 60000; // milliseconds
+    constexpr int rawPacketsWindow = 7;
+    form.MyObjectsMenu.SetVisible(true);
+    form.FrmMenu(rawPacketsWindow).SetEnabled(true);
+    form.NetDecayTmr.Start(decayInterval);
+}
+
+void StopTransmitter(Halvern& halvern)
 {
     auto& form = halvern.ConMdiFrm;
     for (Timer* timer : {&form.Timer2, &halvern.MessageFrm.Timer1, &form.NetDecayTmr}) timer->Stop();
     form.MyObjectsMenu.SetVisible(false);
-    if (form.WeatherMenu.Checked()) OpenCloseWeather(halvern);
 }
 
-} // namespace
+void SetLine(SerialPort& port, const List& number, const List& speed)
+{
+    port.PortNumber = static_cast<int>(LeadingNumber(Columns(number.Text(), NumberColumn)));
+    port.Settings = speed.Text() + ",n,8,1";
+}
 
 void PortOpened(Halvern& halvern, MainPort port)
 {
     auto& form = halvern.ConMdiFrm;
     const auto& rule = RuleOf(port);
     (form.*rule.mark).SetChecked(true);
-    form.MyObjectsMenu.SetVisible(true);
     if (rule.ownMenu != nullptr) (form.*rule.ownMenu).SetVisible(true);
-    form.FrmMenu(RawPacketsWindow).SetEnabled(true);
-    form.NetDecayTmr.Start(DecayInterval);
+    StartTransmitter(form);
     if (rule.radio && !form.GpsMenu.Checked()) form.Timer2.Start(1);
     form.StatusBar1.SetCaption(rule.opened);
 }
@@ -87,7 +99,8 @@ void ClosePort(Halvern& halvern, MainPort port)
     (form.*rule.mark).SetChecked(false);
     const bool last = std::ranges::none_of(Rules, another);
     if (rule.ownMenu != nullptr && (last || !rule.menuStays)) (form.*rule.ownMenu).SetVisible(false);
-    if (last) ShutDownTransmitter(halvern);
+    if (last) StopTransmitter(halvern);
+    if (last && form.WeatherMenu.Checked()) OpenCloseWeather(halvern);
     rule.disconnect(form);
     form.StatusBar1.SetCaption(rule.closed);
     if (rule.radio && form.GpsMenu.Checked() && std::ranges::none_of(Rules, carries)) OpenCloseGps(halvern);

@@ -16,4 +16,12 @@ void PortOpened(Halvern& halvern, MainPort port);
 /// port closes; with the last radio port the GPS port closes.
 void ClosePort(Halvern& halvern, MainPort port);
 
+/// What starts with any port: the own objects, the raw packets, the timer that retires stations.
+void StartTransmitter(MainForm& form);
+/// What stops when nothing can be sent any more: that timer, the beacons, the messages, the own objects.
+void StopTransmitter(Halvern& halvern);
+
+/// Sets a serial port as the setup form says: "Com3", "4800".
+void SetLine(SerialPort& port, const List& number, const List& speed);
+
 } // namespace halvern

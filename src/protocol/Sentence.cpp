@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/Text.h"
-#include "protocol/SplitSentence.h"
+#include "protocol/Fix.h"
 
 namespace halvern {
 namespace {
@@ -79,33 +79,6 @@ std::optional<SymbolPair> SymbolOfSsid(std::string_view source)
     return SymbolPair{"/", std::string(1, SsidCodes[static_cast<std::size_t>(ssid) - 1])};
 }
 
-/// Where a sentence has what is wanted of it.
-struct SentenceForm {
-    std::string_view name;
-    std::int16_t fields;
-    std::size_t latitude, longitude; ///< each followed by its side
-    std::size_t fix;
-    std::string_view noFix;
-};
-
-constexpr std::array<SentenceForm, 3> Forms{
-    {{"GPGGA", 15, 3, 5, 7, "0"}, {"GPGLL", 7, 2, 4, 7, "V"}, {"GPRMC", 12, 4, 6, 3, "V"}}};
-
-SentenceResult Rewrite(const SentenceForm& form, const SymbolPair& symbol, std::string& info)
-{
-    std::vector<std::string> field;
-    std::int16_t count = form.fields;
-    SplitSentence(info, field, count);
-    if (count == -1 || field[form.fix] == form.noFix) return SentenceResult::Drop;
-    const auto latitude = field[form.latitude].substr(0, 7);
-    const auto longitude = field[form.longitude].substr(0, 8);
-    if (latitude.empty() || longitude.empty()) return SentenceResult::Drop;
-    info =
-        "$" + latitude + field[form.latitude + 1] + symbol.table + longitude + field[form.longitude + 1] + symbol.code;
-    if (form.name == "GPRMC") info += field[9] + "/" + field[8];
-    return SentenceResult::Position;
-}
-
 } // namespace
 
 SentenceResult SentenceToReport(std::string_view source, std::string_view dest, std::string& info)
@@ -114,9 +87,11 @@ SentenceResult SentenceToReport(std::string_view source, std::string_view dest, 
     const bool byDestination = dest.size() != 3 && dest.starts_with("GPS");
     const auto symbol = byDestination ? SymbolOfDestination(dest) : SymbolOfSsid(source);
     if (!symbol) return SentenceResult::Drop;
-    for (const auto& form : Forms)
-        if (Columns(info, 2, 5) == form.name) return Rewrite(form, *symbol, info);
-    return SentenceResult::NotDecoded;
+    if (!TellsFix(info)) return SentenceResult::NotDecoded;
+    const auto fix = ReadFix(info);
+    if (!fix) return SentenceResult::Drop;
+    info = "$" + fix->latitude + symbol->table + fix->longitude + symbol->code + fix->motion;
+    return SentenceResult::Position;
 }
 
 } // namespace halvern

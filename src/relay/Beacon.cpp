@@ -52,11 +52,11 @@ void Send(Halvern& halvern, const Beacon& beacon, Road roads)
 }
 
 /// The engine sees the status first, the air the position.
-void TellEngine(Halvern& halvern, const Beacon& beacon)
+void TellEngine(Halvern& halvern, const Beacon& beacon, std::string_view tag = "POSOUT")
 {
     for (const auto* packet : {&beacon.status, &beacon.position}) {
         auto line = packet->psk63Line; // the packet as a text line, path and all
-        ProcessPacket(halvern, line, "POSOUT");
+        ProcessPacket(halvern, line, tag);
     }
 }
 
@@ -138,6 +138,15 @@ void BeaconTick(Halvern& halvern)
     RepeatByPsk63(halvern, beacon);
     TakeStep(halvern, beacon);
     timer.SetEnabled(true);
+}
+
+void BeaconFix(Halvern& halvern, const Fix& fix)
+{
+    const auto& setUp = halvern.SetUpfrm;
+    const auto position = OwnPosition(setUp, fix.latitude, fix.longitude, fix.motion);
+    const Beacon beacon{PacketOf(halvern, position), PacketOf(halvern, OwnStatus(setUp))};
+    TellEngine(halvern, beacon, "GPS");
+    Send(halvern, beacon, Road::Radio | Road::Psk63);
 }
 
 void BeaconNow(Halvern& halvern)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "protocol/Fix.h"
 #include "state/Halvern.h"
 
 /// The station's own position and status: fast at first, then at a rate that follows from the length of the path.
@@ -11,6 +12,10 @@ namespace halvern {
 ///
 /// A weather symbol or a bad path ends in a timer that stays off.
 void BeaconTick(Halvern& halvern);
+
+/// Sends what a GPS tells, and the status, on radio and PSK63, in the place of the schedule. There is no range
+/// information in it: a station that moves has none.
+void BeaconFix(Halvern& halvern, const Fix& fix);
 
 /// Sends the position in row 0 of the store at once, on every open port, without touching the schedule.
 void BeaconNow(Halvern& halvern);

@@ -77,6 +77,11 @@ struct Halvern {
         return ConMdiFrm.PortTnc.Checked() || ConMdiFrm.SoundSoc.Connected() || ConMdiFrm.InternetSoc.Connected() ||
                ConMdiFrm.Psk63Soc.Connected();
     }
+    /// Of the ports that a GPS needs beside it, is one open?
+    bool AnyRadioPortOpen() const
+    {
+        return ConMdiFrm.MSComm1.IsOpen() || ConMdiFrm.SoundSoc.Connected() || ConMdiFrm.Psk63Soc.Connected();
+    }
 };
 
 } // namespace halvern

@@ -34,10 +34,16 @@ std::string OwnPosition(const SetUpForm& setUp)
 
 std::string OwnPosition(const SetUpForm& setUp, const std::string& phg)
 {
+    return OwnPosition(
+        setUp, setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() + setUp.LatSigntxt.Text(),
+        setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." + setUp.LonDectxt.Text() + setUp.LonSigntxt.Text(), phg);
+}
+
+std::string OwnPosition(const SetUpForm& setUp, const std::string& latitude, const std::string& longitude,
+                        const std::string& extension)
+{
     const auto symbol = OwnSymbol(setUp);
-    return "=" + setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() +
-           setUp.LatSigntxt.Text() + symbol[0] + setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." +
-           setUp.LonDectxt.Text() + setUp.LonSigntxt.Text() + symbol[1] + phg + " " + setUp.CommentTXT.Text();
+    return "=" + latitude + symbol[0] + longitude + symbol[1] + extension + " " + setUp.CommentTXT.Text();
 }
 
 std::string OwnStatus(const SetUpForm& setUp)

@@ -22,6 +22,9 @@ std::string OwnPhg(const SetUpForm& setUp, const std::string& behind = "");
 std::string OwnPosition(const SetUpForm& setUp);
 /// The same with another text in the place of the range information.
 std::string OwnPosition(const SetUpForm& setUp, const std::string& phg);
+/// The same for another place than the settings tell, each coordinate with its side.
+std::string OwnPosition(const SetUpForm& setUp, const std::string& latitude, const std::string& longitude,
+                        const std::string& extension);
 
 /// ">" and the status text.
 std::string OwnStatus(const SetUpForm& setUp);
