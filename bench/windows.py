@@ -36,13 +36,13 @@ def report(number, drift):
 
 
 class Station:
-    """The console with its windows, and what the system says of it."""
+    """The console, and what the system says of it."""
 
-    def __init__(self, build, folder):
+    def __init__(self, build, folder, *options):
         environment = dict(os.environ, QT_LOGGING_RULES="default.warning=false", XDG_RUNTIME_DIR=folder)
         if not (os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY")):
             environment["QT_QPA_PLATFORM"] = f"offscreen:configfile={ROOT}/data/demo/screen.json"
-        self.process = subprocess.Popen([build / "halvern-console", "--windows", folder], stdin=subprocess.PIPE,
+        self.process = subprocess.Popen([build / "halvern-console", *options, folder], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, text=True, env=environment, errors="replace")
 
     def say(self, *lines):
@@ -62,9 +62,9 @@ class Station:
         fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
         return (int(fields[11]) + int(fields[12])) / TICKS
 
-    def memory(self):
+    def memory(self, what="VmRSS"):
         status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
-        return int(next(line for line in status.splitlines() if line.startswith("VmRSS")).split()[1]) / 1024
+        return int(next(line for line in status.splitlines() if line.startswith(what)).split()[1]) / 1024
 
     def quit(self):
         self.process.stdin.write("quit\n")
@@ -121,12 +121,12 @@ def main():
         starts = []
         for _ in range(5):
             begun = time.monotonic()
-            station = Station(build, name)
+            station = Station(build, name, "--windows")
             station.say("view")
             starts.append(time.monotonic() - begun)
             station.quit()
         print(f"start to first map: {sorted(starts)[2]:.2f} s (median of 5)")
-        station = Station(build, name)
+        station = Station(build, name, "--windows")
         station.say("view")
         print(f"memory at start: {station.memory():.0f} MB")
         station.say(*[f"click ConMdiFrm.FrmMenu({window})" for window in (2, 3, 4, 5, 6, 7, 8)])
@@ -144,4 +144,5 @@ def main():
         station.quit()
 
 
-main()
+if __name__ == "__main__":
+    main()

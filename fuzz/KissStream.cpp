@@ -48,12 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     main.KissRxBuffer.clear();
     main.SoundRxBuffer.clear();
 
-    EndMarkCutter cutter(main.MSComm1.EndMark, [&](std::string_view piece) {
-        main.MSComm1.Arrived(piece);
-        Require(main.KissRxBuffer.find(FrameEnd, 1) == std::string::npos, "no whole frame stays behind its own end");
-    });
+    EndMarkCutter cutter(main.MSComm1.Framing);
     cutter.Take(stream);
-    cutter.Flush();
+    while (const auto frame = cutter.Next()) {
+        main.MSComm1.Arrived(*frame);
+        Require(main.KissRxBuffer.empty(), "nothing of a frame stays behind its own end");
+    }
 
     const std::size_t length = data[0] + 1u;
     std::size_t arrived = 0;

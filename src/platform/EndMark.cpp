@@ -2,28 +2,32 @@
 #include "platform/EndMark.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace halvern {
 
 void EndMarkCutter::Take(std::string_view bytes)
 {
-    while (!bytes.empty()) {
-        const auto found = mark ? bytes.find(*mark) : bytes.size() - 1;
-        const auto room = LongestPiece - piece.size();
-        const auto count = std::min({found == std::string_view::npos ? bytes.size() : found + 1, bytes.size(), room});
-        piece += bytes.substr(0, count);
-        bytes.remove_prefix(count);
-        const bool ended = found != std::string_view::npos && count == found + 1;
-        if (ended || piece.size() >= LongestPiece) Flush();
-    }
+    arrived.erase(0, std::exchange(at, 0));
+    arrived += bytes;
 }
 
-void EndMarkCutter::Flush()
+std::optional<std::string> EndMarkCutter::Next()
 {
-    if (piece.empty()) return;
-    const std::string whole = std::exchange(piece, {}); // the receiver may close the port, which drops the piece
-    deliver(whole);
+    if (!framing.mark && at < arrived.size()) return arrived.substr(std::exchange(at, arrived.size()));
+    while (at < arrived.size()) {
+        if (piece.empty() && !tooLong) at = std::min(arrived.find_first_not_of(*framing.mark, at), arrived.size());
+        const auto found = arrived.find(*framing.mark, at);
+        const auto end = found == std::string::npos ? arrived.size() : found + 1;
+        tooLong = tooLong || piece.size() + (end - at) > framing.longest;
+        if (!tooLong) piece.append(arrived, at, end - at);
+        at = end;
+        if (found == std::string::npos) break;
+        auto whole = Rest();
+        if (std::exchange(tooLong, false)) continue;
+        if (framing.opens) whole.insert(whole.begin(), *framing.mark);
+        return whole;
+    }
+    return {};
 }
 
 } // namespace halvern

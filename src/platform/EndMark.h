@@ -1,41 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace halvern {
 
 inline constexpr char FrameEnd = '\xC0'; ///< the end mark of KISS ports: FEND, byte 192
 
+/// How the bytes of a port fall into events; declared where the port is.
+struct Framing {
+    std::optional<char> mark{}; ///< ends an event; none: each arrival is an event
+    std::size_t longest = 0;    ///< bytes of an event, its end mark included; a longer one is dropped up to its mark
+    bool opens = false;         ///< the mark stands in front as well, where one may close an event and open the next
+    int greetingMs = 0;         ///< so long a quiet ends the first event of a connection too; 0: no quiet does
+};
+
+inline constexpr Framing TextLines{.mark = '\n', .longest = 2000};
+/// Of a server that greets whoever connects, at times without a line end.
+inline constexpr Framing ServerLines{.mark = '\n', .longest = TextLines.longest, .greetingMs = 5000};
+inline constexpr Framing KissFrames{.mark = FrameEnd, .longest = 4096, .opens = true};
+
 /// Cuts a byte stream into events that never reach past an end mark, however the stream arrives.
 ///
-/// An event is everything up to and with the next end mark. What has no end mark yet waits here; the owner of the
-/// clock calls Flush after `QuietMs` without a byte, and a piece that grows to `LongestPiece` goes out as it is, so
-/// that a stream without marks can't grow without bound.
+/// An event is everything up to and with the next end mark. An end mark with nothing before it is no event. What has no
+/// end mark yet waits here, and never takes more room than the longest event.
 class EndMarkCutter {
 public:
-    static constexpr int QuietMs = 5000;
-    static constexpr std::size_t LongestPiece = 65536;
+    explicit EndMarkCutter(const Framing& framing) : framing(framing) {}
 
-    using Deliver = std::function<void(std::string_view)>;
-
-    explicit EndMarkCutter(std::optional<char> mark, Deliver deliver) : mark(mark), deliver(std::move(deliver)) {}
-
-    /// Takes what has arrived and delivers each piece that it ends. Without a mark each arrival is an event.
+    /// Takes what has arrived; Next cuts it.
     void Take(std::string_view bytes);
-    /// Delivers the unfinished piece, if there is one.
-    void Flush();
-    /// Forgets the unfinished piece.
-    void Drop() { piece.clear(); }
+    /// The next whole event; nothing until more arrives.
+    std::optional<std::string> Next();
+    /// Takes the unfinished event as it stands, once Next has cut all before it.
+    std::string Rest() { return std::exchange(piece, {}); }
     bool Holding() const { return !piece.empty(); }
 
 private:
-    std::optional<char> mark;
-    Deliver deliver;
-    std::string piece;
+    Framing framing;
+    std::string arrived;
+    std::size_t at = 0; ///< where the rest of `arrived` begins
+    std::string piece;  ///< the unfinished event
+    bool tooLong = false;
 };
 
 } // namespace halvern

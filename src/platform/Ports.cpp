@@ -15,6 +15,11 @@ std::string Port::ReadAll()
     return std::exchange(waiting, {});
 }
 
+void Port::Keep(std::string_view bytes)
+{
+    if (waiting.size() < MostWaiting) waiting += bytes; // a full buffer loses what comes, as a port's own does
+}
+
 std::optional<PortError> SerialPort::Open()
 {
     if (device == nullptr) return PortError{8002, Name(), "Invalid port number"};
@@ -41,7 +46,7 @@ void SerialPort::DiscardOutput()
 
 void SerialPort::Arrived(std::string_view bytes)
 {
-    waiting += bytes;
+    Keep(bytes);
     if (ReceiveThreshold == 0 || waiting.size() < ReceiveThreshold || !OnReceive) return;
     Directory().Dispatch([this] { OnReceive(ReceivedBytes); });
 }
@@ -72,7 +77,7 @@ void Socket::Write(std::string_view bytes)
 
 void Socket::Arrived(std::string_view bytes)
 {
-    waiting += bytes;
+    Keep(bytes);
     if (OnReceive) Directory().Dispatch(OnReceive);
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Controls.h"
+#include "platform/EndMark.h"
 
 /// Serial ports and TCP sockets as controls. The behaviour talks to these; what moves the bytes is a device that the
 /// platform puts behind each of them: a real one, or a simulated one.
@@ -46,13 +47,13 @@ public:
 /// Events and bytes of a port, in both kinds.
 class Port : public Control {
 public:
-    using Control::Control;
+    Port(Form& form, std::string_view name, const halvern::Framing& framing) : Control(form, name), Framing(framing) {}
 
-    /// The byte that ends what belongs together on this port (a line feed, a frame end), or none. A real device
-    /// delivers bytes in events that never reach past one; a simulated one delivers events as they are given.
-    std::optional<char> EndMark;
+    /// What belongs together on this port. A real device delivers its bytes in such events; a simulated one delivers
+    /// events as they are given.
+    halvern::Framing Framing;
 
-    /// Takes all that is waiting.
+    /// Takes all that is waiting. What nobody takes is kept up to `MostWaiting` bytes; from then on events are lost.
     std::string ReadAll();
     std::size_t Waiting() const { return waiting.size(); }
     void DiscardInput() { waiting.clear(); }
@@ -61,6 +62,9 @@ public:
     virtual void Arrived(std::string_view bytes) = 0;
 
 protected:
+    static constexpr std::size_t MostWaiting = 65536;
+    void Keep(std::string_view bytes);
+
     std::string waiting;
 };
 
@@ -69,10 +73,7 @@ inline constexpr int ReceivedBytes = 2;
 
 class SerialPort final : public Port {
 public:
-    SerialPort(Form& form, std::string_view name, std::optional<char> endMark = {}) : Port(form, name)
-    {
-        EndMark = endMark;
-    }
+    SerialPort(Form& form, std::string_view name, const halvern::Framing& framing = {}) : Port(form, name, framing) {}
 
     int PortNumber = 0;
     std::string Settings;
@@ -95,10 +96,9 @@ public:
 class Socket final : public Port {
 public:
     Socket(Form& form, std::string_view name, std::string host, int port, int timeoutMs,
-           std::optional<char> endMark = {})
-        : Port(form, name), HostName(std::move(host)), RemotePort(port), TimeoutMs(timeoutMs)
+           const halvern::Framing& framing = {})
+        : Port(form, name, framing), HostName(std::move(host)), RemotePort(port), TimeoutMs(timeoutMs)
     {
-        EndMark = endMark;
     }
 
     std::string HostName;

@@ -115,12 +115,12 @@ struct MainForm : Form {
     Label StatusBar2{*this, "StatusBar2"}; ///< the pointer's position on the map, east positive
 
     // Ports
-    SerialPort MSComm1{*this, "MSComm1", FrameEnd};
-    SerialPort WeatherCom{*this, "WeatherCom", '\r'};
+    SerialPort MSComm1{*this, "MSComm1", KissFrames};
+    SerialPort WeatherCom{*this, "WeatherCom", {.mark = '\r', .longest = 2000}};
     SerialPort GpsCom{*this, "GpsCom"};
-    Socket InternetSoc{*this, "InternetSoc", "", 0, 10000, '\n'};
-    Socket SoundSoc{*this, "SoundSoc", "127.0.0.1", 4000, 1000, FrameEnd};
-    Socket Psk63Soc{*this, "Psk63Soc", "127.0.0.1", 3131, 1000, '\n'};
+    Socket InternetSoc{*this, "InternetSoc", "", 0, 10000, ServerLines};
+    Socket SoundSoc{*this, "SoundSoc", "127.0.0.1", 4000, 1000, KissFrames};
+    Socket Psk63Soc{*this, "Psk63Soc", "127.0.0.1", 3131, 1000, TextLines};
 
     // Timers
     Timer Timer2{*this, "Timer2"};

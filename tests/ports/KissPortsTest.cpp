@@ -46,6 +46,7 @@ TEST_F(KissPorts, FindTheFrameInWhateverComes)
         {"one FEND between two", {frame, inside}, 1},
         {"a carriage return behind", {frame.substr(0, frame.size() - 1) + "\r" + Fend}, 1},
         {"another command and port", {Fend + "\x17" + frame.substr(2)}, 1},
+        {"a frame too long", {Fend + std::string(100000, 'x'), "x" + Fend, frame}, 1},
         {"no frame", {Fend + "\0garbage"s + Fend}, 0},
     };
     for (const auto& each : cases) {

@@ -72,7 +72,7 @@ Login LoginOf(std::string_view line)
 /// One connection: what it has said of itself, and how far the file has been played to it.
 struct Client {
     std::unique_ptr<QTcpSocket> socket;
-    std::unique_ptr<EndMarkCutter> lines;
+    EndMarkCutter lines{TextLines};
     std::string name;
     bool loggedIn = false, verified = false;
     QElapsedTimer clock;    ///< since the login
@@ -115,11 +115,10 @@ private:
             client.socket.reset(socket);
             socket->setParent(nullptr);
             client.name = "client " + std::to_string(++welcomed);
-            client.lines = std::make_unique<EndMarkCutter>(
-                '\n', [this, &client](std::string_view line) { Hear(client, WithoutEnd(line)); });
-            QObject::connect(socket, &QTcpSocket::readyRead, [&client] {
+            QObject::connect(socket, &QTcpSocket::readyRead, [this, &client] {
                 const auto bytes = client.socket->readAll();
-                client.lines->Take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+                client.lines.Take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+                while (const auto line = client.lines.Next()) Hear(client, WithoutEnd(*line));
             });
             QObject::connect(
                 socket, &QTcpSocket::disconnected, socket, [this, &client] { Forget(client); }, Qt::QueuedConnection);

@@ -10,65 +10,85 @@ namespace {
 
 /// How long events are delivered before the windows get their turn, in ms: a burst does not cost a repaint an event.
 constexpr int LongestTurn = 20;
+/// Bytes that are cut at a time.
+constexpr qint64 ReadAtOnce = 16384;
+
+std::string_view BytesOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
 
 } // namespace
 
-EventFeed::EventFeed(Port& port)
-    : port(port), cutter(port.EndMark, [this](std::string_view piece) { events.emplace_back(piece); })
+EventFeed::EventFeed(Port& port, QIODevice& line) : port(port), line(line), cutter(port.Framing)
 {
     quiet.setSingleShot(true);
-    quiet.setInterval(EndMarkCutter::QuietMs);
     quiet.setTimerType(Qt::PreciseTimer);
     turn.setSingleShot(true);
     turn.setInterval(0);
-    QObject::connect(&quiet, &QTimer::timeout, [this] {
-        cutter.Flush();
-        Pump();
-    });
     QObject::connect(&turn, &QTimer::timeout, [this] { Pump(); });
+    QObject::connect(&quiet, &QTimer::timeout, [this] {
+        greeting = false;
+        this->port.Arrived(cutter.Rest());
+    });
+    // Queued, because a handler may open a dialog, and a line does not signal anew from within its own signal.
+    QObject::connect(
+        &line, &QIODevice::readyRead, &turn, [this] { Pump(); }, Qt::QueuedConnection);
 }
 
-void EventFeed::Take(std::string_view bytes)
+void EventFeed::Start()
 {
-    if (bytes.empty()) return;
-    cutter.Take(bytes);
-    if (cutter.Holding())
-        quiet.start();
-    else
-        quiet.stop();
-    Pump();
+    Drop();
+    cutter = EndMarkCutter(port.Framing);
+    listening = true;
+    greeting = port.Framing.greetingMs > 0;
+    turn.start(); // bytes may have come already
+}
+
+void EventFeed::TakeRest()
+{
+    if (listening && line.bytesAvailable() > 0) cutter.Take(BytesOf(line.read(line.bytesAvailable())));
 }
 
 void EventFeed::Finish(std::function<void()> then)
 {
-    quiet.stop();
-    cutter.Flush();
     atEnd = std::move(then);
     Pump();
 }
 
 void EventFeed::Drop()
 {
+    listening = false;
     quiet.stop();
     turn.stop();
-    cutter.Drop();
-    events.clear();
     atEnd = nullptr;
+}
+
+std::optional<std::string> EventFeed::Next()
+{
+    for (;;) {
+        if (auto event = cutter.Next()) return event;
+        const auto bytes = line.isOpen() ? line.read(ReadAtOnce) : QByteArray();
+        if (bytes.isEmpty()) return {};
+        cutter.Take(BytesOf(bytes));
+    }
 }
 
 void EventFeed::Pump()
 {
+    if (!listening) return;
     QElapsedTimer clock;
     clock.start();
-    while (!events.empty()) {
-        const std::string event = std::move(events.front());
-        events.pop_front();
-        if (!events.empty() || atEnd) turn.start(); // for the loop of a dialog that the handler may open
-        port.Arrived(event);
-        if (clock.hasExpired(LongestTurn)) return;
+    quiet.stop();
+    while (const auto event = Next()) {
+        turn.start(); // for the loop of a dialog that the handler may open
+        greeting = false;
+        port.Arrived(*event);
+        if (!listening || clock.hasExpired(LongestTurn)) return;
     }
     turn.stop();
-    if (const auto then = std::exchange(atEnd, nullptr)) then();
+    if (const auto then = std::exchange(atEnd, nullptr)) return then();
+    if (greeting && cutter.Holding()) quiet.start(port.Framing.greetingMs);
 }
 
 } // namespace halvern

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <deque>
 #include <functional>
-#include <string>
 
+#include <QIODevice>
 #include <QTimer>
 
 #include "platform/EndMark.h"
@@ -14,25 +13,32 @@ namespace halvern {
 
 /// The receiving half of a real port: turns the bytes of a line into events for its control.
 ///
-/// Events keep their order even when the handler of one opens a dialog: what is left goes on from the dialog's own
-/// loop, so that a question on the screen does not stop the ports.
+/// It reads no more than the station keeps up with: what comes faster waits in the line's own buffer (the device limits
+/// it to `LineBuffer`) and then at the sender. Events keep their order even when the handler of one opens a dialog:
+/// what is left goes on from the dialog's own loop, so that a question on the screen does not stop the ports.
 class EventFeed {
 public:
-    explicit EventFeed(Port& port);
+    static constexpr qint64 LineBuffer = 65536;
 
-    /// Bytes have come in.
-    void Take(std::string_view bytes);
-    /// No more bytes will come: delivers what is there, whole or not, then calls `then` once.
+    EventFeed(Port& port, QIODevice& line);
+
+    /// The line is up: what it brings from now on is delivered.
+    void Start();
+    /// The line is about to close itself: keeps what its buffer holds.
+    void TakeRest();
+    /// No more bytes will come: delivers the whole events that are there, then calls `then` once.
     void Finish(std::function<void()> then);
-    /// Forgets all that was not delivered.
+    /// Forgets all that was not delivered, and delivers no more.
     void Drop();
 
 private:
     void Pump();
+    std::optional<std::string> Next();
 
     Port& port;
+    QIODevice& line;
     EndMarkCutter cutter;
-    std::deque<std::string> events;
+    bool listening = false, greeting = false;
     std::function<void()> atEnd;
     QTimer quiet, turn;
 };

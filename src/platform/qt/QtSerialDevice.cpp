@@ -35,12 +35,11 @@ constexpr std::pair<std::string_view, QSerialPort::StopBits> StopBits[] = {
 
 } // namespace
 
-QtSerialDevice::QtSerialDevice(SerialPort& port, PortMap devices) : port(port), devices(std::move(devices)), feed(port)
+QtSerialDevice::QtSerialDevice(SerialPort& port, PortMap devices)
+    : port(port), devices(std::move(devices)), feed(port, line)
 {
     port.device = this;
-    // Queued, because a handler may open a dialog or close the port from within the signal.
-    QObject::connect(
-        &line, &QSerialPort::readyRead, &line, [this] { ReadAll(); }, Qt::QueuedConnection);
+    line.setReadBufferSize(EventFeed::LineBuffer);
     QObject::connect(
         &line, &QSerialPort::errorOccurred, &line, [this](QSerialPort::SerialPortError error) { WentWrong(error); },
         Qt::QueuedConnection);
@@ -60,7 +59,10 @@ std::optional<PortError> QtSerialDevice::Open(int number, const std::string& set
     const auto path = found == known.end() ? std::string() : found->second;
     line.setPortName(QString::fromStdString(path));
     if (path.empty() || !line.open(QIODevice::ReadWrite)) return Refusal(number, path);
-    if (Configure(settings)) return {};
+    if (Configure(settings)) {
+        feed.Start();
+        return {};
+    }
     const auto reason = line.errorString().toStdString();
     Close();
     const auto source = port.Name().substr(port.Name().find('.') + 1);
@@ -125,19 +127,12 @@ void QtSerialDevice::Write(std::string_view bytes)
     line.flush();
 }
 
-void QtSerialDevice::ReadAll()
-{
-    if (!line.isOpen()) return;
-    const QByteArray bytes = line.readAll();
-    feed.Take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-}
-
 void QtSerialDevice::WentWrong(QSerialPort::SerialPortError error)
 {
     if (error != QSerialPort::ResourceError && error != QSerialPort::ReadError) return;
     if (!line.isOpen() || line.error() != error) return; // an older connection's
-    ReadAll();
-    if (line.isOpen()) line.close();
+    feed.TakeRest();
+    line.close();
     feed.Finish({});
 }
 

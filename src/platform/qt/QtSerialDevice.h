@@ -34,14 +34,13 @@ public:
 
 private:
     bool Configure(const std::string& settings);
-    void ReadAll();
     void WentWrong(QSerialPort::SerialPortError error);
     PortError Refusal(int number, const std::string& path) const;
 
     SerialPort& port;
     PortMap devices;
-    EventFeed feed;
     QSerialPort line;
+    EventFeed feed;
 };
 
 } // namespace halvern

@@ -42,12 +42,12 @@ QList<QHostAddress> AddressesOf(const std::string& host, const QDeadlineTimer& d
 
 } // namespace
 
-QtSocketDevice::QtSocketDevice(Socket& port) : port(port), feed(port)
+QtSocketDevice::QtSocketDevice(Socket& port) : port(port), feed(port, link)
 {
     port.device = this;
-    // Queued, because a handler may open a dialog, and the socket does not signal anew from within its own signal.
-    QObject::connect(
-        &link, &QTcpSocket::readyRead, &link, [this] { ReadAll(); }, Qt::QueuedConnection);
+    link.setReadBufferSize(EventFeed::LineBuffer);
+    // A connection that breaks while the station writes closes itself, and its buffer goes with it.
+    QObject::connect(&link, &QTcpSocket::aboutToClose, &link, [this] { feed.TakeRest(); });
     QObject::connect(
         &link, &QTcpSocket::disconnected, &link, [this] { PeerClosed(); }, Qt::QueuedConnection);
 }
@@ -72,8 +72,10 @@ int QtSocketDevice::Connect(const std::string& host, int portNumber, int timeout
         if (open) break;
         link.abort();
     }
-    if (open) link.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    return open ? 0 : 1 + std::max<int>(0, link.error());
+    if (!open) return 1 + std::max<int>(0, link.error());
+    link.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    feed.Start();
+    return 0;
 }
 
 void QtSocketDevice::Disconnect()
@@ -92,17 +94,9 @@ void QtSocketDevice::Write(std::string_view bytes)
     link.flush();
 }
 
-void QtSocketDevice::ReadAll()
-{
-    if (!open) return;
-    const QByteArray bytes = link.readAll();
-    feed.Take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-}
-
 void QtSocketDevice::PeerClosed()
 {
     if (!open || link.state() == QAbstractSocket::ConnectedState) return; // our own close, or an older connection's
-    ReadAll();
     open = false;
     feed.Finish([this] { port.HungUp(); });
 }

@@ -23,13 +23,12 @@ public:
     void Write(std::string_view bytes) override;
 
 private:
-    void ReadAll();
     void PeerClosed();
 
     Socket& port;
-    EventFeed feed;
     bool open = false; ///< connected by us, and neither end has closed since
     QTcpSocket link;
+    EventFeed feed;
 };
 
 } // namespace halvern

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QElapsedTimer>
 #include <QTcpServer>
 
@@ -17,8 +18,7 @@ using Events = std::vector<std::string>;
 
 struct PortForm : Form {
     explicit PortForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
-    Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, '\n'};
-    Socket Raw{*this, "Raw", "127.0.0.1", 0, 1000};
+    Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, {.mark = '\n', .longest = 2000, .greetingMs = 50}};
 };
 
 /// A server on this machine, and a port of ours that notes its events.
@@ -49,29 +49,25 @@ struct SocketTest : ::testing::Test {
 
     Controls all;
     PortForm form{all};
-    QtSocketDevice lines{form.Lines}, raw{form.Raw};
+    QtSocketDevice lines{form.Lines};
     QTcpServer server;
     std::unique_ptr<QTcpSocket> peer;
     Events events;
 };
 
-TEST_F(SocketTest, WithoutAnEndMarkEachArrivalIsAnEvent)
-{
-    Open(form.Raw);
-    Send("half");
-    Received(1);
-    Send("\xC0\n\xFF");
-    EXPECT_EQ(Received(2), (Events{"half", "\xC0\n\xFF"}));
-}
-
-TEST_F(SocketTest, AnUnfinishedLineIsDeliveredAfterFiveQuietSeconds)
+TEST_F(SocketTest, AQuietEndsTheGreetingAndNothingElse)
 {
     Open(form.Lines);
     Send("# no line end");
-    RunFor(4000);
-    EXPECT_TRUE(events.empty());
-    EXPECT_TRUE(RunUntil([&] { return !events.empty(); }, 3000));
-    EXPECT_EQ(events, Events{"# no line end"});
+    EXPECT_EQ(Received(1), Events{"# no line end"});
+    Send("ha");
+    RunFor(200);
+    Send("lf\nhal");
+    EXPECT_EQ(Received(2), (Events{"# no line end", "half\n"}));
+    peer->close();
+    EXPECT_TRUE(RunUntil([&] { return !form.Lines.Connected(); }));
+    RunFor(100);
+    EXPECT_EQ(events.size(), 2U) << "what is unfinished at a close belongs to nobody";
 }
 
 TEST_F(SocketTest, AHangUpComesAfterTheLastBytes)
@@ -81,15 +77,49 @@ TEST_F(SocketTest, AHangUpComesAfterTheLastBytes)
         events.push_back("hung up");
     };
     Open(form.Lines);
-    Send("one\ntwo\nrest");
-    peer->close();
-    EXPECT_EQ(Received(4), (Events{"one\n", "two\n", "rest", "hung up"}));
+    Events expected;
+    for (int i = 0; i < 100000; ++i) expected.push_back("line " + std::to_string(i) + "\n");
+    for (const auto& line : expected) peer->write(line.c_str());
+    peer->disconnectFromHost();
+    expected.push_back("hung up");
+    EXPECT_EQ(Received(expected.size()), expected);
     form.Lines.Write("lost"); // nothing must come of it
     Open(form.Lines);
     Send("again\n");
     EXPECT_EQ(Received(1), Events{"again\n"});
     peer->close();
     EXPECT_EQ(Received(2), (Events{"again\n", "hung up"})) << "and no empty line";
+}
+
+TEST_F(SocketTest, ABreakDuringAWriteLosesNothingThatCameBefore)
+{
+    Open(form.Lines);
+    form.Lines.OnReceive = [&] {
+        events.push_back(form.Lines.ReadAll());
+        peer->abort();
+        for (int i = 0; i < 3; ++i) form.Lines.Write("x");
+    };
+    std::string lines;
+    for (int i = 0; i < 5000; ++i) lines += "line\n";
+    Send(lines);
+    EXPECT_EQ(Received(5000).size(), 5000U);
+}
+
+TEST_F(SocketTest, AStreamIsReadNoFasterThanTheStationTakesIt)
+{
+    QByteArray stream;
+    for (int i = 0; i < 1000000; ++i) stream += "line\n";
+    QBuffer line(&stream);
+    line.open(QIODevice::ReadOnly);
+    EventFeed feed(form.Lines, line);
+    qint64 taken = 0, ahead = 0;
+    form.Lines.OnReceive = [&] {
+        taken += static_cast<qint64>(form.Lines.ReadAll().size());
+        ahead = std::max(ahead, line.pos() - taken);
+    };
+    feed.Start();
+    EXPECT_TRUE(RunUntil([&] { return taken == stream.size(); }));
+    EXPECT_LE(ahead, EventFeed::LineBuffer);
 }
 
 TEST_F(SocketTest, NothingIsDeliveredOnceThePortIsClosed)

@@ -33,7 +33,7 @@ public:
 private:
     struct Link {
         std::unique_ptr<QTcpSocket> socket;
-        std::unique_ptr<EndMarkCutter> cutter;
+        EndMarkCutter cutter{KissFrames};
     };
     void Welcome()
     {
@@ -43,16 +43,14 @@ private:
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             auto& link = links.emplace_back();
             link.socket.reset(socket);
-            link.cutter = std::make_unique<EndMarkCutter>(
-                FrameEnd, [this, number](std::string_view piece) { HandOn(number, piece); });
-            QObject::connect(socket, &QTcpSocket::readyRead,
-                             [this, number, socket] { links[number].cutter->Take(socket->readAll().toStdString()); });
+            QObject::connect(socket, &QTcpSocket::readyRead, [this, number, socket] {
+                links[number].cutter.Take(socket->readAll().toStdString());
+                while (const auto frame = links[number].cutter.Next()) HandOn(number, *frame);
+            });
         }
     }
-    void HandOn(std::size_t from, std::string_view piece)
+    void HandOn(std::size_t from, const std::string& frame)
     {
-        if (piece.size() < 2) return; // the mark in front of a frame
-        const auto frame = FrameEnd + std::string(piece);
         Lines.push_back(LineOfFrame(frame));
         for (std::size_t to = 0; to < links.size(); ++to) {
             if (to == from || !Reaches(from, to)) continue;
