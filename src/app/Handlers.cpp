@@ -32,6 +32,7 @@
 #include "relay/PathBuilder.h"
 #include "reports/Query.h"
 #include "reports/StationMarks.h"
+#include "reports/WeatherGraph.h"
 #include "view/ChildWindows.h"
 #include "view/Geometry.h"
 #include "view/Phg.h"
@@ -271,6 +272,20 @@ void ConnectHistory(Halvern& halvern)
     filter.OnUnload = [&] { main.JustMenu.SetEnabled(true); };
 }
 
+void ConnectWeather(Halvern& halvern)
+{
+    auto& form = halvern.WeatherFrm;
+    form.CallSignTxt.OnLeave = [&] { RaiseCase(form.CallSignTxt); };
+    form.ComputeCmd.OnClick = [&] { ComputeWeather(halvern); };
+    halvern.GraphFrm.CloseCmd.OnClick = [&] { halvern.GraphFrm.Hide(); };
+    auto& compass = halvern.CompassFrm;
+    compass.OnActivate = [&] { ShowFirstWind(compass); };
+    compass.RunSimulation.OnClick = [&] { RunWindSimulation(halvern); };
+    compass.CancelButton.OnClick = [&] { compass.Hide(); };
+    compass.OnCloseBox = [&] { compass.Unload(); };
+    compass.OnUnload = [&] { ForgetWind(compass); };
+}
+
 void ConnectQuery(Halvern& halvern)
 {
     halvern.ConMdiFrm.QueryMenu.OnClick = [&] { OpenQuery(halvern); };
@@ -296,6 +311,7 @@ void ConnectHandlers(Halvern& halvern)
     ConnectPathBuilder(halvern);
     ConnectMarks(halvern);
     ConnectHistory(halvern);
+    ConnectWeather(halvern);
     ConnectQuery(halvern);
     halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
         halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());

@@ -32,25 +32,11 @@ struct ListSize {
 constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
                                    {"ChosePrinter.PrinterLst", 6, 36},
                                    {"FindFoundFrm.CallSignLst", 8, 24},
-                                   {"MoveMyObjectFrm.ObjectLst", 6, DialogColumns}};
-
-RowsView* DialogRows(List& list, QWidget* parent)
-{
-    ListSize size{list.Name(), 12, DialogColumns};
-    for (const auto& known : KnownLists)
-        if (known.list == list.Name()) size = known;
-    auto* view = new RowsView(list, {}, parent);
-    BindCommon(view, list);
-    view->WantRows(size.rows);
-    return WideFor(size.columns, view);
-}
-
-/// A list with its label above it.
-void AddList(QVBoxLayout* layout, List& list, RowsView* view)
-{
-    layout->addWidget(LabelFor(view, list));
-    layout->addWidget(view, 1);
-}
+                                   {"MoveMyObjectFrm.ObjectLst", 6, DialogColumns},
+                                   {"GraphFrm.GraphLst", 12, 10},
+                                   {"CompassFrm.CompassLst", 6, 10},
+                                   {"CompassFrm.DirectionLst", 6, 10},
+                                   {"CompassFrm.SpeedLst", 6, 10}};
 
 bool IsRows(const List& list)
 {
@@ -97,6 +83,23 @@ QList<Button*> InOrder(QList<Button*> buttons)
 }
 
 } // namespace
+
+RowsView* DialogRows(List& list, QWidget* parent)
+{
+    ListSize size{list.Name(), 12, DialogColumns};
+    for (const auto& known : KnownLists)
+        if (known.list == list.Name()) size = known;
+    auto* view = new RowsView(list, {}, parent);
+    BindCommon(view, list);
+    view->WantRows(size.rows);
+    return WideFor(size.columns, view);
+}
+
+void AddList(QVBoxLayout* layout, List& list, RowsView* view)
+{
+    layout->addWidget(LabelFor(view, list));
+    layout->addWidget(view, 1);
+}
 
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
 {

@@ -12,9 +12,16 @@ DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent);
 DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeCompassWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);
 /// For every form that has no layout of its own: its controls below each other, its buttons at the foot.
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent);
+
+/// A list of a dialog, as large as what it holds wants it.
+RowsView* DialogRows(List& list, QWidget* parent);
+/// A list with its label above it.
+void AddList(QVBoxLayout* layout, List& list, RowsView* view);
 
 QWidget* MakeMessageWindow(Halvern& halvern);
 QWidget* MakeWeatherWindow(Halvern& halvern);

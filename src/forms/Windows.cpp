@@ -73,12 +73,13 @@ void Windows::AddDialogs()
     windows.emplace(&h.FontFrm, MakeFontWindow(h, main.get()));
     windows.emplace(&h.FindFrm, MakeFindWindow(h, main.get()));
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
+    windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
+    windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, main.get()));
-    for (Form* form :
-         std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm,
-                                      &h.FindFoundFrm, &h.InformationFrm, &h.browfrm, &h.GraphFrm, &h.CompassFrm,
-                                      &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
+    for (Form* form : std::initializer_list<Form*>{
+             &h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm, &h.FindFoundFrm,
+             &h.InformationFrm, &h.browfrm, &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
         windows.emplace(form, MakePlainWindow(h, *form, main.get()));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/Controls.h"
 #include "state/Symbols.h"
@@ -124,6 +125,7 @@ struct GraphForm : Form {
     Label Graph1{*this, "Graph1"};
     std::string BottomTitle, LeftTitle;
     double UpperBound = 0, LowerBound = 0;
+    std::vector<std::string> Times; ///< "dd hh:mm:ss" of each value, beside the graph's own numbers
     Button CloseCmd{*this, "CloseCmd", "&Close"};
 };
 
@@ -136,6 +138,7 @@ struct CompassForm : Form {
     Gauge Slider1{*this, "Slider1"};
     Button RunSimulation{*this, "RunSimulation", "&Run"};
     Button CancelButton{*this, "CancelButton", "&Close"};
+    bool Running = false; ///< the simulation plays
 };
 
 struct ChosePrinterForm : Form {

@@ -65,6 +65,39 @@ inline std::string WithMark(std::string row, char newMark)
     return row;
 }
 
+/// Weather in the raw packets: columns of the information field of a position report, ours or another's.
+namespace weatherRow {
+inline constexpr std::size_t Code = 20;        ///< `_` in a report without a time
+inline constexpr std::size_t StampedCode = 27; ///< `_` in a report with a time; so these are where ours has them:
+inline constexpr ColumnRange StampedDirection{28, 3}, StampedSpeed{32, 3};
+inline constexpr std::size_t ArrivalLength = 8; ///< ddhhmmss, UTC, behind the whole line
+} // namespace weatherRow
+
+/// Data records of an Ultimeter, hexadecimal.
+namespace ultimeterRow {
+inline constexpr ColumnRange Fields{6, ToTheEnd};
+inline constexpr ColumnRange WindPeak{6, 4}, WindAverage{54, 4}; ///< tenths of a kilometre an hour
+inline constexpr ColumnRange WindDirection{12, 2};               ///< sent as it is
+inline constexpr ColumnRange Temperature{14, 4};                 ///< tenths of a degree Fahrenheit, signed
+inline constexpr ColumnRange RainTotal{18, 4}, RainToday{50, 4}; ///< hundredths of an inch
+inline constexpr ColumnRange Barometer{22, 4};                   ///< tenths of a millibar
+inline constexpr ColumnRange Humidity{38, 4};                    ///< tenths of a per cent
+} // namespace ultimeterRow
+
+/// Packet records of a Peet Brothers station, hexadecimal.
+namespace peetRow {
+inline constexpr ColumnRange WindDirection{2, 1}; ///< an index into sixteen points
+inline constexpr ColumnRange WindSpeed{3, 2};     ///< miles an hour behind `*`, kilometres behind `#`
+inline constexpr ColumnRange Temperature{5, 2};   ///< degrees Fahrenheit, 56 more than it is
+} // namespace peetRow
+
+/// Weather reports without a position, as weather programs write them.
+namespace positionlessRow {
+inline constexpr std::size_t DirectionMark = 10; ///< `c`
+inline constexpr ColumnRange FromDirection{11, ToTheEnd};
+inline constexpr ColumnRange SpeedMark{12, 3}; ///< `s` stands in one of these
+} // namespace positionlessRow
+
 /// Records of `OutMsg`, and own objects: the name stands in the same columns.
 namespace queuedRow {
 inline constexpr ColumnRange Name{2, 9};
