@@ -90,13 +90,4 @@ QWidget* MakeDxWindow(Halvern& halvern)
     return StoreWindow(halvern.DxFrm.ResourceLst, look);
 }
 
-QWidget* MakeTelemetryWindow(Halvern&)
-{
-    auto* window = new QWidget;
-    auto* text = new QLabel(QObject::tr("Telemetry stands among the raw packets."), window);
-    text->setAlignment(Qt::AlignCenter);
-    text->setWordWrap(true);
-    return Filled(text, window);
-}
-
 } // namespace halvern
