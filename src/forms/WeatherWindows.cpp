@@ -32,6 +32,9 @@ public:
             series->attachAxis(&values);
         }
         reports.setLabelFormat("%d");
+        reports.setTickType(QValueAxis::TicksDynamic);
+        reports.setTickAnchor(1);
+        values.setLabelFormat("%.4g");
         QObject::connect(&points, &QScatterSeries::hovered, this, [this](const QPointF& point, bool on) {
             if (on)
                 QToolTip::showText(QCursor::pos(), Tip(point), this);
@@ -117,8 +120,10 @@ private:
         chart()->setTitle(Shown(form.Graph1.Caption()));
         reports.setTitleText(Shown(form.BottomTitle));
         values.setTitleText(Shown(form.LeftTitle));
-        reports.setRange(1, std::max(2.0, static_cast<double>(drawn.size())));
-        reports.setTickCount(std::clamp(static_cast<int>(drawn.size()), 2, 9));
+        constexpr double ticks = 8, margin = 0.5; // the first and the last point stand whole within the frame
+        const auto count = std::max(2.0, static_cast<double>(drawn.size()));
+        reports.setRange(1 - margin, count + margin);
+        reports.setTickInterval(std::max(1.0, std::ceil(count / ticks)));
         if (form.UpperBound > form.LowerBound) values.setRange(form.LowerBound, form.UpperBound);
         values.setTickCount(11);
         if (fitted && !drawn.isEmpty()) FitAxis(drawn);

@@ -52,7 +52,7 @@ std::span<const WordEntry> DialogWords()
         {"GraphFrm.GraphLst", "&Values", "One value a report, the oldest first"},
         {"GraphFrm.Graph1", "Graph", ""},
         {"GraphFrm.CloseCmd", "", "Close this window"},
-        {"CompassFrm.CompassLst", "Repor&ts", "The wind reports that were found"},
+        {"CompassFrm.CompassLst", "&Needle", "Where the needle of the form's gauge stands, degrees from its left end"},
         {"CompassFrm.DirectionLst", "D&irections", "Degrees, one a report"},
         {"CompassFrm.SpeedLst", "Sp&eeds", "Miles an hour, one a report"},
         {"CompassFrm.DirGage", "Wind direction", "Direction from which the wind blows, degrees"},
