@@ -63,15 +63,18 @@ bool Replace(Halvern& halvern, const std::string& name, const std::string& bytes
     }
     if (fault.empty()) fault = WriteFile(files, path, bytes, name == ServersFile);
     if (fault.empty()) return true;
-    halvern.Tell(Icon::Critical, path + " could not be written: " + fault + ". It still is as it was.");
+    halvern.Tell(Icon::Critical, files.Shown(path) + " could not be written: " + fault + ". It still is as it was.");
     return false;
 }
 
 void TellUnreadable(Halvern& halvern, const std::string& path, const std::string& why, const std::string& effect)
 {
-    const bool copied = halvern.Outside.files.Exists(path + ".1");
-    halvern.Tell(Icon::Critical, path + " could not be read: " + why + ". " + effect +
-                                     (copied ? " What stood in it before the last save is in " + path + ".1." : ""));
+    const auto& files = halvern.Outside.files;
+    const auto copy = path + ".1";
+    halvern.Tell(
+        Icon::Critical,
+        files.Shown(path) + " could not be read: " + why + ". " + effect +
+            (files.Exists(copy) ? " What stood in it before the last save is in " + files.Shown(copy) + "." : ""));
 }
 
 /// Something that is no plain file has the name: a folder, a pipe, a link that leads nowhere.

@@ -59,7 +59,8 @@ void ShowBitMap(Halvern& halvern)
     auto& main = halvern.ConMdiFrm;
     if (main.BitMapCombo.Count() == 0 && !ListBitmaps(halvern))
         throw RuntimeFailure(failure::FileNotFound,
-                             "File not found: no picture in '" + halvern.ProgramFolder + "\\bitmap'");
+                             "File not found: no picture in '" +
+                                 halvern.Outside.files.Shown(halvern.ProgramFolder + "\\bitmap") + "'");
     ChangeKind(halvern, main.BitMapMenu);
     main.PanMapMenu.SetChecked(false);
     main.Toolbar1Button(1).SetChecked(false);

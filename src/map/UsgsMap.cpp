@@ -31,14 +31,15 @@ void DrawUsgsMap(Halvern& halvern)
 {
     const Waiting waiting(halvern.MapFrm.Map1);
     const auto& view = halvern.Map;
+    const auto& files = halvern.Outside.files;
     const auto regions = RegionsOf(view);
     BothSurfaces surfaces(halvern.MapFrm);
     for (int region = regions.first; region <= regions.last; ++region)
         for (const auto layer : LayersOf(view.MapRange)) {
             const auto file =
                 halvern.ProgramFolder + "\\Mapdata\\S" + ZeroFilled(region, 2) + "_" + std::string(layer) + ".GRF";
-            const auto bytes = halvern.Outside.files.Read(file);
-            if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + file + "'");
+            const auto bytes = files.Read(file);
+            if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + files.Shown(file) + "'");
             ReadTileLines(*bytes, view, surfaces);
         }
     FinishLineMap(halvern);

@@ -158,6 +158,11 @@ std::string DiskFiles::Resolved(const std::string& path) const
     return found.string();
 }
 
+std::string DiskFiles::Shown(const std::string& path) const
+{
+    return shown == PathForm::System ? Resolved(path) : path;
+}
+
 bool DiskFiles::Exists(const std::string& path) const
 {
     std::error_code error;

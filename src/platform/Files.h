@@ -40,11 +40,17 @@ public:
     virtual std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const = 0;
     /// The path as the system has it, with the case of the names that exist.
     virtual std::string Resolved(const std::string& path) const = 0;
+    /// The path as a message to the operator shows it.
+    virtual std::string Shown(const std::string& path) const = 0;
 };
+
+/// How messages show paths: as the system has them, or as they were put together, the same on every system.
+enum class PathForm { System, AsWritten };
 
 /// The machine's own files.
 class DiskFiles final : public Files {
 public:
+    explicit DiskFiles(PathForm shown = PathForm::System) : shown(shown) {}
     bool Exists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
     std::optional<std::string> Read(const std::string& path) const override;
@@ -56,6 +62,10 @@ public:
     std::unique_ptr<OutputFile> OpenForOutput(const std::string& path, std::string& trouble) override;
     std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const override;
     std::string Resolved(const std::string& path) const override;
+    std::string Shown(const std::string& path) const override;
+
+private:
+    PathForm shown;
 };
 
 /// Width and height in pixels of a GIF, PNG, BMP or JPEG file from its head, or nothing for another or a short file.

@@ -82,10 +82,11 @@ PixelSize SizeOfPicture(Halvern& halvern, const std::string& file)
 {
     auto& sizes = halvern.Map.PictureSizes;
     if (const auto known = sizes.find(file); known != sizes.end()) return known->second;
-    const auto bytes = halvern.Outside.files.Read(file);
-    if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + file + "'");
+    const auto& files = halvern.Outside.files;
+    const auto bytes = files.Read(file);
+    if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + files.Shown(file) + "'");
     const auto size = PictureSize(*bytes);
-    if (!size) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture: '" + file + "'");
+    if (!size) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture: '" + files.Shown(file) + "'");
     return sizes.emplace(file, *size).first->second;
 }
 

@@ -184,7 +184,9 @@ TEST_F(Settings, ALinkStaysOneAndTheListOfServersBecomesTheStationsOwn)
     fs::remove(folder.Path() + "/kept/elsewhere"); // a disk that is not there today
     Station station(folder.Path());
     StartProgram(station.halvern);
-    EXPECT_THAT(station.TakeSaid().front(), AllOf(HasSubstr("it is no plain file"), HasSubstr("Halvern.INI.1.")));
+    EXPECT_THAT(station.TakeSaid().front(),
+                AllOf(HasSubstr(folder.Path() + "/Halvern.INI could not be read: it is no plain file"),
+                      HasSubstr("/Halvern.INI.1.")));
 }
 
 TEST_F(Settings, AFullDiskLeavesTheOldFile)

@@ -135,7 +135,7 @@ TEST(MapData, TheListNamesOnlyMapsThatShipAndLeavesNoneOut)
 
 TEST(MapData, TheChosenMapCoversTheViewWhereverLandIsAndShowsSomething)
 {
-    constexpr int tries = 10000, looks = 1000;
+    constexpr int tries = 3000, looks = 300;
     LandPlaces places;
     for (std::size_t row = 0; row < ListSteps.size(); ++row) {
         int outside = 0, empty = 0;

@@ -152,7 +152,7 @@ int RunConsole(const Options& options)
         dialogs.Message(Icon::Critical, owner, ProgramTitle);
         return 1;
     }
-    DiskFiles files;
+    DiskFiles files(options.simulate ? PathForm::AsWritten : PathForm::System);
     const Clock& clock = options.simulate ? static_cast<const Clock&>(simulatedTime) : systemClock;
     Halvern halvern({clock, dialogs, files}, options.directory);
     NotedDrawing map(halvern.MapFrm.Map1), picture(halvern.MapFrm.Pic1);

@@ -39,6 +39,7 @@ public:
         return under.OpenForInput(path, trouble);
     }
     std::string Resolved(const std::string& path) const override { return under.Resolved(path); }
+    std::string Shown(const std::string& path) const override { return under.Shown(path); }
 
 private:
     Files& under;
