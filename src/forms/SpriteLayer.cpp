@@ -10,6 +10,7 @@
 #include "forms/Glyphs.h"
 #include "platform/Files.h"
 #include "platform/qt/Palette.h"
+#include "platform/qt/Pictures.h"
 
 namespace halvern {
 namespace {
@@ -90,18 +91,16 @@ const QPixmap& SymbolPictures::Of(const std::string& file)
 
 QPixmap SymbolPictures::Load(const std::string& file) const
 {
-    const DiskFiles files;
-    const auto path = Shown(files.Resolved(file));
     if (ratio > 1) {
-        const QFileInfo info(path);
+        const QFileInfo info(Shown(DiskFiles().Resolved(file)));
         const auto twice = info.path() + "@2x/" + info.completeBaseName() + ".PNG";
-        QPixmap pixmap(Shown(files.Resolved(Typed(twice))));
+        auto pixmap = QPixmap::fromImage(LoadedPicture(Typed(twice)));
         if (!pixmap.isNull()) {
             pixmap.setDevicePixelRatio(2);
             return pixmap;
         }
     }
-    return QPixmap(path);
+    return QPixmap::fromImage(LoadedPicture(file));
 }
 
 // --- taking over -----------------------------------------------------------------------------------------------------

@@ -92,7 +92,11 @@ void DrawBitmapMap(Halvern& halvern)
         surface->Clear();
         surface->AutoRepaint = true;
     }
-    PaintBitmap(halvern, PictureFolder(halvern) + name);
+    try {
+        PaintBitmap(halvern, PictureFolder(halvern) + name);
+    } catch (const RuntimeFailure& failure) {
+        halvern.Tell(failure); // the stations stand where they are also without a picture below them
+    }
     for (auto* surface : surfaces)
         surface->SetFrame({view.MapLeftLon, view.MapTopLat, view.MapRightLon, view.MapBottomLat});
     if (std::exchange(view.MapLinesDrawn, true)) ReplotStations(halvern);

@@ -47,7 +47,11 @@ void FirstMapActivation(Halvern& halvern)
     auto status = PacketLine(call, NormalDestination, path, OwnStatus(setUp));
     halvern.HeardFrm.HeardGrid.SetCell(1, 0, call);
     halvern.HeardFrm.HeardGrid.SetCell(1, 1, "0");
-    DrawFirstMap(halvern);
+    try {
+        DrawFirstMap(halvern);
+    } catch (const RuntimeFailure& failure) {
+        halvern.Tell(failure); // the station itself needs no map
+    }
     if (halvern.Engine.Ended) return;
     ProcessPacket(halvern, position, "MAP");
     ProcessPacket(halvern, status, "MAP");

@@ -21,6 +21,8 @@ struct OutsideWorld {
     const Clock& clock;
     Dialogs& dialogs;
     Files& files;
+    /// What a picture's bytes measure, nothing for a picture that can't be shown. Who shows none goes by its head.
+    std::optional<PixelSize> (*measure)(std::string_view bytes) = PictureSize;
 };
 
 /// The whole running program as data: what the operator sees is the state, and nothing here acts.
@@ -72,6 +74,11 @@ struct Halvern {
 
     // what the program says most often
     void Tell(Icon icon, const std::string& text) { Outside.dialogs.Message(icon, text); }
+    /// Tells what would otherwise end the handler, which goes on.
+    void Tell(const RuntimeFailure& failure) const
+    {
+        if (All.OnFailure) All.OnFailure(failure);
+    }
     bool AnyMainPortOpen() const
     {
         return ConMdiFrm.PortTnc.Checked() || ConMdiFrm.SoundSoc.Connected() || ConMdiFrm.InternetSoc.Connected() ||

@@ -57,8 +57,9 @@ struct MapState {
     bool MapLinesDrawn = false;
 
     std::vector<StationPlotRecord> StationPlot;
-    std::unordered_map<std::string, PixelSize> PictureSizes; ///< of the symbol files that were loaded in this run
-    int PopStation = 0;                                      ///< the station whose pop-up menu is open
+    /// Of the symbol files that were asked for in this run; nothing for one that can't be loaded, which was told then.
+    std::unordered_map<std::string, std::optional<PixelSize>> SymbolSizes;
+    int PopStation = 0; ///< the station whose pop-up menu is open
     std::string FindCall;
 };
 

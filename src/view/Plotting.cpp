@@ -30,9 +30,26 @@ int LabelColour(const EngineState& engine, char dataType)
     }
 }
 
+/// Reads a symbol once in a run, and tells once that it can't be read; a report of no known table has no file, and that
+/// is not the operator's. @throws RuntimeFailure then and every time
+PixelSize SizeOfSymbol(Halvern& halvern, const std::string& file)
+{
+    auto& sizes = halvern.Map.SymbolSizes;
+    const auto known = sizes.find(file);
+    if (known != sizes.end() && known->second) return *known->second;
+    if (known != sizes.end() || file.empty()) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture");
+    try {
+        return *sizes.emplace(file, SizeOfPicture(halvern, file)).first->second;
+    } catch (const RuntimeFailure& failure) {
+        sizes.emplace(file, std::nullopt);
+        halvern.Tell(failure);
+        throw;
+    }
+}
+
 void LoadPicture(Halvern& halvern, PictureSprite& picture, const std::string& file)
 {
-    const auto size = SizeOfPicture(halvern, file);
+    const auto size = SizeOfSymbol(halvern, file);
     picture.file = file;
     picture.width = size.width;
     picture.height = size.height;
@@ -78,16 +95,14 @@ StationPlotRecord& PlotRecord(Halvern& halvern, int index)
     return plot[index];
 }
 
-PixelSize SizeOfPicture(Halvern& halvern, const std::string& file)
+PixelSize SizeOfPicture(const Halvern& halvern, const std::string& file)
 {
-    auto& sizes = halvern.Map.PictureSizes;
-    if (const auto known = sizes.find(file); known != sizes.end()) return known->second;
     const auto& files = halvern.Outside.files;
     const auto bytes = files.Read(file);
     if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + files.Shown(file) + "'");
-    const auto size = PictureSize(*bytes);
+    const auto size = halvern.Outside.measure(*bytes);
     if (!size) throw RuntimeFailure(failure::InvalidPicture, "Invalid picture: '" + files.Shown(file) + "'");
-    return sizes.emplace(file, *size).first->second;
+    return *size;
 }
 
 void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const std::string& symFile,

@@ -10,11 +10,12 @@ namespace halvern {
 /// The plot record of a station. @throws RuntimeFailure where there is none
 StationPlotRecord& PlotRecord(Halvern& halvern, int index);
 
-/// Width and height of a picture file in pixels; a file is read once in a run.
-/// @throws RuntimeFailure when it is missing or no picture
-PixelSize SizeOfPicture(Halvern& halvern, const std::string& file);
+/// Width and height of a picture file in pixels.
+/// @throws RuntimeFailure when it is missing or can't be shown
+PixelSize SizeOfPicture(const Halvern& halvern, const std::string& file);
 
 /// Puts a new station's picture and label on the map.
+/// A symbol that can't be loaded is told once in a run.
 ///
 /// @param index      its row in `PosLst`
 /// @param dataField  the report from its type character on

@@ -116,6 +116,16 @@ TEST_F(BitmapMap, ABadCalibrationIsToldAndTheViewStays)
     EXPECT_EQ(view().MapTopLat, 42);
 }
 
+TEST_F(BitmapMap, APictureThatCantBeShownIsToldAndTheStationsStandWhereTheyAre)
+{
+    MapCommand(halvern(), "BitMap");
+    folder.Put("bitmap/wide.old.gif", "GIF89a");
+    main().BitMapCombo.Select(main().BitMapCombo.IndexOf("wide.old.gif"));
+    EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"Error # 481 Invalid picture: '" + S() +
+                                    "/bitmap/wide.old.gif'\""));
+    EXPECT_EQ(halvern().MapFrm.Map1.Frame().top, 12);
+}
+
 TEST_F(BitmapMap, NothingIsDrawnWhileTheSelectorsFill)
 {
     MapCommand(halvern(), "BitMap");

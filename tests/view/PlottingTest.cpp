@@ -120,12 +120,16 @@ TEST_F(Plotting, AnotherSymbolGetsAnotherPictureAndItsOwnSize)
     EXPECT_EQ(view().StationPlot[1].SymFile, S() + "\\SYMBOLS\\TABLE1\\062.GIF");
 }
 
-TEST_F(Plotting, AStationWithoutAPictureIsNotFiled)
+TEST_F(Plotting, AStationWithoutAPictureIsNotFiledAndItsPictureToldOnce)
 {
     folder.Put("symbols/table1/097.gif", "no picture at all, only text");
-    for (const char* symbol : {"b", "a"}) // missing, and not a picture
+    Said();
+    for (const char* symbol : {"b", "a", "b"}) // missing, and not a picture
         station.Hear(std::string("Q1ABC>APRS:!4030.00N/07330.00W") + symbol);
     EXPECT_EQ(halvern().PositionFrm.PosLst.Count(), 1);
+    EXPECT_THAT(Said(),
+                ElementsAre(HasSubstr("\"Error # 53 File not found: '" + S() + "/symbols/table1/098.GIF'\""),
+                            HasSubstr("\"Error # 481 Invalid picture: '" + S() + "/symbols/table1/097.gif'\"")));
     EXPECT_FALSE(halvern().MapFrm.SymPic.Exists(1));
     EXPECT_THROW(NewSymbol(halvern(), LastStation + 1, "!", S() + "/symbols/table1/045.gif", "Q", 1, 2),
                  RuntimeFailure);

@@ -23,6 +23,7 @@
 #include "forms/Windows.h"
 #include "platform/qt/FolderLock.h"
 #include "platform/qt/MapPainter.h"
+#include "platform/qt/Pictures.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/StationFolder.h"
@@ -154,7 +155,7 @@ int RunConsole(const Options& options)
     }
     DiskFiles files(options.simulate ? PathForm::AsWritten : PathForm::System);
     const Clock& clock = options.simulate ? static_cast<const Clock&>(simulatedTime) : systemClock;
-    Halvern halvern({clock, dialogs, files}, options.directory);
+    Halvern halvern({clock, dialogs, files, ShownSize}, options.directory);
     NotedDrawing map(halvern.MapFrm.Map1), picture(halvern.MapFrm.Pic1);
     std::optional<SimulatedPorts> ports;
     std::optional<QtPlatform> real;

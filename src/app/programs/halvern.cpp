@@ -11,6 +11,7 @@
 #include "app/StartUp.h"
 #include "forms/Windows.h"
 #include "platform/qt/FolderLock.h"
+#include "platform/qt/Pictures.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/StationFolder.h"
@@ -75,7 +76,7 @@ int RunStation(QApplication& application, const Options& options)
         return 1;
     }
     DiskFiles files;
-    Halvern halvern({clock, dialogs, files}, options.directory);
+    Halvern halvern({clock, dialogs, files, ShownSize}, options.directory);
     QtPlatform platform(halvern.All, options.directory);
     ConnectHandlers(halvern);
     Windows windows(halvern);

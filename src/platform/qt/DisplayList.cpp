@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "platform/qt/Palette.h"
+#include "platform/qt/Pictures.h"
 
 namespace halvern {
 
@@ -82,7 +83,7 @@ void DisplayList::Circle(float x, float y, float radius, int colour)
 
 void DisplayList::Picture(const std::string& file, QSizeF share)
 {
-    QImage image(QString::fromStdString(file));
+    auto image = LoadedPicture(file);
     if (image.isNull()) return;
     Begin(Step::Picture, 0);
     pictures.push_back({std::move(image), share});

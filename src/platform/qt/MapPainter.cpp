@@ -7,7 +7,6 @@
 #include <QBuffer>
 #include <QPainter>
 
-#include "platform/Files.h"
 #include "platform/qt/DisplayList.h"
 
 namespace halvern {
@@ -71,7 +70,7 @@ void MapPainter::Circle(double x, double y, double radius, int colour)
 void MapPainter::Picture(const std::string& file, int width, int height)
 {
     const QSizeF share(static_cast<double>(width) / surface.Width(), static_cast<double>(height) / surface.Height());
-    Changed().Picture(DiskFiles().Resolved(file), share);
+    Changed().Picture(file, share);
 }
 
 void MapPainter::Box(double x1, double y1, double x2, double y2, int)
