@@ -28,9 +28,12 @@
 #include "ports/WeatherFile.h"
 #include "ports/WeatherPort.h"
 #include "relay/Beacon.h"
+#include "relay/Decisions.h"
+#include "relay/Igate.h"
 #include "relay/KillMessages.h"
 #include "relay/MailPaths.h"
 #include "relay/Messages.h"
+#include "relay/NetDecay.h"
 #include "relay/PathBuilder.h"
 #include "reports/Query.h"
 #include "reports/StationMarks.h"
@@ -152,6 +155,16 @@ void ConnectTransmitter(Halvern& halvern)
     auto& main = halvern.ConMdiFrm;
     main.Timer2.OnTick = [&] { BeaconTick(halvern); };
     main.BeaconMenu.OnClick = [&] { BeaconNow(halvern); };
+}
+
+void ConnectGate(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.IgateMessHold.OnTick = [&] { MessageHoldTick(halvern); };
+    main.NetDecayTmr.OnTick = [&] { NetDecayTick(halvern); };
+    main.GateMenu.OnClick = [&] { ToggleGateWindow(halvern); };
+    halvern.GateFrm.OnCloseBox = [&] { ToggleGateWindow(halvern); };
+    halvern.GateFrm.CallTxt.OnChange = [&] { FilterDecisions(halvern); };
 }
 
 void ConnectMap(Halvern& halvern)
@@ -309,6 +322,7 @@ void ConnectHandlers(Halvern& halvern)
     ConnectSetUp(halvern);
     ConnectPorts(halvern);
     ConnectTransmitter(halvern);
+    ConnectGate(halvern);
     ConnectMapMenu(halvern);
     ConnectMap(halvern);
     ConnectFind(halvern);

@@ -79,11 +79,11 @@ void CloseFiles(EngineState& engine)
 void UnloadForms(Halvern& halvern)
 {
     for (Form* form : std::initializer_list<Form*>{
-             &halvern.AddPathFrm,   &halvern.DigiFrm,     &halvern.DxFrm,      &halvern.FindFoundFrm,
-             &halvern.FindFrm,      &halvern.FontFrm,     &halvern.MapFrm,     &halvern.HeardFrm,
-             &halvern.Hist,         &halvern.JustSym,     &halvern.KillMsgFrm, &halvern.MessageFrm,
-             &halvern.PositionFrm,  &halvern.QueryFrm,    &halvern.SetUpfrm,   &halvern.StatusFrm,
-             &halvern.TelemetryFrm, &halvern.TerminalFrm, &halvern.WeatherFrm, &halvern.ConMdiFrm})
+             &halvern.AddPathFrm, &halvern.DigiFrm,      &halvern.DxFrm,       &halvern.FindFoundFrm, &halvern.FindFrm,
+             &halvern.FontFrm,    &halvern.MapFrm,       &halvern.HeardFrm,    &halvern.Hist,         &halvern.JustSym,
+             &halvern.KillMsgFrm, &halvern.MessageFrm,   &halvern.PositionFrm, &halvern.QueryFrm,     &halvern.SetUpfrm,
+             &halvern.StatusFrm,  &halvern.TelemetryFrm, &halvern.TerminalFrm, &halvern.WeatherFrm,   &halvern.GateFrm,
+             &halvern.ConMdiFrm})
         form->Unload();
 }
 

@@ -202,7 +202,8 @@ Then Dispatch(Packet& packet)
 
 // --- the line --------------------------------------------------------------------------------------------------------
 
-/// Puts the inner line of a third-party packet in the place of the outer one, in the raw store too.
+/// Puts the inner line of a third-party packet in the place of the outer one, in the raw store too; a mark on that row
+/// tells the gate that it came out of one.
 void Unwrap(Halvern& halvern, std::string& line, const std::string& info)
 {
     line = info.substr(1);
@@ -210,6 +211,7 @@ void Unwrap(Halvern& halvern, std::string& line, const std::string& info)
     if (halvern.Engine.ReviewMode || raw.Count() == 0) return;
     raw.Remove(raw.Count() - 1);
     raw.Add(line);
+    raw.Mark(raw.Count() - 1, true);
 }
 
 /// Reads the header into the engine's variables. @return the information field, or nothing for a line to drop.

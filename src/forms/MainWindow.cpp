@@ -184,6 +184,9 @@ void MainWindow::MakeViewMenu(QMenu* menu)
         action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(i % 10)));
         menu->addAction(action);
     }
+    auto* gate = ActionFor(form.GateMenu);
+    gate->setCheckable(true);
+    menu->addAction(gate);
     menu->addSeparator();
     menu->addAction(ActionFor(form.RefreshMnu));
 }

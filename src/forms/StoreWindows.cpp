@@ -3,7 +3,8 @@
 
 #include <QtWidgets>
 
-#include "forms/Bind.h"
+#include "forms/Layouts.h"
+#include "state/Rows.h"
 
 namespace halvern {
 namespace {
@@ -26,6 +27,13 @@ const std::vector<RowColumn> StatusColumns{
 const std::vector<RowColumn> DigiColumns{
     {1, 9, "Call", "Call sign of the station"},
     {11, 0, "Path", "The path by which it was heard last"},
+};
+const std::vector<RowColumn> GateColumns{
+    {int(gateRow::Time.first), int(gateRow::Time.count), "Time", "Day, hour, minute and second, UTC"},
+    {int(gateRow::Way.first), int(gateRow::Way.count), "Way", "Where the packet was to go"},
+    {int(gateRow::Call.first), int(gateRow::Call.count), "From", "The station that sent it"},
+    {int(gateRow::Name.first), int(gateRow::Name.count), "For", "Whom a message is for, or the name of an object"},
+    {int(gateRow::Outcome.first), 0, "What became of it", "What gate or digipeater did with it, and why not"},
 };
 
 /// A window that is filled by one widget.
@@ -88,6 +96,17 @@ QWidget* MakeDxWindow(Halvern& halvern)
 {
     const RowsLook look{{{1, 0, "Spot or resource", "The information field, as received"}}, true, true};
     return StoreWindow(halvern.DxFrm.ResourceLst, look);
+}
+
+QWidget* MakeGateWindow(Halvern& halvern)
+{
+    auto* window = new QWidget;
+    auto* layout = new QVBoxLayout(window);
+    auto* call = WideFor(9, BindField(halvern.GateFrm.CallTxt, window));
+    call->setClearButtonEnabled(true);
+    layout->addWidget(Beside({LabelFor(call, halvern.GateFrm.CallTxt), call}, window));
+    layout->addWidget(MakeRows(halvern.GateFrm.GateLst, {GateColumns, false, true}, window));
+    return window;
 }
 
 } // namespace halvern

@@ -16,6 +16,7 @@ QWidget* MakeHeardWindow(Halvern& halvern);
 QWidget* MakeTerminalWindow(Halvern& halvern);
 QWidget* MakeDxWindow(Halvern& halvern);
 QWidget* MakeTelemetryWindow(Halvern& halvern);
+QWidget* MakeGateWindow(Halvern& halvern);
 
 /// A list of a window that the reader keeps open, bound and named.
 RowsView* MakeRows(List& list, const RowsLook& look, QWidget* parent);

@@ -54,6 +54,7 @@ void Windows::AddChildren()
     AddChild(halvern.DxFrm, MakeDxWindow(halvern), BesideMap(2, 3, 1));
     AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), BesideMap(0, 3, 2));
     AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), BesideMap(2, 3, 2));
+    AddChild(halvern.GateFrm, MakeGateWindow(halvern), BesideMap(1, 3, 2));
 }
 
 void Windows::AddChild(Form& form, QWidget* content, const FirstPlace& place)

@@ -23,6 +23,7 @@ std::span<const WordEntry> MainWords()
         {"ConMdiFrm.GpsMenu", "", "Open or close the GPS on its serial port"},
         {"ConMdiFrm.WeatherMenu", "", "Open or close the weather station"},
         {"ConMdiFrm.FrmMenu", "", "Show or hide this window"},
+        {"ConMdiFrm.GateMenu", "", "What gate and digipeater did with each packet, and why"},
         {"ConMdiFrm.RefreshMnu", "", "Renew the copies for display, and move what moves"},
         {"ConMdiFrm.PanMapMenu", "", "Click to centre, drag to zoom in, click the other button to zoom out"},
         {"ConMdiFrm.ZoomLastMenu", "", "Back to the view before"},
@@ -82,6 +83,8 @@ std::span<const WordEntry> MainWords()
         {"HeardFrm.HeardGrid", "Packets heard by station and hour", ""},
         {"TerminalFrm.RawPacketLst", "Raw packets", ""},
         {"DxFrm.ResourceLst", "DX spots and resources", ""},
+        {"GateFrm.CallTxt", "&Call", "Only packets from or for a call that holds this text"},
+        {"GateFrm.GateLst", "What became of each packet", ""},
 
         {"MessageFrm.SSTab2", "Messages", ""},
         {"MessageFrm.TrafficLst", "Messages between other stations", ""},

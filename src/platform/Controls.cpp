@@ -257,6 +257,30 @@ void List::Remove(int index)
     Require(index, Count());
     rows.erase(rows.begin() + index);
     marks.erase(marks.begin() + index);
+    NoteRemoved(index);
+    Tell({Change::RowRemoved, index});
+}
+
+void List::RemoveIf(const std::function<bool(int index)>& gone)
+{
+    std::vector<int> removed; // each as it stands once those before it are out
+    int kept = 0;
+    for (int index = 0; index < Count(); ++index) {
+        if (gone(index)) {
+            removed.push_back(kept);
+            continue;
+        }
+        if (kept != index) rows[kept] = std::move(rows[index]);
+        marks[kept++] = marks[index];
+    }
+    rows.resize(kept);
+    marks.resize(kept);
+    for (const int index : removed) NoteRemoved(index);
+    for (const int index : removed) Tell({Change::RowRemoved, index});
+}
+
+void List::NoteRemoved(int index)
+{
     KeyRemoved(index);
     if (selected == index) {
         selected = -1;
@@ -264,7 +288,6 @@ void List::Remove(int index)
     } else if (selected > index) {
         --selected;
     }
-    Tell({Change::RowRemoved, index});
 }
 
 void List::Replace(int index, std::string_view row)

@@ -265,6 +265,8 @@ public:
     void Add(std::string_view row);
     void Insert(std::string_view row, int index);
     void Remove(int index);
+    /// Takes out every row whose index `gone` says so of, in one pass. Watchers hear of it row by row when all are out.
+    void RemoveIf(const std::function<bool(int index)>& gone);
     /// Takes the row out and puts another in its place; the selection stays.
     void Replace(int index, std::string_view row);
     void Clear();
@@ -310,6 +312,7 @@ protected:
 
 private:
     void Require(int index, int bound) const;
+    void NoteRemoved(int index);
     std::vector<std::string> rows;
     std::vector<bool> marks;
     int selected = -1;

@@ -45,6 +45,7 @@ struct MainForm : Form {
                                    1,
                                    {"&Map", "&Positions", "&Status", "&Digipeaters", "M&essages", "&Heard",
                                     "&Raw Packets", "D&X And Resources", "&Weather", "&Telemetry"}};
+    MenuItem GateMenu{*this, "GateMenu", "&Gate"};
     MenuItem RefreshMnu{*this, "RefreshMnu", "Re&fresh", {"hidden"}};
 
     // Map
@@ -135,6 +136,7 @@ struct MainForm : Form {
     List TransmitLst{*this, "TransmitLst"};
     KeyedList HeardOnRfLst{*this, "HeardOnRfLst"};
     TextField IgMesSaveTxt{*this, "IgMesSaveTxt"};
+    List DecisionLst{*this, "DecisionLst"};
 
     // Working variables
     std::string KissRxBuffer, SoundRxBuffer, WxRxBuffer; ///< bytes that came in and are not consumed yet

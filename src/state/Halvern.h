@@ -9,6 +9,7 @@
 #include "state/ConMdiFrm.h"
 #include "state/DialogForms.h"
 #include "state/Engine.h"
+#include "state/GateFrm.h"
 #include "state/MapFrm.h"
 #include "state/MessageFrm.h"
 #include "state/SetUpfrm.h"
@@ -48,6 +49,7 @@ struct Halvern {
     DxForm DxFrm{All};
     WeatherForm WeatherFrm{All};
     TelemetryForm TelemetryFrm{All};
+    GateForm GateFrm{All};
     AddPathForm AddPathFrm{All};
     KillMsgForm KillMsgFrm{All};
     CreateObjectsForm CreateObjectsFrm{All};

@@ -98,6 +98,20 @@ inline constexpr ColumnRange FromDirection{11, ToTheEnd};
 inline constexpr ColumnRange SpeedMark{12, 3}; ///< `s` stands in one of these
 } // namespace positionlessRow
 
+/// Rows of `HeardOnRfLst`.
+namespace heardOnRfRow {
+inline constexpr ColumnRange Hops{10, ToTheEnd};
+}
+
+/// Rows of `DecisionLst` and `GateLst`.
+namespace gateRow {
+inline constexpr ColumnRange Time{1, 11}; ///< dd/hh:mm:ss, UTC
+inline constexpr ColumnRange Way{13, 11};
+inline constexpr ColumnRange Call{25, 9}; ///< the sender
+inline constexpr ColumnRange Name{35, 9}; ///< of a message the addressee, of an object the name
+inline constexpr ColumnRange Outcome{45, ToTheEnd};
+} // namespace gateRow
+
 /// Records of `OutMsg`, and own objects: the name stands in the same columns.
 namespace queuedRow {
 inline constexpr ColumnRange Name{2, 9};

@@ -33,7 +33,7 @@ struct HeardForm : Form {
 
 struct TerminalForm : Form {
     explicit TerminalForm(Controls& all) : Form(all, "TerminalFrm", "Raw Received") {}
-    List RawPacketLst{*this, "RawPacketLst"};
+    List RawPacketLst{*this, "RawPacketLst"}; ///< a marked row was unwrapped out of a third-party packet
     List ShRawPacketLst{*this, "ShRawPacketLst"};
 };
 

@@ -65,4 +65,14 @@ void Send(Halvern& halvern, Packet packet, Road roads)
     Send(halvern, std::move(packets), roads);
 }
 
+void PassToInternet(Halvern& halvern, std::string_view line)
+{
+    halvern.ConMdiFrm.InternetSoc.Write(std::string(line).append(CrLf));
+}
+
+bool RadioOpen(const Halvern& halvern)
+{
+    return halvern.ConMdiFrm.PortTnc.Checked() || halvern.ConMdiFrm.SoundSoc.Connected();
+}
+
 } // namespace halvern

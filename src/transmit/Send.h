@@ -45,4 +45,11 @@ struct Packet {
 void Send(Halvern& halvern, std::vector<Packet> packets, Road roads);
 void Send(Halvern& halvern, Packet packet, Road roads);
 
+/// Hands another station's line to the Internet as it stands, without its line end: no byte is changed, none is added
+/// but the line end.
+void PassToInternet(Halvern& halvern, std::string_view line);
+
+/// Is there a port open by which `Road::Radio` leads out?
+bool RadioOpen(const Halvern& halvern);
+
 } // namespace halvern

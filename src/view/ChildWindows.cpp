@@ -56,4 +56,11 @@ void SetWindowOn(Halvern& halvern, int window, bool on)
     on ? form.Show() : form.Hide();
 }
 
+void ToggleGateWindow(Halvern& halvern)
+{
+    auto& item = halvern.ConMdiFrm.GateMenu;
+    item.SetChecked(!item.Checked());
+    item.Checked() ? halvern.GateFrm.Show() : halvern.GateFrm.Hide();
+}
+
 } // namespace halvern

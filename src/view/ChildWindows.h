@@ -20,4 +20,7 @@ std::array<Form*, ChildWindows + 1> RememberedWindows(Halvern& halvern);
 /// Switches a child window on or off: its check mark, its state, its own menu, and the window itself.
 void SetWindowOn(Halvern& halvern, int window, bool on);
 
+/// Shows the gate's window, or hides it; its entry in the View menu bears the mark. It is none of the ten.
+void ToggleGateWindow(Halvern& halvern);
+
 } // namespace halvern

@@ -22,6 +22,7 @@ bool IsNeverShown(Control& control)
                                                   "ConMdiFrm.TransmitLst",
                                                   "ConMdiFrm.HeardOnRfLst",
                                                   "ConMdiFrm.IgMesSaveTxt",
+                                                  "ConMdiFrm.DecisionLst",
                                                   "MessageFrm.OutMsg",
                                                   "MapFrm.Pic1",
                                                   "MapFrm.Pic2",
