@@ -5,7 +5,8 @@
 #include <memory>
 
 #include "relay/Igate.h"
-#include "support/GateTest.h"
+#include "platform/Text.h"
+#include "support/Station.h"
 
 namespace halvern {
 namespace {
@@ -26,7 +27,7 @@ std::unique_ptr<test::Station> GateStation()
     auto station = std::make_unique<test::Station>();
     station->SetUp();
     station->dialogs.Say = nullptr;
-    test::OpenGate(*station);
+    station->OpenGate();
     auto& halvern = station->halvern;
     halvern.SetUpfrm.IgateHopOpt.Select(2);
     for (int i = 0; i < 20; ++i) halvern.SetUpfrm.IgateBudsCombo.Add("BUDDY-" + std::to_string(i));
@@ -90,9 +91,8 @@ BENCHMARK(MessagesToInternet);
 /// What a whole server sends: nearly all of it stays there.
 void FeedToRadio(benchmark::State& state)
 {
-    Gate(state, InternetGateStep, Lines(">APRS,TCPIP*,qAC,T2X:", [](int i) {
-             return i % 10 == 0 ? MessageTo(Heard + i) : Report(i);
-         }));
+    Gate(state, InternetGateStep,
+         Lines(">APRS,TCPIP*,qAC,T2X:", [](int i) { return i % 10 == 0 ? MessageTo(Heard + i) : Report(i); }));
 }
 BENCHMARK(FeedToRadio);
 

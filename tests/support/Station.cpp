@@ -112,6 +112,21 @@ void Station::OpenTnc()
     if (!halvern.ConMdiFrm.MSComm1.IsOpen()) throw std::logic_error("the TNC port did not open");
 }
 
+void Station::OpenGate()
+{
+    auto& main = halvern.ConMdiFrm;
+    auto& setUp = halvern.SetUpfrm;
+    OpenTnc();
+    setUp.IntDomainCombo.SetText("server");
+    main.PortIp.Click();
+    main.InternetSoc.Arrived("# server\r\n");
+    main.Timer2.Stop();
+    setUp.IgateOpt.Select(1);
+    setUp.IgateBIOpt.Select(1);
+    halvern.Engine.IgateOn = true;
+    SentBy(main.InternetSoc);
+}
+
 void Station::HearOnTnc(const std::string& line)
 {
     halvern.ConMdiFrm.MSComm1.Arrived(FrameOf(line));

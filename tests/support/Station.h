@@ -52,6 +52,8 @@ public:
     void Type(const std::string& to, const std::string& text);
     /// Presses the toggle of the TNC port and expects it to open.
     void OpenTnc();
+    /// Opens the TNC and the server, logged in, and switches the gate on, both ways. No beacons.
+    void OpenGate();
     /// One frame as the TNC hands it over: the text line is what was said on the air.
     void HearOnTnc(const std::string& line);
     /// Text lines of the packets that went out by the TNC since last asked; what is no frame stands as its bytes.
