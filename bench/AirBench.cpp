@@ -2,6 +2,8 @@
 // What the station itself takes, ports simulated: from the bytes of a frame to those that answer it.
 #include <benchmark/benchmark.h>
 
+#include "platform/Text.h"
+#include "protocol/MyObject.h"
 #include "support/Station.h"
 
 namespace halvern {
@@ -51,6 +53,43 @@ void Ack(benchmark::State& state)
     FrameToFrame(state, Lines(",WIDE2-1*", ":Q0OWN    :hello{"));
 }
 BENCHMARK(Ack)->Unit(benchmark::kMicrosecond);
+
+/// A tick at which all own objects are due, with the TNC and the Internet open.
+void ObjectTick(benchmark::State& state)
+{
+    test::Station station;
+    station.SetUp();
+    station.dialogs.Say = nullptr;
+    auto& main = station.halvern.ConMdiFrm;
+    auto& raw = station.halvern.TerminalFrm.RawPacketLst;
+    station.OpenTnc();
+    main.InternetSoc.Connect();
+    const auto count = static_cast<int>(state.range(0));
+    for (int i = 0; i < count; ++i) {
+        main.MyObjectLst.Add(MyObjectRecord({.name = "OBJ" + std::to_string(i),
+                                             .symbol = "/>",
+                                             .place = {.position = {ZeroFilled(10 + i % 60, 2), "03", "50", "N", "072",
+                                                                    ZeroFilled(i % 60, 2), "75", "W"},
+                                                       .course = 88,
+                                                       .speed = 36,
+                                                       .comment = "in front"},
+                                             .path = "WIDE2-2"},
+                                            "092345"));
+        main.TransmitLst.Add("D");
+    }
+    for (auto _ : state) {
+        main.MyObjectTimer.SetInterval(60000);
+        main.ObjectCycle = 0;
+        main.MyObjectTimer.Tick();
+        state.PauseTiming();
+        const auto frames = static_cast<int>(station.SentBy(main.MSComm1).size());
+        const auto lines = static_cast<int>(station.SentBy(main.InternetSoc).size());
+        if (frames != count || lines != frames) state.SkipWithError("not every object went out");
+        if (raw.Count() > MostRaw) raw.Clear();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(ObjectTick)->Arg(500)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace halvern

@@ -34,6 +34,8 @@
 #include "relay/MailPaths.h"
 #include "relay/Messages.h"
 #include "relay/NetDecay.h"
+#include "relay/ObjectForms.h"
+#include "relay/Objects.h"
 #include "relay/PathBuilder.h"
 #include "reports/Query.h"
 #include "reports/StationMarks.h"
@@ -80,9 +82,7 @@ void ConnectStationTab(Halvern& halvern)
 {
     auto& form = halvern.SetUpfrm;
     form.CallSignTxt.OnLeave = [&] { RaiseCase(form.CallSignTxt); };
-    for (TextField* field : {&form.LatDegtxt, &form.LatMintxt, &form.LatDectxt, &form.LatSigntxt, &form.LonDegtxt,
-                             &form.LonMintxt, &form.LonDectxt, &form.LonSigntxt})
-        field->OnChange = [&form] { ShowPositionInPacketForm(form); };
+    for (TextField* field : form.InOrder()) field->OnChange = [&form] { ShowPositionInPacketForm(form); };
     for (TextField* field : {&form.LatSigntxt, &form.LonSigntxt})
         field->OnChange = [&form, field] {
             RaiseCase(*field);
@@ -255,6 +255,44 @@ void ConnectPathBuilder(Halvern& halvern)
     form.OnCloseBox = [&] { CancelPath(form); };
 }
 
+void ConnectMyObjects(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    main.CreateMyObjectsMenu.OnClick = [&] { CreateObject(halvern); };
+    main.MoveMyObjMenu.OnClick = [&] { OpenMoveObject(halvern); };
+    main.KillMyObjectsMenu.OnClick = [&] { OpenKillObject(halvern); };
+    main.StpTransObjectsMenu.OnClick = [&] { OpenStopObject(halvern); };
+    main.TakeTransmitMenu.OnClick = [&] { OpenTakeOver(halvern); };
+    main.MyObjectTimer.OnTick = [&] { ObjectTick(halvern); };
+    auto& kill = halvern.KillMyObjectsFrm;
+    kill.OkCmd.OnClick = [&] { KillObject(halvern); };
+    kill.CancelCmd.OnClick = [&] { kill.Unload(); };
+    auto& stop = halvern.StpTransObjectsFrm;
+    stop.OkCmd.OnClick = [&] { StopObject(halvern); };
+    stop.ClearCmd.OnClick = [&] { stop.ObjectLst.Select(-1); };
+    stop.CancelCmd.OnClick = [&] { stop.Unload(); };
+    auto& take = halvern.TakeTransObjFrm;
+    take.OkCmd.OnClick = [&] { TakeOverObject(halvern); };
+    take.CancelCmd.OnClick = [&] { take.Unload(); };
+}
+
+void ConnectObjectFields(Halvern& halvern)
+{
+    auto& create = halvern.CreateObjectsFrm;
+    create.OnLoad = [&] { ClearObject(create); };
+    create.OkCmd.OnClick = [&] { AcceptObject(halvern); };
+    create.SymbolCombo.OnClick = [&] { PickSymbol(halvern, create.SymbolCombo, create.OverlayChar); };
+    auto& move = halvern.MoveMyObjectFrm;
+    move.OkCmd.OnClick = [&] { MoveObject(halvern); };
+    move.ObjectLst.OnClick = [&] { ShowPickedObject(move); };
+    for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&create, &move}) {
+        form->CancelCmd.OnClick = [form] { form->Unload(); };
+        form->InstructionsCmd.OnClick = [&] { TellCourseAndSpeed(halvern); };
+        for (TextField* field : {&form->LatSigntxt, &form->LonSigntxt})
+            field->OnChange = [field] { RaiseCase(*field); };
+    }
+}
+
 void ConnectMarks(Halvern& halvern)
 {
     auto& main = halvern.ConMdiFrm;
@@ -328,6 +366,8 @@ void ConnectHandlers(Halvern& halvern)
     ConnectFind(halvern);
     ConnectMessages(halvern);
     ConnectPathBuilder(halvern);
+    ConnectMyObjects(halvern);
+    ConnectObjectFields(halvern);
     ConnectMarks(halvern);
     ConnectHistory(halvern);
     ConnectWeather(halvern);

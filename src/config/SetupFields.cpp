@@ -58,10 +58,8 @@ void RaiseCase(TextField& field)
 
 void ShowPositionInPacketForm(SetUpForm& setUp)
 {
-    setUp.Latlbl.SetCaption(setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() +
-                            setUp.LatSigntxt.Text());
-    setUp.Lonlbl.SetCaption(setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." + setUp.LonDectxt.Text() +
-                            setUp.LonSigntxt.Text());
+    setUp.Latlbl.SetCaption(setUp.Latitude());
+    setUp.Lonlbl.SetCaption(setUp.Longitude());
 }
 
 void PickSymbol(Halvern& halvern, List& combo, std::string& overlay)

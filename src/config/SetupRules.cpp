@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/SetupRules.h"
 
-#include <array>
-
 #include "platform/Text.h"
 #include "protocol/PositionField.h"
 #include "transmit/OwnTexts.h"
@@ -10,26 +8,11 @@
 namespace halvern {
 namespace {
 
-struct PositionPart {
-    TextField SetUpForm::*field;
-    const char* whenEmpty;
-    const char* name;
-};
-
-constexpr std::array<PositionPart, 8> PositionParts{{
-    {&SetUpForm::LatDegtxt, "Degrees Of Latitude", "Degrees of Latitude"},
-    {&SetUpForm::LatMintxt, "Minutes Of Latitude", "Minutes of Latitude"},
-    {&SetUpForm::LatDectxt, "Decimal Minutes Of Latitude", "Decimal Minutes Of Latitude"},
-    {&SetUpForm::LatSigntxt, "Hemisphere Of Latitude", "Hemisphere Of Latitude"},
-    {&SetUpForm::LonDegtxt, "Degrees Of Longitude", "Degrees of Longitude"},
-    {&SetUpForm::LonMintxt, "Minutes Of Longitude", "Minutes of Longitude"},
-    {&SetUpForm::LonDectxt, "a Decimal Minutes Of Longitude", "Decimal Minutes Of Longitude"},
-    {&SetUpForm::LonSigntxt, "Hemisphere Of Longitude", "Hemisphere Of Longitude"},
-}};
+constexpr const char* OnTheStationTab = " under the Station Tab First.";
 
 std::string Missing(const char* what)
 {
-    return std::string("You have to enter ") + what + " under the Station Tab First.";
+    return std::string("You have to enter ") + what + OnTheStationTab;
 }
 
 std::string Lines(std::initializer_list<std::string_view> lines)
@@ -107,11 +90,7 @@ std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath)
 {
     if (setUp.CallSignTxt.Text().empty()) return Missing("a Call Sign");
     if (Holds(setUp.CallSignTxt.Text(), ",")) return "A Comma in a Call Sign is not allowed";
-    for (const auto& part : PositionParts) {
-        const auto& text = (setUp.*part.field).Text();
-        if (text.empty()) return Missing(part.whenEmpty);
-        if (const auto fault = PositionFieldFault(text, part.name); !fault.empty()) return fault;
-    }
+    if (const auto fault = PositionFault(setUp.Texts(), OnTheStationTab); !fault.empty()) return fault;
     if (setUp.CommentTXT.Text().empty()) return Missing("a Position Comment");
     if (setUp.StatusTXT.Text().empty()) return Missing("a Status Comment");
     if (setUp.UnPath.Text().empty()) return " You have to chose an Unproto path on the setup tab.";

@@ -3,6 +3,7 @@
 
 #include "engine/DecodePosition.h"
 #include "engine/UpdateDigiLst.h"
+#include "protocol/MyObject.h"
 #include "protocol/UtcTime.h"
 #include "state/Rows.h"
 #include "transmit/OwnTexts.h"
@@ -10,8 +11,6 @@
 
 namespace halvern {
 namespace {
-
-constexpr char KilledObject = '_';
 
 /// Takes an own object out of the schedule when another station sends it. @return whether that was so.
 bool HandOver(Halvern& halvern, const std::string& name)

@@ -2,6 +2,7 @@
 #include "forms/DialogWindows.h"
 
 #include "forms/Glyphs.h"
+#include "forms/SendTimes.h"
 #include "forms/Words.h"
 
 namespace halvern {
@@ -9,6 +10,8 @@ namespace {
 
 /// Characters that a list or a long field of a dialog shows at least.
 constexpr int DialogColumns = 56;
+/// The same of an own object, with the column of its times.
+constexpr int ObjectColumns = 84;
 /// What the stores hold of a station that was found: rows longer than this go on in a second line.
 constexpr int FoundColumns = 74;
 constexpr int FoundLines = 2;
@@ -32,7 +35,10 @@ struct ListSize {
 constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
                                    {"ChosePrinter.PrinterLst", 6, 36},
                                    {"FindFoundFrm.CallSignLst", 8, 24},
-                                   {"MoveMyObjectFrm.ObjectLst", 6, DialogColumns},
+                                   {"MoveMyObjectFrm.ObjectLst", 6, ObjectColumns},
+                                   {"KillMyObjectsFrm.ObjectLst", 8, ObjectColumns},
+                                   {"StpTransObjectsFrm.ObjectLst", 8, ObjectColumns},
+                                   {"TakeTransObjFrm.OthersObjLst", 8, ObjectColumns},
                                    {"GraphFrm.GraphLst", 12, 10},
                                    {"CompassFrm.CompassLst", 6, 10},
                                    {"CompassFrm.DirectionLst", 6, 10},
@@ -44,7 +50,7 @@ bool IsRows(const List& list)
 }
 
 /// The controls of a form below each other in a layout. @return its buttons, which go to the foot
-QList<Button*> AddControls(QVBoxLayout* layout, Form& form, QWidget* parent)
+QList<Button*> AddControls(QVBoxLayout* layout, Halvern& halvern, Form& form, QWidget* parent)
 {
     QList<Button*> buttons;
     QFormLayout* lines = nullptr;
@@ -53,7 +59,7 @@ QList<Button*> AddControls(QVBoxLayout* layout, Form& form, QWidget* parent)
             buttons += button;
         } else if (auto* list = dynamic_cast<List*>(control); list != nullptr && IsRows(*list)) {
             lines = nullptr;
-            AddList(layout, *list, DialogRows(*list, parent));
+            AddList(layout, *list, DialogRows(halvern, *list, parent));
         } else if (auto* choice = dynamic_cast<Choice*>(control)) {
             lines = nullptr;
             layout->addWidget(BindChoice(*choice, choice->Count() > 4 ? 2 : choice->Count(), parent));
@@ -84,12 +90,13 @@ QList<Button*> InOrder(QList<Button*> buttons)
 
 } // namespace
 
-RowsView* DialogRows(List& list, QWidget* parent)
+RowsView* DialogRows(Halvern& halvern, List& list, QWidget* parent)
 {
     ListSize size{list.Name(), 12, DialogColumns};
     for (const auto& known : KnownLists)
         if (known.list == list.Name()) size = known;
-    auto* view = new RowsView(list, {}, parent);
+    const bool ownObjects = list.Name().ends_with(".ObjectLst");
+    auto* view = ownObjects ? MakeMyObjectRows(halvern, list, parent) : new RowsView(list, {}, parent);
     BindCommon(view, list);
     view->WantRows(size.rows);
     return WideFor(size.columns, view);
@@ -105,7 +112,7 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
 {
     auto* window = new DialogWindow(form, parent);
     auto* layout = new QVBoxLayout(window);
-    layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, form, window))));
+    layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, halvern, form, window))));
     PressOkByDoubleClick(window);
     if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
     return window;
@@ -165,32 +172,6 @@ DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent)
     return window;
 }
 
-DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent)
-{
-    auto* window = new DialogWindow(form, parent);
-    auto* layout = new QVBoxLayout(window);
-    auto* lines = new QFormLayout;
-    if (&form == &halvern.CreateObjectsFrm) {
-        auto& create = halvern.CreateObjectsFrm;
-        AddRow(lines, create.ObjectNameTxt, FixedFor(12, BindField(create.ObjectNameTxt, window)), {});
-        auto* symbol = BindCombo(create.SymbolCombo, window);
-        ShowSymbols(symbol, halvern.ProgramFolder);
-        AddRow(lines, create.SymbolCombo, symbol, {});
-    } else {
-        auto* view = DialogRows(halvern.MoveMyObjectFrm.ObjectLst, window);
-        AddList(layout, halvern.MoveMyObjectFrm.ObjectLst, view);
-    }
-    layout->addLayout(lines);
-    AddAngle(lines, {form.LatDegtxt, form.LatMintxt, form.LatDectxt, form.LatSigntxt}, nullptr, window);
-    AddAngle(lines, {form.LonDegtxt, form.LonMintxt, form.LonDectxt, form.LonSigntxt}, nullptr, window);
-    auto* course = BindNumber(form.ObjectCourselbl, window);
-    auto* speed = BindNumber(form.ObjectSpeedlbl, window);
-    AddRow(lines, form.ObjectCourselbl, course, {LabelFor(speed, form.ObjectSpeedlbl), speed});
-    AddRow(lines, form.CommentTXT, WideFor(43, BindField(form.CommentTXT, window)), {});
-    layout->addWidget(ButtonRow(window, {&form.OkCmd, &form.CancelCmd}));
-    return window;
-}
-
 DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent)
 {
     auto& form = halvern.Hist;
@@ -218,7 +199,7 @@ QWidget* MakeWeatherWindow(Halvern& halvern)
     auto* compute = BindButton(form.ComputeCmd, window);
     layout->addWidget(Beside({LabelFor(call, form.CallSignTxt), call, compute}, window));
     layout->addWidget(BindChoice(form.GraphOpt, 3, window));
-    AddList(layout, form.PacketLst, DialogRows(form.PacketLst, window));
+    AddList(layout, form.PacketLst, DialogRows(halvern, form.PacketLst, window));
     return window;
 }
 

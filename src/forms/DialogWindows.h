@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/Layouts.h"
+#include "forms/MapView.h"
 #include "state/Halvern.h"
 
 /// The dialogs, one function each; and the windows inside the main window that have more than a list.
@@ -10,7 +11,8 @@ namespace halvern {
 DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
-DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, QWidget* parent);
+/// Of an object's place; a click on the map can fill it in.
+DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, MapView& map, QWidget* parent);
 DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeCompassWindow(Halvern& halvern, QWidget* parent);
@@ -18,8 +20,8 @@ DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);
 /// For every form that has no layout of its own: its controls below each other, its buttons at the foot.
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent);
 
-/// A list of a dialog, as large as what it holds wants it.
-RowsView* DialogRows(List& list, QWidget* parent);
+/// A list as large as what it holds wants it.
+RowsView* DialogRows(Halvern& halvern, List& list, QWidget* parent);
 /// A list with its label above it.
 void AddList(QVBoxLayout* layout, List& list, RowsView* view);
 

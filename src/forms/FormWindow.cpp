@@ -151,7 +151,7 @@ void DialogWindow::Follow()
 {
     setWindowTitle(Shown(form.Caption()));
     setAccessibleName(windowTitle());
-    if (form.Visible() == isVisible()) return;
+    if (aside || form.Visible() == isVisible()) return;
     if (!form.Visible()) {
         hide();
         return parentWidget()->activateWindow();
@@ -161,6 +161,21 @@ void DialogWindow::Follow()
     raise();
     activateWindow();
     FocusFirst();
+}
+
+void DialogWindow::StepAside()
+{
+    aside = true;
+    hide();
+}
+
+void DialogWindow::ComeBack()
+{
+    aside = false;
+    if (!form.Visible()) return;
+    show(); // where it was
+    raise();
+    activateWindow();
 }
 
 /// The keys go to the first field or list, and not to the tabs above it.

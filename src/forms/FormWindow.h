@@ -45,6 +45,9 @@ public:
     DialogWindow(Form& form, QWidget* parent);
     /// The button that Escape presses.
     void SetEscape(Button& button) { escape = &button; }
+    /// Leaves the screen for a while, although the form stays up.
+    void StepAside();
+    void ComeBack();
     void reject() override;
 
 protected:
@@ -55,6 +58,7 @@ private:
     void FocusFirst();
     Form& form;
     Button* escape = nullptr;
+    bool aside = false;
 };
 
 /// What the close box does: the form's own answer, or else the form goes.

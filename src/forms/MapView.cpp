@@ -123,46 +123,46 @@ QImage MapView::PictureOf(const Control& surface) const
 
 // --- the pointer -----------------------------------------------------------------------------------------------------
 
-MapView::ViewPoint MapView::InView(QPointF place) const
+MapView::Place MapView::PlaceAt(QPointF pixel) const
 {
     const auto& frame = form.Map1.Frame();
-    return {frame.left - place.x() / width() * (frame.left - frame.right),
-            frame.top - place.y() / height() * (frame.top - frame.bottom)};
+    return {.latitude = frame.top - pixel.y() / height() * (frame.top - frame.bottom),
+            .longitude = frame.left - pixel.x() / width() * (frame.left - frame.right)};
 }
 
 void MapView::mousePressEvent(QMouseEvent* event)
 {
-    const auto at = InView(event->position());
+    const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseDown(halvern, station, ButtonOf(event));
         else
-            Fire(form.Map1.OnMouseDown, ButtonOf(event), at.x, at.y);
+            Fire(form.Map1.OnMouseDown, ButtonOf(event), at.longitude, at.latitude);
     });
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event)
 {
-    const auto at = InView(event->position());
+    const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseMove(halvern, station);
         else
-            Fire(form.Map1.OnMouseMove, at.x, at.y);
+            Fire(form.Map1.OnMouseMove, at.longitude, at.latitude);
     });
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event)
 {
-    const auto at = InView(event->position());
+    const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseUp(halvern, station, ButtonOf(event));
         else
-            Fire(form.Map1.OnMouseUp, ButtonOf(event), at.x, at.y);
+            Fire(form.Map1.OnMouseUp, ButtonOf(event), at.longitude, at.latitude);
     });
 }
 

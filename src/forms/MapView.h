@@ -20,6 +20,11 @@ public:
     QSize sizeHint() const override { return {800, 600}; }
     /// What stands on one of the map's surfaces, without stations, fine enough for paper; nothing for another control.
     QImage PictureOf(const Control& surface) const;
+    /// Degrees, north and west positive.
+    struct Place {
+        double latitude, longitude;
+    };
+    Place PlaceAt(QPointF pixel) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,10 +38,6 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    struct ViewPoint {
-        double x, y;
-    };
-    ViewPoint InView(QPointF place) const;
     /// Picks the range some steps closer, as the range selector would.
     void StepCloser(int steps);
     void SettleSprites();

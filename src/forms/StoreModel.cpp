@@ -99,6 +99,11 @@ void StoreModel::Apply()
     emit Applied();
 }
 
+void StoreModel::TextsChanged()
+{
+    if (announced > 0) emit dataChanged(index(0, 0), index(announced - 1, columnCount() - 1));
+}
+
 void StoreModel::AnnounceAll()
 {
     beginResetModel();
@@ -137,7 +142,7 @@ void StoreModel::DropOldNews()
 {
     const auto now = QDateTime::currentMSecsSinceEpoch();
     const auto old = std::erase_if(news, [now](const News& entry) { return entry.until < now; });
-    if (old > 0 && announced > 0) emit dataChanged(index(0, 0), index(announced - 1, columnCount() - 1));
+    if (old > 0) TextsChanged();
     if (news.empty()) newsTimer.stop();
 }
 
@@ -165,6 +170,7 @@ QVariant StoreModel::data(const QModelIndex& index, int role) const
         if (index.row() >= list.Count()) return QString();
         const auto& column = columns[static_cast<std::size_t>(index.column())];
         const auto& row = list.Row(index.row());
+        if (column.text) return column.text(row);
         const auto width = column.width == 0 ? std::string_view::npos : static_cast<std::size_t>(column.width);
         return Shown(Columns(row, static_cast<std::size_t>(column.first), width));
     }

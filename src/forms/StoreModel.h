@@ -14,12 +14,14 @@
 
 namespace halvern {
 
-/// A stretch of a row's columns under a name. `first` is 1-based; `width` 0: to the end.
+/// A stretch of a row's columns under a name. `first` is 1-based; `width` 0: to the end. With `text` the column shows
+/// what that says of the row instead.
 struct RowColumn {
     int first = 1;
     int width = 0;
     const char* name = "";
     const char* tip = "";
+    std::function<QString(std::string_view row)> text = {};
 };
 
 /// The rows of a store as a model; never a copy.
@@ -36,6 +38,8 @@ public:
 
     /// Announces what has been collected.
     void Apply();
+    /// The columns that have their texts from elsewhere have others now.
+    void TextsChanged();
     /// What stands before a row. It must depend on the row's text alone: each text is asked for once.
     using Picture = std::function<QIcon(std::string_view row)>;
     void ShowPictures(Picture picture) { pictureOf = std::move(picture); }

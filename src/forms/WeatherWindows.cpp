@@ -239,7 +239,7 @@ DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent)
     auto* layout = new QVBoxLayout(window);
     auto* graph = new GraphView(form, window);
     BindCommon(graph, form.Graph1, QObject::tr("Graph"));
-    auto* list = DialogRows(form.GraphLst, window);
+    auto* list = DialogRows(halvern, form.GraphLst, window);
     auto* column = new QVBoxLayout;
     AddList(column, form.GraphLst, list);
     auto* above = new QHBoxLayout;
@@ -272,7 +272,7 @@ DialogWindow* MakeCompassWindow(Halvern& halvern, QWidget* parent)
     auto* lists = new QHBoxLayout;
     for (List* each : {&form.CompassLst, &form.DirectionLst, &form.SpeedLst}) {
         auto* column = new QVBoxLayout;
-        AddList(column, *each, DialogRows(*each, window));
+        AddList(column, *each, DialogRows(halvern, *each, window));
         lists->addLayout(column);
     }
     layout->addLayout(lists, 1);

@@ -77,7 +77,7 @@ void Windows::AddDialogs()
     windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
     windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
-        windows.emplace(form, MakeObjectWindow(h, *form, main.get()));
+        windows.emplace(form, MakeObjectWindow(h, *form, *map, main.get()));
     for (Form* form : std::initializer_list<Form*>{
              &h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm, &h.FindFoundFrm,
              &h.InformationFrm, &h.browfrm, &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})

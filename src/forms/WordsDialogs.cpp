@@ -11,6 +11,7 @@ std::span<const WordEntry> DialogWords()
         {"*.CancelCmd", "", "Close this window and change nothing"},
         {"*.ObjectCourselbl", "Co&urse", "Course in degrees, 0 to 360"},
         {"*.ObjectSpeedlbl", "Sp&eed", "Speed in knots, 0 to 999"},
+        {"*.InstructionsCmd", "", "What course and speed mean"},
         {"*.CommentTXT", "Co&mment", "Goes out with the object, at most 43 characters"},
         // one by one
         {"AddPathFrm.PathLbl", "Path", "The path as built so far"},
@@ -31,7 +32,7 @@ std::span<const WordEntry> DialogWords()
         {"KillMyObjectsFrm.OkCmd", "", "Tell everybody that it is gone"},
         {"StpTransObjectsFrm.ObjectLst", "Ob&ject", "The object that is to be sent no more"},
         {"StpTransObjectsFrm.OkCmd", "", "Stop sending the selected object"},
-        {"StpTransObjectsFrm.ClearCmd", "", "Stop sending all of them"},
+        {"StpTransObjectsFrm.ClearCmd", "", "Select none of them"},
         {"TakeTransObjFrm.OthersObjLst", "Ob&ject", "Another station's object"},
         {"TakeTransObjFrm.OkCmd", "", "Go on sending the selected object as an own one"},
         {"FindFrm.FindPosTxt", "&Position", "The station's row of the position window"},

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "platform/Text.h"
 
@@ -47,6 +48,31 @@ std::string DigitFieldFault(std::string_view text, const DigitField& field)
     return {};
 }
 
+struct FieldNames {
+    const char *whenEmpty, *name;
+};
+
+constexpr std::array<FieldNames, 8> PositionNames{{
+    {"Degrees Of Latitude", "Degrees of Latitude"},
+    {"Minutes Of Latitude", "Minutes of Latitude"},
+    {"Decimal Minutes Of Latitude", "Decimal Minutes Of Latitude"},
+    {"Hemisphere Of Latitude", "Hemisphere Of Latitude"},
+    {"Degrees Of Longitude", "Degrees of Longitude"},
+    {"Minutes Of Longitude", "Minutes of Longitude"},
+    {"a Decimal Minutes Of Longitude", "Decimal Minutes Of Longitude"},
+    {"Hemisphere Of Longitude", "Hemisphere Of Longitude"},
+}};
+
+/// Four texts of an angle, hundredths of a minute counted whole so that 59.995 minutes make a degree.
+void PutAngle(std::string* texts, double angle, int digits, const char* hemispheres)
+{
+    const long hundredths = RoundHalfToEven(std::abs(angle) * 6000);
+    texts[0] = ZeroFilled(hundredths / 6000, digits);
+    texts[1] = ZeroFilled(hundredths / 100 % 60, 2);
+    texts[2] = ZeroFilled(hundredths % 100, 2);
+    texts[3] = hemispheres[angle < 0 ? 1 : 0];
+}
+
 } // namespace
 
 std::string PositionFieldFault(std::string_view text, std::string_view name)
@@ -59,6 +85,24 @@ std::string PositionFieldFault(std::string_view text, std::string_view name)
     for (const auto& field : DigitFields)
         if (field.name == name) return DigitFieldFault(text, field);
     return {};
+}
+
+std::string PositionFault(const PositionTexts& texts, std::string_view ending)
+{
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (texts[i].empty())
+            return std::string("You have to enter ") + PositionNames[i].whenEmpty + std::string(ending);
+        if (auto fault = PositionFieldFault(texts[i], PositionNames[i].name); !fault.empty()) return fault;
+    }
+    return {};
+}
+
+PositionTexts PositionTextsOf(double latitude, double longitude)
+{
+    PositionTexts texts;
+    PutAngle(texts.data(), std::clamp(latitude, -90.0, 90.0), 2, "NS");
+    PutAngle(texts.data() + 4, std::remainder(longitude, 360.0), 3, "WE");
+    return texts;
 }
 
 } // namespace halvern

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Controls.h"
+#include "state/PositionFields.h"
 #include "state/Symbols.h"
 
 /// The dialogs.
@@ -31,18 +32,14 @@ struct KillMsgForm : Form {
 };
 
 /// Position, course, speed and comment of an object, as two dialogs have them.
-struct ObjectFieldsForm : Form {
-    using Form::Form;
-    TextField LatDegtxt{*this, "LatDegtxt", "", 2};
-    TextField LatMintxt{*this, "LatMintxt", "", 2};
-    TextField LatDectxt{*this, "LatDectxt", "", 2};
-    TextField LatSigntxt{*this, "LatSigntxt", "", 1};
-    TextField LonDegtxt{*this, "LonDegtxt", "", 3};
-    TextField LonMintxt{*this, "LonMintxt", "", 2};
-    TextField LonDectxt{*this, "LonDectxt", "", 2};
-    TextField LonSigntxt{*this, "LonSigntxt", "", 1};
+struct ObjectFieldsForm : Form, PositionFields {
+    ObjectFieldsForm(Controls& all, std::string name, std::string caption)
+        : Form(all, std::move(name), std::move(caption)), PositionFields(static_cast<Form&>(*this))
+    {
+    }
     NumberLabel ObjectCourselbl{*this, "ObjectCourselbl", 0, 360, "000"};
     NumberLabel ObjectSpeedlbl{*this, "ObjectSpeedlbl", 0, 999, "000"};
+    Button InstructionsCmd{*this, "InstructionsCmd", "&Instructions"};
     TextField CommentTXT{*this, "CommentTXT", "", 43};
     Button OkCmd{*this, "OkCmd", "&OK"};
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
@@ -55,9 +52,13 @@ struct CreateObjectsForm : ObjectFieldsForm {
         for (const auto symbol : StationSymbols) SymbolCombo.Add(symbol);
         SymbolCombo.Preselect(0);
     }
+    Label HelpLbl{
+        *this, "HelpLbl",
+        "When you click on the OK button the Create Path Dialog Box will appear.\r\n"
+        "If you want this object to be sent without a Digi Path then click on the Create Path Cancel Button."};
     TextField ObjectNameTxt{*this, "ObjectNameTxt", "", 9};
     List SymbolCombo{*this, "SymbolCombo", ListStyle::Combo};
-    std::string OverlayChar = " ";
+    std::string OverlayChar = " "; ///< a blank for none
 };
 
 struct MoveMyObjectForm : ObjectFieldsForm {

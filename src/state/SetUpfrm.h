@@ -7,13 +7,16 @@
 
 #include "platform/Controls.h"
 #include "state/Lists.h"
+#include "state/PositionFields.h"
 #include "state/Symbols.h"
 
 namespace halvern {
 
 /// The setup form, and with it the live settings: whoever wants a setting reads its control.
-struct SetUpForm : Form {
-    explicit SetUpForm(Controls& all) : Form(all, "SetUpfrm", "Setup")
+struct SetUpForm : Form, PositionFields {
+    explicit SetUpForm(Controls& all)
+        : Form(all, "SetUpfrm", "Setup"),
+          PositionFields(static_cast<Form&>(*this), 2) // one more than the latitude's: old files may hold two
     {
         SetPlace({8490, 0, 0, 8205, 0});
         IgateOpt.SetEntryEnabled(1, false);
@@ -30,14 +33,6 @@ struct SetUpForm : Form {
     // Station
     TextField CallSignTxt{*this, "CallSignTxt", "", 6};
     NumberLabel SSIDLBL{*this, "SSIDLBL", 0, 15, "0"};
-    TextField LatDegtxt{*this, "LatDegtxt", "", 2};
-    TextField LatMintxt{*this, "LatMintxt", "", 2};
-    TextField LatDectxt{*this, "LatDectxt", "", 2};
-    TextField LatSigntxt{*this, "LatSigntxt", "", 1};
-    TextField LonDegtxt{*this, "LonDegtxt", "", 3};
-    TextField LonMintxt{*this, "LonMintxt", "", 2};
-    TextField LonDectxt{*this, "LonDectxt", "", 2};
-    TextField LonSigntxt{*this, "LonSigntxt", "", 2}; // one more than the latitude's: old files may hold two
     Label Latlbl{*this, "Latlbl", "4049.14N"};
     Label Lonlbl{*this, "Lonlbl", "07308.41W"};
     List PortLst{*this, "PortLst", ListStyle::Combo, ComPorts, 0};

@@ -11,12 +11,16 @@ std::string OwnCallOf(const SetUpForm& setUp)
     return ssid == "0" ? setUp.CallSignTxt.Text() : setUp.CallSignTxt.Text() + "-" + ssid;
 }
 
+std::string SymbolPair(const std::string& entry, const std::string& overlay)
+{
+    std::string pair = entry.size() < 2 ? "/-" : entry.substr(entry.size() - 2);
+    if (!overlay.empty() && overlay != " ") pair[0] = overlay[0];
+    return pair;
+}
+
 std::string OwnSymbol(const SetUpForm& setUp)
 {
-    const auto& entry = setUp.SymbolCombo.Text();
-    std::string pair = entry.size() < 2 ? "/-" : entry.substr(entry.size() - 2);
-    if (HasOverlay(setUp)) pair[0] = setUp.OverlayChar[0];
-    return pair;
+    return SymbolPair(setUp.SymbolCombo.Text(), setUp.OverlayChar);
 }
 
 bool HasWeatherSymbol(const SetUpForm& setUp)
@@ -31,9 +35,7 @@ bool HasOverlay(const SetUpForm& setUp)
 
 std::string OwnPlace(const SetUpForm& setUp, std::string_view symbol)
 {
-    return setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() + setUp.LatSigntxt.Text() +
-           symbol[0] + setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." + setUp.LonDectxt.Text() +
-           setUp.LonSigntxt.Text() + symbol[1];
+    return setUp.Latitude() + symbol[0] + setUp.Longitude() + symbol[1];
 }
 
 std::string OwnPhg(const SetUpForm& setUp, const std::string& behind)
@@ -51,7 +53,7 @@ std::string OwnPosition(const SetUpForm& setUp)
 
 std::string OwnPosition(const SetUpForm& setUp, const std::string& phg)
 {
-    return "=" + OwnPlace(setUp, OwnSymbol(setUp)) + phg + " " + setUp.CommentTXT.Text();
+    return OwnPosition(setUp, setUp.Latitude(), setUp.Longitude(), phg);
 }
 
 std::string OwnPosition(const SetUpForm& setUp, const std::string& latitude, const std::string& longitude,

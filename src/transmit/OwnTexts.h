@@ -12,7 +12,11 @@ namespace halvern {
 /// The call with its SSID; SSID 0 is left out.
 std::string OwnCallOf(const SetUpForm& setUp);
 
-/// Symbol table and symbol code of the picked symbol; an overlay character takes the table's place.
+/// Symbol table and symbol code of an entry of the symbols' list; an overlay character that is neither empty nor a
+/// blank takes the table's place.
+std::string SymbolPair(const std::string& entry, const std::string& overlay);
+
+/// Those of the picked symbol.
 std::string OwnSymbol(const SetUpForm& setUp);
 
 /// A station with this symbol sends its position with its weather reports only.
