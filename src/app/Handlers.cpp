@@ -23,6 +23,7 @@
 #include "map/StationInfo.h"
 #include "ports/GpsPort.h"
 #include "ports/InternetPort.h"
+#include "ports/Psk63Port.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
 #include "ports/WeatherFile.h"
@@ -148,6 +149,9 @@ void ConnectPorts(Halvern& halvern)
     main.WeatherMenu.OnClick = [&] { OpenCloseWeather(halvern); };
     main.WeatherCom.OnReceive = [&](int code) { ReceiveFromWeather(halvern, code); };
     main.WXSoft.OnTick = [&] { WeatherFileTick(halvern); };
+    main.Psk63Menu.OnClick = [&] { OpenClosePsk63(halvern); };
+    main.Psk63Soc.OnReceive = [&] { ReceiveFromPsk63(halvern); };
+    main.Psk63Soc.OnDisconnect = [&] { Psk63HungUp(halvern); };
 }
 
 void ConnectTransmitter(Halvern& halvern)
@@ -229,6 +233,7 @@ void ConnectMessages(Halvern& halvern)
     form.SSTab2.OnClick = [&] { ShowMessageTab(form); };
     form.MsgTxt.OnKey = [&](int& key) { TypeMessage(halvern, key); };
     form.Timer1.OnTick = [&] { RetryTick(halvern); };
+    form.PSk63HelpCmd.OnClick = [&] { ShowHelpPage(halvern, "psk63.html"); };
     auto& main = halvern.ConMdiFrm;
     main.MailAddMenu.OnClick = [&] { AddMailPath(halvern); };
     main.MailChangeMenu.OnClick = [&] { ChangeMailPath(halvern); };

@@ -192,6 +192,11 @@ void ShowHelp(Halvern& halvern)
     halvern.Outside.dialogs.Help(halvern.ProgramFolder + "\\halvern.chm");
 }
 
+void ShowHelpPage(Halvern& halvern, const std::string& name)
+{
+    halvern.Outside.dialogs.Help(halvern.ProgramFolder + "\\help\\" + name);
+}
+
 void ShowAbout(Halvern& halvern)
 {
     halvern.Tell(Icon::Information, "Halvern version 1.30\r\n\r\n"

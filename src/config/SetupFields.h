@@ -35,6 +35,8 @@ void FilePickersAtHome(Halvern& halvern);
 void ShowHelpText(Halvern& halvern, const std::string& name);
 /// The help's first page.
 void ShowHelp(Halvern& halvern);
+/// One page of the help.
+void ShowHelpPage(Halvern& halvern, const std::string& name);
 void ShowAbout(Halvern& halvern);
 
 } // namespace halvern

@@ -94,9 +94,10 @@ void Windows::Serve(QtDialogs& dialogs)
 {
     dialogs.WindowOf = [this](Form& form) { return WindowOf(form); };
     dialogs.PictureOf = [this](Control& surface) { return map->PictureOf(surface); };
-    // the help was one file once, and its name is still how the program asks for it; it is a folder of pages
-    dialogs.OnHelp = [this](const std::string&) {
-        help->ShowPage(Shown(DiskFiles().Resolved(halvern.ProgramFolder + "/help/index.html")));
+    // the help was one file once, and its name is still how the program asks for its first page
+    dialogs.OnHelp = [this](const std::string& file) {
+        const auto page = file.ends_with(".html") ? file : halvern.ProgramFolder + "/help/index.html";
+        help->ShowPage(Shown(DiskFiles().Resolved(page)));
     };
     dialogs.OnShowText = [this](const std::string& file) { help->ShowTextFile(Shown(DiskFiles().Resolved(file))); };
 }

@@ -13,6 +13,7 @@ void EndMarkCutter::Take(std::string_view bytes)
 
 std::optional<std::string> EndMarkCutter::Next()
 {
+    if (framing.lead) return NextLed();
     if (!framing.mark && at < arrived.size()) return arrived.substr(std::exchange(at, arrived.size()));
     while (at < arrived.size()) {
         if (piece.empty() && !tooLong) at = std::min(arrived.find_first_not_of(*framing.mark, at), arrived.size());
@@ -28,6 +29,14 @@ std::optional<std::string> EndMarkCutter::Next()
         return whole;
     }
     return {};
+}
+
+std::optional<std::string> EndMarkCutter::NextLed()
+{
+    if (at == arrived.size()) return {};
+    const std::size_t length = arrived[at] == *framing.lead ? 2 : 1;
+    if (at + length > arrived.size()) return {};
+    return arrived.substr(std::exchange(at, at + length), length);
 }
 
 } // namespace halvern

@@ -9,7 +9,8 @@
 
 namespace halvern {
 
-inline constexpr char FrameEnd = '\xC0'; ///< the end mark of KISS ports: FEND, byte 192
+inline constexpr char FrameEnd = '\xC0';       ///< the end mark of KISS ports: FEND, byte 192
+inline constexpr char CharacterHeard = '\x1D'; ///< byte 29 leads each character that a PSK63 engine hears
 
 /// How the bytes of a port fall into events; declared where the port is.
 struct Framing {
@@ -17,11 +18,13 @@ struct Framing {
     std::size_t longest = 0;    ///< bytes of an event, its end mark included; a longer one is dropped up to its mark
     bool opens = false;         ///< the mark stands in front as well, where one may close an event and open the next
     int greetingMs = 0;         ///< so long a quiet ends the first event of a connection too; 0: no quiet does
+    std::optional<char> lead{}; ///< in the place of a mark: makes an event with the byte behind it, as others do alone
 };
 
 inline constexpr Framing TextLines{.mark = '\n', .longest = 2000};
 /// Of a server that greets whoever connects, at times without a line end.
 inline constexpr Framing ServerLines{.mark = '\n', .longest = TextLines.longest, .greetingMs = 5000};
+inline constexpr Framing LedCharacters{.lead = CharacterHeard};
 inline constexpr Framing KissFrames{.mark = FrameEnd, .longest = 4096, .opens = true};
 
 /// Cuts a byte stream into events that never reach past an end mark, however the stream arrives.
@@ -41,6 +44,8 @@ public:
     bool Holding() const { return !piece.empty(); }
 
 private:
+    std::optional<std::string> NextLed();
+
     Framing framing;
     std::string arrived;
     std::size_t at = 0; ///< where the rest of `arrived` begins

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/InternetPort.h"
 
-#include <algorithm>
-
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
 #include "ports/PortRules.h"
@@ -27,22 +25,6 @@ const char* Obstacle(const Halvern& halvern)
     return nullptr;
 }
 
-bool Connect(Halvern& halvern)
-{
-    constexpr double highestPort = 65535;
-    constexpr const char* failed = "Internet connection failed.";
-    auto& socket = halvern.ConMdiFrm.InternetSoc;
-    const std::string digits(Trimmed(halvern.SetUpfrm.APRServePortTxt.Text()));
-    const double port = LeadingNumber(digits);
-    socket.HostName = Trimmed(halvern.SetUpfrm.IntDomainCombo.Text());
-    if (!std::ranges::all_of(digits, IsDigit) || port < 1 || port > highestPort) {
-        TellNotConnected(halvern, socket.HostName + ":" + digits, "a port is a number from 1 to 65535", failed);
-        return false;
-    }
-    socket.RemotePort = static_cast<int>(port);
-    return ConnectPort(halvern, socket, failed);
-}
-
 void LogIn(Halvern& halvern)
 {
     auto& form = halvern.ConMdiFrm;
@@ -61,7 +43,10 @@ void OpenCloseInternet(Halvern& halvern)
     if (form.InternetSoc.Connecting()) return form.InternetSoc.Disconnect(); // a second click gives the try up
     if (form.PortIp.Checked()) return ClosePort(halvern, MainPort::Internet);
     if (const char* obstacle = Obstacle(halvern)) return halvern.Tell(Icon::Critical, obstacle);
-    if (!Connect(halvern)) return;
+    const auto& setUp = halvern.SetUpfrm;
+    if (!ConnectTo(halvern, form.InternetSoc, setUp.IntDomainCombo.Text(), setUp.APRServePortTxt.Text(),
+                   {"Internet connection failed.", Icon::Critical}))
+        return;
     if (const char* obstacle = Obstacle(halvern)) { // one that came while it connected
         form.InternetSoc.Disconnect();
         return halvern.Tell(Icon::Critical, obstacle);

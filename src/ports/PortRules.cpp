@@ -4,12 +4,18 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/Text.h"
 #include "ports/GpsPort.h"
 #include "ports/WeatherPort.h"
 #include "relay/Beacon.h"
 
 namespace halvern {
 namespace {
+
+void ShowNotConnected(Halvern& halvern, const std::string& whom, const std::string& why)
+{
+    halvern.ConMdiFrm.StatusBar1.SetCaption("Not connected to " + whom + ": " + why);
+}
 
 struct PortRule {
     MainPort port;
@@ -70,19 +76,31 @@ void StopTransmitter(Halvern& halvern)
     form.MyObjectsMenu.SetVisible(false);
 }
 
-bool ConnectPort(Halvern& halvern, Socket& socket, const char* failed)
+bool ConnectPort(Halvern& halvern, Socket& socket, const FailedWords& failed)
 {
     const auto whom = socket.HostName + ":" + std::to_string(socket.RemotePort);
     halvern.ConMdiFrm.StatusBar1.SetCaption("Connecting to " + whom + " ...");
     const int error = socket.Connect();
-    if (error != 0) TellNotConnected(halvern, whom, socket.WhyNot(), error == Socket::Stopped ? nullptr : failed);
-    return error == 0;
+    if (error == 0) return true;
+    ShowNotConnected(halvern, whom, socket.WhyNot());
+    if (error != Socket::Stopped) halvern.Tell(failed.icon, failed.text);
+    return false;
 }
 
-void TellNotConnected(Halvern& halvern, const std::string& whom, const std::string& why, const char* failed)
+bool ConnectTo(Halvern& halvern, Socket& socket, std::string_view host, std::string_view port,
+               const FailedWords& failed)
 {
-    halvern.ConMdiFrm.StatusBar1.SetCaption("Not connected to " + whom + ": " + why);
-    if (failed != nullptr) halvern.Tell(Icon::Critical, failed);
+    constexpr double highestPort = 65535;
+    const std::string digits(Trimmed(port));
+    const double number = LeadingNumber(digits);
+    socket.HostName = Trimmed(host);
+    if (!std::ranges::all_of(digits, IsDigit) || number < 1 || number > highestPort) {
+        ShowNotConnected(halvern, socket.HostName + ":" + digits, "a port is a number from 1 to 65535");
+        halvern.Tell(failed.icon, failed.text);
+        return false;
+    }
+    socket.RemotePort = static_cast<int>(number);
+    return ConnectPort(halvern, socket, failed);
 }
 
 void PortOpened(Halvern& halvern, MainPort port)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string_view>
+
 #include "state/Halvern.h"
 
 /// What the ports have to do with each other when one of them opens or closes.
@@ -9,13 +11,20 @@ namespace halvern {
 /// The ports that carry packets.
 enum class MainPort { Tnc, Internet, Sound, Psk63 };
 
+/// What the operator is told where a port does not open.
+struct FailedWords {
+    const char* text;
+    Icon icon;
+};
+
 /// Connects the socket of a main port. The status bar says to whom, and why it failed; the operator is told with the
 /// words of that port, unless he or the end of the program has given the try up.
 ///
 /// Other events go on meanwhile: the port counts as closed, so that no timer sends on it, and the other ports hear.
-bool ConnectPort(Halvern& halvern, Socket& socket, const char* failed);
-/// Tells of a connection that failed, or could not be tried.
-void TellNotConnected(Halvern& halvern, const std::string& whom, const std::string& why, const char* failed);
+bool ConnectPort(Halvern& halvern, Socket& socket, const FailedWords& failed);
+/// The same, to what two fields of the setup form say. The port is a whole number from 1 to 65535.
+bool ConnectTo(Halvern& halvern, Socket& socket, std::string_view host, std::string_view port,
+               const FailedWords& failed);
 
 /// Everything that follows a successful open: the check mark, the menus, the timers, the word in the status bar.
 void PortOpened(Halvern& halvern, MainPort port);

@@ -11,7 +11,7 @@ void OpenCloseSound(Halvern& halvern)
     auto& form = halvern.ConMdiFrm;
     if (form.SoundSoc.Connecting()) return form.SoundSoc.Disconnect(); // a second click gives the try up
     if (form.SoundCardMenu.Checked()) return ClosePort(halvern, MainPort::Sound);
-    if (!ConnectPort(halvern, form.SoundSoc, "Sound Card connection failed.")) return;
+    if (!ConnectPort(halvern, form.SoundSoc, {"Sound Card connection failed.", Icon::Critical})) return;
     PortOpened(halvern, MainPort::Sound);
 }
 

@@ -7,6 +7,7 @@
 #include "engine/PacketLog.h"
 #include "platform/Text.h"
 #include "protocol/OutMsg.h"
+#include "protocol/Psk63Framing.h"
 #include "transmit/Psk63Send.h"
 #include "transmit/Send.h"
 
@@ -181,8 +182,8 @@ void SendOnPsk63(Halvern& halvern, Outgoing& message)
         --form.MsgNumber;
         NumberOf(halvern, message);
     } else {
-        const bool marked = Psk63SpeaksInMarks(halvern);
-        form.MsgToYouLst.Add((marked ? "SSSSS" : "") + ListLine(halvern, message) + (marked ? "EEEEE" : ""));
+        const auto line = ListLine(halvern, message);
+        form.MsgToYouLst.Add(Psk63SpeaksInMarks(halvern) ? BetweenMarkers(line) : line);
         form.LastPskTo = message.destination;
         form.LastPskMsg = message.text;
     }

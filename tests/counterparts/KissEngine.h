@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QTcpSocket>
 
+#include "counterparts/Counterpart.h"
 #include "platform/qt/QtSerialDevice.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "support/StationTest.h"
@@ -24,9 +25,6 @@ constexpr const char* SoundMaker = "gen_packets";
 constexpr std::size_t WavHeader = 44;
 /// The pseudo-terminal of the engine, a link that it makes.
 inline const std::string EngineLine = "/tmp/kisstnc";
-
-/// Why this process has no network of its own in which any port is free, or an empty text.
-const std::string& WhyNoNetwork();
 
 /// A station that listens to the engine on one of its ports.
 struct Listener {

@@ -18,17 +18,6 @@ std::string OneStar(const std::string& line)
     return last == std::string::npos ? line : header + line.substr(line.find(':'));
 }
 
-/// Lines that can go out on the air: without what only the Internet knows.
-std::vector<std::string> LinesFrom(const std::string& path)
-{
-    std::vector<std::string> lines;
-    std::ifstream file(path, std::ios::binary);
-    for (std::string line; std::getline(file, line);)
-        if (!line.empty() && line.front() != '#' && line.find(",q") > line.find(':') && Holds(line, ":"))
-            lines.push_back(line);
-    return lines;
-}
-
 TEST_F(KissEngine, RealPacketsLeaveTheSameRowsByTheAirAsByHand)
 {
     const auto traffic = TrafficFile("tape-2005.tnc2");

@@ -27,6 +27,8 @@ TEST(EndMark, CutsEventsHoweverTheStreamArrives)
         {"frames with FENDs of their own", KissFrames, "\xC0 one\xC0\xC0 two\xC0", {"\xC0 one\xC0", "\xC0 two\xC0"}},
         {"frames that share a FEND", KissFrames, "\xC0 one\xC0 two\xC0 thr", {"\xC0 one\xC0", "\xC0 two\xC0"}},
         {"a frame too long", KissFrames, "\xC0" + endless + "\xC0 one\xC0", {"\xC0 one\xC0"}},
+        {"characters, each behind its byte", LedCharacters, "\x1D>\x1D\x1D\x1D\n", {"\x1D>", "\x1D\x1D", "\x1D\n"}},
+        {"characters among other bytes", LedCharacters, "\x1C\x1C\x1DQxy\x1D", {"\x1C", "\x1C", "\x1DQ", "x", "y"}},
         {"FENDs alone", KissFrames, std::string(100000, FrameEnd), {}},
     };
     for (const auto& each : cases)

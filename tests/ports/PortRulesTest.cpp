@@ -22,6 +22,7 @@ TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
         bool lookUp;
     } cases[] = {{"PortTnc", "TNC Port", 1, false},
                  {"SoundCardMenu", "Sound Card Port", 1, false},
+                 {"Psk63Menu", "PSK63 Port", 1, false},
                  {"PortIp", "TCP/IP Port", 0, true}};
     for (const auto& each : cases) {
         Station fresh;
@@ -42,7 +43,7 @@ TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
 
 TEST_F(PortRules, OnlyTheLastPortStopsTheTimers)
 {
-    const char* const items[] = {"PortTnc", "SoundCardMenu", "PortIp"};
+    const char* const items[] = {"PortTnc", "SoundCardMenu", "PortIp", "Psk63Menu"};
     for (const auto* last : items) {
         for (const auto* item : items) Item(item).Click();
         form.Timer1.Start(8000);
@@ -66,7 +67,7 @@ TEST_F(PortRules, OnlyTheLastPortStopsTheTimers)
 TEST_F(PortRules, AGpsPortKeepsTheBeaconsStill)
 {
     main.GpsMenu.SetChecked(true);
-    for (const auto* item : {"PortTnc", "SoundCardMenu"}) Item(item).Click();
+    for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) Item(item).Click();
     EXPECT_FALSE(main.Timer2.Running());
     Item("PortIp").Click();
     EXPECT_FALSE(main.PortIp.Checked());
