@@ -66,7 +66,7 @@ void ClosePorts(MainForm& main)
     for (SerialPort* port : {&main.MSComm1, &main.WeatherCom})
         if (port->IsOpen()) port->Close();
     for (Socket* socket : {&main.SoundSoc, &main.InternetSoc, &main.Psk63Soc})
-        if (socket->Connected()) socket->Disconnect();
+        if (socket->Connected() || socket->Connecting()) socket->Disconnect();
     if (main.GpsCom.IsOpen()) main.GpsCom.Close();
 }
 

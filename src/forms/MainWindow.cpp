@@ -102,6 +102,7 @@ MainWindow::MainWindow(Halvern& halvern) : halvern(halvern), area(new QMdiArea(t
     MakeStationMenu();
     MakeToolbars();
     MakeStatusBar();
+    MakeEscape();
     UseIcons();
     setWindowTitle(Shown(halvern.ConMdiFrm.Caption()));
     setContextMenuPolicy(Qt::NoContextMenu); // the toolbars come and go with the map
@@ -246,6 +247,28 @@ void MainWindow::MakeStatusBar()
     position->setMinimumWidth(fontMetrics().horizontalAdvance("-00.00000000 -000.00000000"));
     position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(position);
+}
+
+// --- keys ------------------------------------------------------------------------------------------------------------
+
+/// Escape gives up the connections that are being tried; at all other times it is left to the windows.
+void MainWindow::MakeEscape()
+{
+    auto& form = halvern.ConMdiFrm;
+    auto* escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setContext(Qt::ApplicationShortcut);
+    escape->setEnabled(false);
+    const std::array<Socket*, 3> sockets{&form.InternetSoc, &form.SoundSoc, &form.Psk63Soc};
+    for (Socket* socket : sockets) {
+        WatchFor(escape, *socket, [escape, sockets](const Change&) {
+            escape->setEnabled(std::ranges::any_of(sockets, &Socket::Connecting));
+        });
+        connect(escape, &QShortcut::activated, [this, socket] {
+            halvern.All.Dispatch([socket] {
+                if (socket->Connecting()) socket->Disconnect();
+            });
+        });
+    }
 }
 
 } // namespace halvern

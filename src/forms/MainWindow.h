@@ -27,6 +27,7 @@ private:
     void MakeStationMenu();
     void MakeToolbars();
     void MakeStatusBar();
+    void MakeEscape();
     void Follow();
     void UseIcons();
     QAction* ActionFor(MenuItem& item);

@@ -58,9 +58,14 @@ PropertyTexts SerialPort::Describe() const
 
 int Socket::Connect()
 {
-    const int result = device == nullptr ? -1 : device->Connect(HostName, RemotePort, TimeoutMs);
+    if (device == nullptr || connecting) return -1;
+    Put(connecting, true);
+    const auto error = device->Connect(HostName, RemotePort, TimeoutMs);
+    whyNot = error ? error->description : "";
+    connecting = false;
     Tell({});
-    return result;
+    if (!error) return 0;
+    return error->number != 0 ? error->number : -1;
 }
 
 void Socket::Disconnect()

@@ -37,8 +37,9 @@ public:
 class SocketDevice {
 public:
     virtual ~SocketDevice() = default;
-    /// Blocks until connected, refused or timed out. @return 0, or an error number.
-    virtual int Connect(const std::string& host, int port, int timeoutMs) = 0;
+    /// Waits until connected, refused, timed out or disconnected; other events go on meanwhile.
+    virtual std::optional<PortError> Connect(const std::string& host, int port, int timeoutMs) = 0;
+    /// Closes the connection, or gives up the one that is being tried.
     virtual void Disconnect() = 0;
     virtual bool Connected() const = 0;
     virtual void Write(std::string_view bytes) = 0;
@@ -105,8 +106,14 @@ public:
     int RemotePort;
     int TimeoutMs;
 
-    /// @return 0 on success.
+    /// Other events go on until it returns; the socket counts as connected only then.
+    /// @return 0 on success, `Stopped` where Disconnect has given it up, otherwise another number.
     int Connect();
+    static constexpr int Stopped = 10004;
+    bool Connecting() const { return connecting; }
+    /// Why the last Connect failed, in a few words.
+    const std::string& WhyNot() const { return whyNot; }
+    /// Closes the connection, or gives up the one that is being tried.
     void Disconnect();
     bool Connected() const { return device != nullptr && device->Connected(); }
     void Write(std::string_view bytes);
@@ -117,6 +124,10 @@ public:
 
     SocketDevice* device = nullptr;
     Event OnReceive, OnDisconnect;
+
+private:
+    bool connecting = false;
+    std::string whyNot;
 };
 
 } // namespace halvern

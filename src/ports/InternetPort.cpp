@@ -29,13 +29,17 @@ const char* Obstacle(const Halvern& halvern)
 bool Connect(Halvern& halvern)
 {
     constexpr double highestPort = 65535;
+    constexpr const char* failed = "Internet connection failed.";
     auto& socket = halvern.ConMdiFrm.InternetSoc;
-    const auto digits = Trimmed(halvern.SetUpfrm.APRServePortTxt.Text());
+    const std::string digits(Trimmed(halvern.SetUpfrm.APRServePortTxt.Text()));
     const double port = LeadingNumber(digits);
-    if (!std::ranges::all_of(digits, IsDigit) || port < 1 || port > highestPort) return false;
     socket.HostName = Trimmed(halvern.SetUpfrm.IntDomainCombo.Text());
+    if (!std::ranges::all_of(digits, IsDigit) || port < 1 || port > highestPort) {
+        TellNotConnected(halvern, socket.HostName + ":" + digits, "a port is a number from 1 to 65535", failed);
+        return false;
+    }
     socket.RemotePort = static_cast<int>(port);
-    return socket.Connect() == 0;
+    return ConnectPort(halvern, socket, failed);
 }
 
 void LogIn(Halvern& halvern)
@@ -53,10 +57,14 @@ void LogIn(Halvern& halvern)
 void OpenCloseInternet(Halvern& halvern)
 {
     auto& form = halvern.ConMdiFrm;
+    if (form.InternetSoc.Connecting()) return form.InternetSoc.Disconnect(); // a second click gives the try up
     if (form.PortIp.Checked()) return ClosePort(halvern, MainPort::Internet);
-    const char* refusal = Obstacle(halvern);
-    if (refusal == nullptr && !Connect(halvern)) refusal = "Internet connection failed.";
-    if (refusal != nullptr) return halvern.Tell(Icon::Critical, refusal);
+    if (const char* obstacle = Obstacle(halvern)) return halvern.Tell(Icon::Critical, obstacle);
+    if (!Connect(halvern)) return;
+    if (const char* obstacle = Obstacle(halvern)) { // one that came while it connected
+        form.InternetSoc.Disconnect();
+        return halvern.Tell(Icon::Critical, obstacle);
+    }
     form.ServerLoggedIn = false;
     PortOpened(halvern, MainPort::Internet);
 }

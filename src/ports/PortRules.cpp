@@ -78,6 +78,21 @@ void SetLine(SerialPort& port, const List& number, const List& speed)
     port.Settings = speed.Text() + ",n,8,1";
 }
 
+bool ConnectPort(Halvern& halvern, Socket& socket, const char* failed)
+{
+    const auto whom = socket.HostName + ":" + std::to_string(socket.RemotePort);
+    halvern.ConMdiFrm.StatusBar1.SetCaption("Connecting to " + whom + " ...");
+    const int error = socket.Connect();
+    if (error != 0) TellNotConnected(halvern, whom, socket.WhyNot(), error == Socket::Stopped ? nullptr : failed);
+    return error == 0;
+}
+
+void TellNotConnected(Halvern& halvern, const std::string& whom, const std::string& why, const char* failed)
+{
+    halvern.ConMdiFrm.StatusBar1.SetCaption("Not connected to " + whom + ": " + why);
+    if (failed != nullptr) halvern.Tell(Icon::Critical, failed);
+}
+
 void PortOpened(Halvern& halvern, MainPort port)
 {
     auto& form = halvern.ConMdiFrm;

@@ -9,6 +9,14 @@ namespace halvern {
 /// The ports that carry packets.
 enum class MainPort { Tnc, Internet, Sound, Psk63 };
 
+/// Connects the socket of a main port. The status bar says to whom, and why it failed; the operator is told with the
+/// words of that port, unless he or the end of the program has given the try up.
+///
+/// Other events go on meanwhile: the port counts as closed, so that no timer sends on it, and the other ports hear.
+bool ConnectPort(Halvern& halvern, Socket& socket, const char* failed);
+/// Tells of a connection that failed, or could not be tried.
+void TellNotConnected(Halvern& halvern, const std::string& whom, const std::string& why, const char* failed);
+
 /// Everything that follows a successful open: the check mark, the menus, the timers, the word in the status bar.
 void PortOpened(Halvern& halvern, MainPort port);
 

@@ -9,8 +9,9 @@ namespace halvern {
 void OpenCloseSound(Halvern& halvern)
 {
     auto& form = halvern.ConMdiFrm;
+    if (form.SoundSoc.Connecting()) return form.SoundSoc.Disconnect(); // a second click gives the try up
     if (form.SoundCardMenu.Checked()) return ClosePort(halvern, MainPort::Sound);
-    if (form.SoundSoc.Connect() != 0) return halvern.Tell(Icon::Critical, "Sound Card connection failed.");
+    if (!ConnectPort(halvern, form.SoundSoc, "Sound Card connection failed.")) return;
     PortOpened(halvern, MainPort::Sound);
 }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/Screen.h"
+#include "platform/qt/QtSocketDevice.h"
+#include "support/qt/SilentServer.h"
 
 namespace halvern::test {
 namespace {
@@ -40,6 +42,26 @@ TEST_F(Desk, AFailureEndsTheClickAndNotTheProgram)
     halvern.ConMdiFrm.AboutHalvernMenu.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
     ActionOf(screen, "ConMdiFrm.AboutHalvernMenu")->trigger();
     EXPECT_THAT(screen.station.TakeSaid(), ElementsAre(HasSubstr("Error # 6 Overflow")));
+}
+
+TEST_F(Desk, EscapeGivesUpAConnectionThatIsTried)
+{
+    const SilentServer silent;
+    auto& main = halvern.ConMdiFrm;
+    const QtSocketDevice real(main.InternetSoc);
+    halvern.SetUpfrm.IntDomainCombo.SetText("127.0.0.1");
+    halvern.SetUpfrm.APRServePortTxt.SetText(std::to_string(silent.Port()));
+    std::string status;
+    QTimer::singleShot(0, [&] {
+        status = main.StatusBar1.Caption();
+        QTest::keyClick(&screen.windows->Main(), Qt::Key_Escape);
+    });
+    ActionOf(screen, "ConMdiFrm.PortIp")->trigger();
+    const auto whom = "127.0.0.1:" + std::to_string(silent.Port());
+    EXPECT_EQ(status, "Connecting to " + whom + " ...");
+    EXPECT_EQ(main.StatusBar1.Caption(), "Not connected to " + whom + ": stopped");
+    EXPECT_THAT(screen.station.TakeSaid(), IsEmpty()) << "he knows it himself";
+    EXPECT_FALSE(main.PortIp.Checked());
 }
 
 TEST_F(Desk, ACloseBoxHidesAndTheRowsStay)

@@ -90,25 +90,30 @@ TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
     const struct {
         const char *server, *port;
         int refusal;
-        const char* words;
+        const char *words, *status;
     } cases[] = {
         {"", "", 0,
          "You have to select a APRServer name first. Please go to the setup form internet tab and either "
-         "type in a server name or select one from the list."},
+         "type in a server name or select one from the list.",
+         ""},
         {"feed.example", "", 0,
          "You have to select a APRServer Port number first. Please go to the setup form "
-         "internet tab and type in a Port nunber."},
-        {"feed.example", "14580", 10061, "Internet connection failed."},
-        {"feed.example", "80116", 0, "Internet connection failed."},
-        {"feed.example", "14580.4", 0, "Internet connection failed."},
+         "internet tab and type in a Port nunber.",
+         ""},
+        {"feed.example", "14580", 10061, "Internet connection failed.", "Not connected to feed.example:14580: busy"},
+        {"feed.example", "80116", 0, "Internet connection failed.",
+         "Not connected to feed.example:80116: a port is a number from 1 to 65535"},
+        {"feed.example", "14580.4", 0, "Internet connection failed.",
+         "Not connected to feed.example:14580.4: a port is a number from 1 to 65535"},
     };
     for (const auto& each : cases) {
         setUp.IntDomainCombo.SetText(each.server);
         setUp.APRServePortTxt.SetText(each.port);
-        if (each.refusal != 0) station.ports.Line(main.InternetSoc)->Refuse(each.refusal, "");
+        if (each.refusal != 0) station.ports.Line(main.InternetSoc)->Refuse(each.refusal, "busy");
         main.PortIp.Click();
         EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"" + std::string(each.words) + '"'));
         EXPECT_FALSE(main.PortIp.Checked() || main.InternetSoc.Connected());
+        EXPECT_EQ(main.StatusBar1.Caption(), each.status);
     }
 }
 

@@ -150,6 +150,19 @@ TEST_F(FeedTest, TheFileIsPlayedAtItsRateAndInALoop)
     EXPECT_FALSE(Said("has heard all"));
 }
 
+TEST_F(FeedTest, WhoDoesNotReadIsNotWrittenToForEver)
+{
+    Start({"--rate", "0"});
+    Client deaf(port, ""), one(port, "user Q1AAA pass 1"), two(port, "user Q2AAA pass 1");
+    deaf.socket.setReadBufferSize(1);
+    deaf.Send("user Q3AAA pass 1");
+    EXPECT_TRUE(RunUntil([&] { return Said("is Q3AAA"); }));
+    for (int i = 0; i < 8000; ++i) one.Send("Q1AAA>APRS:>" + std::string(1900, 'x'));
+    one.Send("Q1AAA>APRS:>the end");
+    EXPECT_TRUE(two.Hears("Q1AAA>APRS:>the end"));
+    EXPECT_TRUE(RunUntil([&] { return Said("Q3AAA does not read"); }));
+}
+
 TEST_F(FeedTest, NothingIsPlayedToWhoDoesNotLogIn)
 {
     Start({"--rate", "0"});

@@ -86,6 +86,7 @@ private:
             signalled->setEnabled(false);
             lines.clear();
             ended = stopped = true;
+            QCoreApplication::exit(); // whatever waits in a loop of its own, a connection that is tried
         });
     }
 

@@ -25,7 +25,7 @@ namespace {
 constexpr const char* ServerName = "HALVERN-FEED";
 /// How often lines that are due go out, in ms: often enough to look even, seldom enough to cost nothing.
 constexpr int BeatMs = 20;
-/// A client that reads slower than this many bytes behind is waited for.
+/// The file waits for a client that is so many bytes behind; what comes from others meanwhile is lost to it.
 constexpr qint64 MostUnread = 1 << 20;
 
 struct Options {
@@ -78,6 +78,7 @@ struct Client {
     QElapsedTimer clock;    ///< since the login
     std::size_t played = 0; ///< lines of the file, over all its rounds
     bool told = false;      ///< that the file is at its end
+    bool behind = false;    ///< it has not read what was sent
 };
 
 class Feed {
@@ -104,6 +105,11 @@ public:
 private:
     static void Send(Client& client, std::string_view line)
     {
+        if (!client.socket->isOpen()) return; // it is gone, and about to be forgotten
+        const bool behind = client.socket->bytesToWrite() >= MostUnread;
+        if (behind && !client.behind) Say(client.name + " does not read: what comes for it is lost");
+        client.behind = behind;
+        if (behind) return;
         client.socket->write(line.data(), static_cast<qint64>(line.size()));
         client.socket->write("\r\n", 2);
     }

@@ -27,13 +27,13 @@ std::optional<PortError> SimulatedSerial::Open(int comNumber, const std::string&
     return {};
 }
 
-int SimulatedSocket::Connect(const std::string& toHost, int toPort, int)
+std::optional<PortError> SimulatedSocket::Connect(const std::string& toHost, int toPort, int)
 {
     host = toHost;
     port = toPort;
-    if (const auto error = TakeRefusal()) return error->number != 0 ? error->number : -1;
+    if (auto error = TakeRefusal()) return error;
     open = true;
-    return 0;
+    return {};
 }
 
 void SimulatedSocket::HangUp()

@@ -46,7 +46,7 @@ private:
 class SimulatedSocket final : public SocketDevice, public SimulatedLine {
 public:
     explicit SimulatedSocket(Socket& socket) : socket(socket) { socket.device = this; }
-    int Connect(const std::string& host, int port, int timeoutMs) override;
+    std::optional<PortError> Connect(const std::string& host, int port, int timeoutMs) override;
     void Disconnect() override { open = false; }
     bool Connected() const override { return open; }
     void Write(std::string_view bytes) override { sent.emplace_back(bytes); }
