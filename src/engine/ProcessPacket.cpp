@@ -16,6 +16,7 @@
 #include "protocol/PacketHeader.h"
 #include "protocol/Sentence.h"
 #include "protocol/UtcTime.h"
+#include "state/Rows.h"
 #include "view/Geometry.h"
 
 namespace halvern {
@@ -59,8 +60,8 @@ bool IsWeatherOrSentence(std::string_view info)
 {
     if (StartsWithOneOf(info, "_#*") || info.starts_with("!!")) return true;
     if (info.starts_with("$")) return ColumnAt(info, 2) != 'G';
-    if (StartsWithOneOf(info, "!-")) return ColumnAt(info, 20) == '_';
-    return StartsWithOneOf(info, "/@") && ColumnAt(info, 27) == '_';
+    if (StartsWithOneOf(info, "!-")) return ColumnAt(info, weatherRow::Code) == '_';
+    return StartsWithOneOf(info, "/@") && ColumnAt(info, weatherRow::StampedCode) == '_';
 }
 
 /// Server comments and lines that can't be packets leave no row. @return false for those.
