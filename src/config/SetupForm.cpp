@@ -8,6 +8,7 @@
 #include "map/MapKind.h"
 #include "platform/Text.h"
 #include "protocol/UtcTime.h"
+#include "relay/Beacon.h"
 #include "view/ChildWindows.h"
 
 namespace halvern {
@@ -27,12 +28,11 @@ bool TakeAlternateNet(Halvern& halvern)
     return true;
 }
 
-/// A beacon with the new data goes out at once, unless the GPS or the weather station sends in its place.
-void BeaconSoon(MainForm& main)
+/// A beacon with the new data goes out at once.
+void BeaconSoon(Halvern& halvern)
 {
-    if (!main.PortTnc.Checked() && !main.InternetSoc.Connected() && !main.SoundSoc.Connected()) return;
-    if (main.GpsMenu.Checked() || main.WeatherMenu.Checked()) return;
-    main.Timer2.Start(1);
+    const auto& main = halvern.ConMdiFrm;
+    if (main.PortTnc.Checked() || main.InternetSoc.Connected() || main.SoundSoc.Connected()) StartBeacons(halvern);
 }
 
 } // namespace
@@ -69,7 +69,7 @@ void AcceptSetUp(Halvern& halvern)
     halvern.Engine.IgateOn = setUp.IgateOpt.On(1);
     halvern.ConMdiFrm.PortsMn.SetEnabled(true);
     setUp.Hide();
-    if (changed) BeaconSoon(halvern.ConMdiFrm);
+    if (changed) BeaconSoon(halvern);
     if (!halvern.Engine.ConfigLoaded) ChooseDosMapsByDefault(halvern);
     setUp.TabCancelCmd.SetEnabled(true);
     setUp.TabSaveCmd.SetEnabled(true);

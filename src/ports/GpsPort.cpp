@@ -2,6 +2,7 @@
 #include "ports/GpsPort.h"
 
 #include "platform/Text.h"
+#include "ports/ComPort.h"
 #include "ports/PortRules.h"
 #include "protocol/Fix.h"
 #include "relay/Beacon.h"
@@ -27,7 +28,7 @@ void CloseGps(Halvern& halvern)
     form.GpsMenu.SetChecked(false);
     form.GpsCom.ReceiveThreshold = 0;
     if (halvern.AnyRadioPortOpen())
-        form.Timer2.Start(1);
+        StartBeacons(halvern);
     else
         Detach(halvern);
     form.GpsTimer.Stop();

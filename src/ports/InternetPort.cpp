@@ -6,6 +6,7 @@
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
 #include "ports/PortRules.h"
+#include "relay/Beacon.h"
 #include "relay/Igate.h"
 
 namespace halvern {
@@ -49,7 +50,7 @@ void LogIn(Halvern& halvern)
     form.InternetSoc.Write("user " + halvern.Engine.OwnCall + " pass " + setUp.APRServePassTxt.Text() +
                            " vers HALVERN 01 filter " + setUp.APRServeFilterTxt.Text() + std::string(CrLf));
     form.ServerLoggedIn = true;
-    form.Timer2.Start(1);
+    StartBeacons(halvern);
 }
 
 } // namespace

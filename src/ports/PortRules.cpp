@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/Text.h"
 #include "ports/GpsPort.h"
 #include "ports/WeatherPort.h"
+#include "relay/Beacon.h"
 
 namespace halvern {
 namespace {
-
-constexpr std::size_t NumberColumn = 4; // in "Com1"
 
 struct PortRule {
     MainPort port;
@@ -72,12 +70,6 @@ void StopTransmitter(Halvern& halvern)
     form.MyObjectsMenu.SetVisible(false);
 }
 
-void SetLine(SerialPort& port, const List& number, const List& speed)
-{
-    port.PortNumber = static_cast<int>(LeadingNumber(Columns(number.Text(), NumberColumn)));
-    port.Settings = speed.Text() + ",n,8,1";
-}
-
 bool ConnectPort(Halvern& halvern, Socket& socket, const char* failed)
 {
     const auto whom = socket.HostName + ":" + std::to_string(socket.RemotePort);
@@ -100,7 +92,7 @@ void PortOpened(Halvern& halvern, MainPort port)
     (form.*rule.mark).SetChecked(true);
     if (rule.ownMenu != nullptr) (form.*rule.ownMenu).SetVisible(true);
     StartTransmitter(form);
-    if (rule.radio && !form.GpsMenu.Checked()) form.Timer2.Start(1);
+    if (rule.radio) StartBeacons(halvern);
     form.StatusBar1.SetCaption(rule.opened);
 }
 
@@ -114,8 +106,9 @@ void ClosePort(Halvern& halvern, MainPort port)
     (form.*rule.mark).SetChecked(false);
     const bool last = std::ranges::none_of(Rules, another);
     if (rule.ownMenu != nullptr && (last || !rule.menuStays)) (form.*rule.ownMenu).SetVisible(false);
-    if (last) StopTransmitter(halvern);
+    // the weather first, since its closing wakes the beacons while a port is open, and a socket still is
     if (last && form.WeatherMenu.Checked()) OpenCloseWeather(halvern);
+    if (last) StopTransmitter(halvern);
     rule.disconnect(form);
     form.StatusBar1.SetCaption(rule.closed);
     if (rule.radio && form.GpsMenu.Checked() && std::ranges::none_of(Rules, carries)) OpenCloseGps(halvern);

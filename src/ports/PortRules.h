@@ -29,7 +29,4 @@ void StartTransmitter(MainForm& form);
 /// What stops when nothing can be sent any more: that timer, the beacons, the messages, the own objects.
 void StopTransmitter(Halvern& halvern);
 
-/// Sets a serial port as the setup form says: "Com3", "4800".
-void SetLine(SerialPort& port, const List& number, const List& speed);
-
 } // namespace halvern

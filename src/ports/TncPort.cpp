@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/TncPort.h"
 
+#include "ports/ComPort.h"
 #include "ports/Kiss.h"
 #include "ports/PortRules.h"
 
@@ -8,22 +9,10 @@ namespace halvern {
 void OpenCloseTnc(Halvern& halvern)
 {
     auto& form = halvern.ConMdiFrm;
-    auto& port = form.MSComm1;
-    port.ReceiveThreshold = 0;
-    port.DiscardInput();
-    port.DiscardOutput();
+    Silence(form.MSComm1);
     if (form.PortTnc.Checked()) return ClosePort(halvern, MainPort::Tnc);
-
-    form.PortTnc.SetChecked(true);
-    SetLine(port, halvern.SetUpfrm.PortLst, halvern.SetUpfrm.PortSpeedLst);
-    if (const auto error = port.Open()) {
-        halvern.Outside.dialogs.Message(Icon::Critical, error->Words(), "Error Opening Com Port");
-        port.Close();
-        form.PortTnc.SetChecked(false);
-        return;
-    }
-    port.DiscardInput();
-    port.ReceiveThreshold = 1;
+    SetLine(form.MSComm1, halvern.SetUpfrm.PortLst, halvern.SetUpfrm.PortSpeedLst);
+    if (!OpenComPort(halvern, form.MSComm1, form.PortTnc)) return;
     PortOpened(halvern, MainPort::Tnc);
 }
 

@@ -19,7 +19,6 @@ constexpr int SteadyInterval = 60000;
 constexpr int MinutesAHop = 10, LongestRate = 30;
 constexpr int Psk63Rate = 5; // minutes
 constexpr int UnreadablePath = 100;
-constexpr char WeatherSymbol = '_';
 
 struct FastStep {
     int interval, next;
@@ -83,10 +82,7 @@ bool SetRate(Halvern& halvern)
 void CloseOnBadPath(Halvern& halvern)
 {
     halvern.Tell(Icon::Critical, BadPath);
-    auto& form = halvern.ConMdiFrm;
-    if (form.InternetSoc.Connected()) form.PortIp.Click();
-    if (form.SoundSoc.Connected()) form.SoundCardMenu.Click();
-    if (form.PortTnc.Checked()) form.PortTnc.Click();
+    CloseMainPorts(halvern.ConMdiFrm, false);
 }
 
 void RepeatByPsk63(Halvern& halvern, const Beacon& beacon)
@@ -133,7 +129,7 @@ void BeaconTick(Halvern& halvern)
     const auto& setUp = halvern.SetUpfrm;
     timer.SetEnabled(false);
     if (!SetRate(halvern)) return CloseOnBadPath(halvern);
-    if (OwnSymbol(setUp)[1] == WeatherSymbol) return;
+    if (HasWeatherSymbol(setUp)) return;
     const Beacon beacon{PacketOf(halvern, OwnPosition(setUp)), PacketOf(halvern, OwnStatus(setUp))};
     RepeatByPsk63(halvern, beacon);
     TakeStep(halvern, beacon);
@@ -149,9 +145,23 @@ void BeaconFix(Halvern& halvern, const Fix& fix)
     Send(halvern, beacon, Road::Radio | Road::Psk63);
 }
 
+void StartBeacons(Halvern& halvern)
+{
+    auto& main = halvern.ConMdiFrm;
+    if (!main.GpsMenu.Checked() && !main.WeatherMenu.Checked()) main.Timer2.Start(1);
+}
+
+void CloseMainPorts(MainForm& main, bool psk63)
+{
+    if (main.InternetSoc.Connected()) main.PortIp.Click();
+    if (main.SoundSoc.Connected()) main.SoundCardMenu.Click();
+    if (psk63 && main.Psk63Soc.Connected()) main.Psk63Menu.Click();
+    if (main.PortTnc.Checked()) main.PortTnc.Click();
+}
+
 void BeaconNow(Halvern& halvern)
 {
-    if (OwnSymbol(halvern.SetUpfrm)[1] == WeatherSymbol) return;
+    if (HasWeatherSymbol(halvern.SetUpfrm)) return;
     const auto row = halvern.PositionFrm.PosLst.Row(0);
     Send(halvern, PacketOf(halvern, "=" + std::string(positionRow::FromLatitude(row))),
          Road::Radio | Road::Internet | Road::Psk63);

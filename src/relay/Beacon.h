@@ -17,6 +17,13 @@ void BeaconTick(Halvern& halvern);
 /// information in it: a station that moves has none.
 void BeaconFix(Halvern& halvern, const Fix& fix);
 
+/// A new period of beacons, fast at first; none where the GPS or a weather source sends the position in their place.
+void StartBeacons(Halvern& halvern);
+
+/// Presses the items of the main ports that are open: the Internet's, the sound card's, PSK63's, the TNC's.
+/// @param psk63  false: the PSK63 port stays as it is
+void CloseMainPorts(MainForm& main, bool psk63);
+
 /// Sends the position in row 0 of the store at once, on every open port, without touching the schedule.
 void BeaconNow(Halvern& halvern);
 

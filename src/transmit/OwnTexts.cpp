@@ -15,8 +15,25 @@ std::string OwnSymbol(const SetUpForm& setUp)
 {
     const auto& entry = setUp.SymbolCombo.Text();
     std::string pair = entry.size() < 2 ? "/-" : entry.substr(entry.size() - 2);
-    if (!setUp.OverlayChar.empty() && setUp.OverlayChar != " ") pair[0] = setUp.OverlayChar[0];
+    if (HasOverlay(setUp)) pair[0] = setUp.OverlayChar[0];
     return pair;
+}
+
+bool HasWeatherSymbol(const SetUpForm& setUp)
+{
+    return OwnSymbol(setUp)[1] == '_';
+}
+
+bool HasOverlay(const SetUpForm& setUp)
+{
+    return !setUp.OverlayChar.empty() && setUp.OverlayChar != " ";
+}
+
+std::string OwnPlace(const SetUpForm& setUp, std::string_view symbol)
+{
+    return setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() + setUp.LatSigntxt.Text() +
+           symbol[0] + setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." + setUp.LonDectxt.Text() +
+           setUp.LonSigntxt.Text() + symbol[1];
 }
 
 std::string OwnPhg(const SetUpForm& setUp, const std::string& behind)
@@ -34,9 +51,7 @@ std::string OwnPosition(const SetUpForm& setUp)
 
 std::string OwnPosition(const SetUpForm& setUp, const std::string& phg)
 {
-    return OwnPosition(
-        setUp, setUp.LatDegtxt.Text() + setUp.LatMintxt.Text() + "." + setUp.LatDectxt.Text() + setUp.LatSigntxt.Text(),
-        setUp.LonDegtxt.Text() + setUp.LonMintxt.Text() + "." + setUp.LonDectxt.Text() + setUp.LonSigntxt.Text(), phg);
+    return "=" + OwnPlace(setUp, OwnSymbol(setUp)) + phg + " " + setUp.CommentTXT.Text();
 }
 
 std::string OwnPosition(const SetUpForm& setUp, const std::string& latitude, const std::string& longitude,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "state/SetUpfrm.h"
 
@@ -13,6 +14,14 @@ std::string OwnCallOf(const SetUpForm& setUp);
 
 /// Symbol table and symbol code of the picked symbol; an overlay character takes the table's place.
 std::string OwnSymbol(const SetUpForm& setUp);
+
+/// A station with this symbol sends its position with its weather reports only.
+bool HasWeatherSymbol(const SetUpForm& setUp);
+/// Is there an overlay character? A blank is none.
+bool HasOverlay(const SetUpForm& setUp);
+
+/// Latitude, symbol table, longitude, symbol code.
+std::string OwnPlace(const SetUpForm& setUp, std::string_view symbol);
 
 /// "PHG" and the four list indices, and what is wanted behind them; "PHG5130" where all four stand at their first
 /// entry.
