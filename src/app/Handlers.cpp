@@ -25,6 +25,8 @@
 #include "ports/InternetPort.h"
 #include "ports/SoundPort.h"
 #include "ports/TncPort.h"
+#include "ports/WeatherFile.h"
+#include "ports/WeatherPort.h"
 #include "relay/Beacon.h"
 #include "relay/KillMessages.h"
 #include "relay/MailPaths.h"
@@ -140,6 +142,9 @@ void ConnectPorts(Halvern& halvern)
     main.GpsMenu.OnClick = [&] { OpenCloseGps(halvern); };
     main.GpsTimer.OnTick = [&] { OpenGpsWhenDue(halvern); };
     main.GpsCom.OnReceive = [&](int code) { ReceiveFromGps(halvern, code); };
+    main.WeatherMenu.OnClick = [&] { OpenCloseWeather(halvern); };
+    main.WeatherCom.OnReceive = [&](int code) { ReceiveFromWeather(halvern, code); };
+    main.WXSoft.OnTick = [&] { WeatherFileTick(halvern); };
 }
 
 void ConnectTransmitter(Halvern& halvern)

@@ -71,7 +71,7 @@ std::string GpsFault(const Halvern& halvern)
     if (const auto fault = WeatherAndGpsFault(setUp); !fault.empty()) return fault;
     if (setUp.PortLst.Selected() == setUp.GpsPortLst.Selected())
         return TncPortTaken("GPS com port and your TNC com port are set to the same com port.", "GPS", "GPS Port");
-    if (main.InternetSoc.Connected() || main.WeatherCom.IsOpen())
+    if (main.InternetSoc.Connected() || main.WeatherMenu.Checked())
         return "You cannot have the Internet Port open or the Weather Port open and the Gps Port open at the same "
                "time. Please close the other ports then try to open the GPS port again.";
     if (!halvern.AnyRadioPortOpen())

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <filesystem>
+
+#include <sys/stat.h>
+
+#include "state/Rows.h"
+#include "support/StationTest.h"
+
+namespace halvern::test {
+namespace {
+
+const std::string Record = "$ULTW00A0005603090000279400000000000001FD00000000\r";
+const std::string Weather = "086/009g009t077r...p000P...h50b10132";
+
+struct WeatherSources : StationTest {
+    WeatherSources() { station.OpenTnc(); }
+    void Symbol(const char* entry, const char* overlay)
+    {
+        setUp.SymbolCombo.Preselect(setUp.SymbolCombo.IndexOf(entry));
+        setUp.OverlayChar = overlay;
+    }
+    /// The weather file is this one from now on, opened a minute ago at a rate of one minute.
+    void Write(const std::string& bytes)
+    {
+        folder.Put("wx.txt", bytes);
+        setUp.WxSourceOpt.Select(1);
+        setUp.TimeOpt.Select(0);
+        setUp.File1.SetPath(folder.Path());
+        setUp.File1.SetText("wx.txt");
+        if (!main.WeatherMenu.Checked()) main.WeatherMenu.Click();
+    }
+    /// Information fields of what went out by radio within a tick of the file's timer.
+    Strings Tick()
+    {
+        station.time.Wait(65000);
+        auto sent = station.SentByRadio();
+        for (auto& line : sent) line.erase(0, line.find(':') + 1);
+        return sent;
+    }
+    TemporaryFolder folder;
+};
+
+TEST_F(WeatherSources, ReportGoesByEveryRoadUnderAWeatherSymbol)
+{
+    main.InternetSoc.Connect();
+    main.Psk63Soc.Connect();
+    setUp.UnPath.Preselect(1);
+    main.WeatherMenu.Click();
+    station.time.SetUtc({2000, 1, 2, 3, 4, 5});
+    for (const char byte : "\r\nnoise" + Record) main.WeatherCom.Arrived({&byte, 1});
+    const auto report = "@020304z4049.14N/07308.41W_" + Weather;
+    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01,WIDE2-2:" + report));
+    EXPECT_THAT(station.SentBy(main.InternetSoc), ElementsAre("Q0OWN>APHV01,TCPIP*:" + report + "\r\n"));
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre("Q0OWN>APHV01,WIDE2-2:" + report + "\r\n"));
+    EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:" + report + "02030405"));
+    EXPECT_EQ(weatherRow::StampedDirection(report), "086");
+    EXPECT_EQ(weatherRow::StampedSpeed(report), "009");
+    EXPECT_EQ(ColumnAt(report, weatherRow::StampedCode), '_');
+
+    const struct {
+        const char *entry, *overlay, *port, *file;
+    } symbols[] = {{"House VHF /-", "", "N/0", "N/0"},
+                   {"Weather Station Home /_", " ", "N/0", "N/0"},
+                   {"Weather Station Digi Overlay \\_", " ", "N\\0", "N\\0"},
+                   {"Weather Station Digi Overlay \\_", "W", "NW0", "NW0"},
+                   {"Car Overlay \\>", "7", "N70", "N/0"}};
+    for (const auto& each : symbols) {
+        Symbol(each.entry, each.overlay);
+        main.WeatherCom.Arrived(Record);
+        EXPECT_THAT(station.SentByRadio(), ElementsAre(HasSubstr(each.port + std::string("7308.41W_086"))))
+            << each.entry;
+        main.WeatherMenu.Click();
+        Write("Jan\n220/004\n");
+        EXPECT_THAT(Tick().at(0), HasSubstr(each.file + std::string("7308.41W_220"))) << each.entry;
+        main.WeatherMenu.Click();
+        setUp.WxSourceOpt.Select(0);
+        main.WeatherMenu.Click();
+        main.WxFileTicks = 0;
+        station.SentByRadio();
+    }
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), Contains(StartsWith("Q0OWN>APHV01:@"))) << "a file's line has no path";
+}
+
+TEST_F(WeatherSources, HalfARecordOfTheLastTimeIsForgotten)
+{
+    main.WeatherMenu.Click();
+    main.WeatherCom.Arrived(Record.substr(0, 20));
+    main.WeatherMenu.Click();
+    main.WeatherMenu.Click();
+    main.WeatherCom.Arrived(Record.substr(20));
+    main.WeatherCom.Arrived(Record.substr(0, 20));
+    main.WeatherCom.OnReceive(ReceivedBytes + 1);
+    main.WeatherCom.Arrived(Record.substr(20));
+    EXPECT_THAT(station.SentByRadio(), IsEmpty());
+}
+
+TEST_F(WeatherSources, ThePortsNumberIsAsLongAsTheTncs)
+{
+    const std::tuple<int, int, int> cases[] = {{0, 9, 1}, {9, 9, 10}, {9, 4, 5}, {0, 15, 1}};
+    for (const auto& [tnc, weather, number] : cases) {
+        setUp.PortLst.Preselect(tnc);
+        setUp.WXPortCombo.Preselect(weather);
+        main.WeatherMenu.Click();
+        EXPECT_EQ(main.WeatherCom.PortNumber, number);
+        EXPECT_EQ(main.WeatherCom.Settings, "2400,n,8,1");
+        main.WeatherMenu.Click();
+    }
+}
+
+TEST_F(WeatherSources, ADayOfTheFileIsSentEveryFifthTick)
+{
+    Symbol("Weather Station Home /_", "");
+    Write("_10090556c220s004g005t077\n");
+    setUp.TimeOpt.Select(4);
+    station.time.Wait(1);
+    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01:@010000z4049.14N/07308.41W_220/004g005t077"));
+    Strings times;
+    while (station.time.Elapsed() < 86400 * 1000)
+        for (const auto& report : Tick()) times.push_back(report.substr(1, 6));
+    EXPECT_EQ(times.size(), 266u); // every 325 s
+    EXPECT_THAT(times, testing::IsSupersetOf({"010005", "010010", "010016", "012355", "020000"}));
+    EXPECT_FALSE(main.Timer2.Running());
+
+    // a rate that the count has passed by is met no more, until the count comes round
+    main.WxFileTicks = 3;
+    setUp.TimeOpt.Select(1);
+    for (int tick = 0; tick < 100; ++tick) EXPECT_THAT(Tick(), IsEmpty());
+    main.WxFileTicks = 32767;
+    EXPECT_THAT(Tick(), SizeIs(1));
+    EXPECT_EQ(main.WxFileTicks, 1);
+}
+
+TEST_F(WeatherSources, AFileThatCannotBeReadIsToldOnceAndSendsNothing)
+{
+    const auto wx = folder.Path() + "/wx.txt";
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[&] { std::filesystem::remove(wx); }, "# 53 The weather file "},
+        {[&] { ::mkfifo(wx.c_str(), 0600); }, "no plain file"},
+        {[&] { std::filesystem::create_symlink("/dev/zero", wx); }, "no plain file"},
+        {[&] { std::filesystem::create_directory(wx); }, "no plain file"},
+        {[&] { folder.Put("wx.txt", ""); }, "# 62 The weather file "},
+        {[&] { folder.Put("wx.txt", "_10090556c220s004g0"); }, "half written"}};
+    for (const auto& [spoil, words] : cases) {
+        Write("Jan\n220/004\n");
+        EXPECT_THAT(Tick(), SizeIs(1));
+        Said(); // the bell of a new station
+        std::filesystem::remove(wx);
+        spoil();
+        for (int tick = 0; tick < 10; ++tick) EXPECT_THAT(Tick(), IsEmpty());
+        EXPECT_THAT(Said(), ElementsAre(testing::AllOf(HasSubstr(words), HasSubstr(wx)))) << words;
+        EXPECT_TRUE(main.WeatherMenu.Checked() && main.PortTnc.Checked());
+        std::filesystem::remove(wx);
+        main.WeatherMenu.Click(); // the beacons are back at once
+        EXPECT_EQ(main.Timer2.Interval(), 1);
+        main.WxFileTicks = 0;
+        station.SentByRadio();
+    }
+}
+
+TEST_F(WeatherSources, KeepTheBeaconsStillAndGoWithTheLastPort)
+{
+    for (const int source : {0, 1}) {
+        setUp.WxSourceOpt.Select(source);
+        main.WeatherMenu.Click();
+        main.SoundCardMenu.Click();
+        EXPECT_FALSE(main.Timer2.Running());
+        setUp.WxSourceOpt.Select(1 - source); // changed while it runs
+        main.WeatherMenu.Click();
+        EXPECT_TRUE(main.Timer2.Running());
+        EXPECT_FALSE(main.WeatherCom.IsOpen() || main.WXSoft.Running());
+        main.WeatherMenu.Click();
+        for (MenuItem* port : {&main.PortTnc, &main.SoundCardMenu}) port->Click();
+        EXPECT_FALSE(main.WeatherMenu.Checked() || main.Timer2.Running());
+        station.OpenTnc();
+    }
+    main.GpsMenu.SetChecked(true);
+    main.WeatherMenu.Click();
+    EXPECT_FALSE(main.WeatherMenu.Checked());
+    EXPECT_THAT(Said(),
+                ElementsAre("message critical \"Halvern\" \"You cannot open the Weather port while the GPS Port "
+                            "is open. Please close the GPS port then open the Weather Port.\""));
+}
+
+} // namespace
+} // namespace halvern::test
