@@ -195,7 +195,7 @@ std::string DiskFiles::Write(const std::string& path, std::string_view bytes)
     if (!target) return std::strerror(ELOOP);
     struct stat old {};
     const bool replaces = ::stat(target->c_str(), &old) == 0;
-    if (replaces && !S_ISREG(old.st_mode)) return "Not a plain file";
+    if (replaces && !S_ISREG(old.st_mode)) return "It is no plain file";
     RemoveLeftovers(*target);
     std::string fresh;
     const int file = OpenFresh(*target, fresh);

@@ -33,7 +33,7 @@ bool TakeTick(MainForm& form, int rate)
 
 [[noreturn]] void Fail(const Halvern& halvern, const std::string& file, int number, const std::string& what)
 {
-    throw RuntimeFailure(number, "The weather file " + halvern.Outside.files.Resolved(file) + " " + what +
+    throw RuntimeFailure(number, "The weather file " + halvern.Outside.files.Shown(file) + " " + what +
                                      " No weather is sent until you close the weather station and open it again.");
 }
 

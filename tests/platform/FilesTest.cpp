@@ -35,9 +35,9 @@ TEST(DiskFiles, WhatStandsUnderANameIsWrittenOrStays)
                  {"fresh", "fresh", ""},
                  {"link of a link", "elsewhere/kept", ""},
                  {"dangling", "elsewhere/fresh", ""},
-                 {"folder", nullptr, "Not a plain file"},
-                 {"pipe", nullptr, "Not a plain file"},
-                 {"device", nullptr, "Not a plain file"},
+                 {"folder", nullptr, "It is no plain file"},
+                 {"pipe", nullptr, "It is no plain file"},
+                 {"device", nullptr, "It is no plain file"},
                  {"round", nullptr, "Too many levels of symbolic links"}};
     DiskFiles files;
     std::string trouble;
