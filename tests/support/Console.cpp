@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Console.h"
 
+#include <tuple>
+
 namespace fs = std::filesystem;
 
 namespace halvern::test {
@@ -22,8 +24,11 @@ static Played WithSession(Station& station, const std::vector<std::string>& line
         if (next == lines.size()) return {};
         return lines[next++];
     };
+    auto& dialogs = station.dialogs;
+    const auto slots = std::make_tuple(dialogs.Say, dialogs.AskForAnswer, dialogs.RunModal, dialogs.PassTime);
     ConsoleSession session(std::move(world));
     played.status = run(session);
+    std::tie(dialogs.Say, dialogs.AskForAnswer, dialogs.RunModal, dialogs.PassTime) = slots; // the session ends here
     return played;
 }
 
