@@ -313,8 +313,8 @@ void ConnectHandlers(Halvern& halvern)
     ConnectHistory(halvern);
     ConnectWeather(halvern);
     ConnectQuery(halvern);
-    halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
-        halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
+    halvern.All.OnFailure = [&halvern](const std::exception& thrown) {
+        halvern.Tell(Icon::Critical, "Error # " + std::to_string(NumberOf(thrown)) + " " + thrown.what());
     };
 }
 

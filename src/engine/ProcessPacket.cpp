@@ -262,6 +262,9 @@ void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
         if (halvern.Engine.ReviewMode || TakeIn(halvern, line)) HandleLine(halvern, line, tag);
     } catch (const RuntimeFailure&) {
         RemovePlaceholder(halvern);
+    } catch (...) {
+        RemovePlaceholder(halvern);
+        throw; // not the packet's fault: the dispatcher tells it
     }
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Failure.h"
 #include "platform/Text.h"
 
 /// The columns of the store rows, 1-based, as docs/formats.md tells them. Reader and writer both use these.
@@ -58,10 +59,10 @@ inline bool IsGone(std::string_view row)
     return state == mark::Killed || state == mark::Deleted;
 }
 
-/// A row with another mark in column 10.
+/// A row with another mark in column 10. @throws RuntimeFailure where the row has no such column.
 inline std::string WithMark(std::string row, char newMark)
 {
-    row.at(stationRow::State - 1) = newMark;
+    ElementOf(row, stationRow::State - 1) = newMark;
     return row;
 }
 
