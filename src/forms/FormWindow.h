@@ -45,6 +45,8 @@ public:
     DialogWindow(Form& form, QWidget* parent);
     /// The button that Escape presses.
     void SetEscape(Button& button) { escape = &button; }
+    /// Comes up in the lower right corner of its parent, where it covers little, and not in its middle.
+    void StandInTheCorner() { inTheCorner = true; }
     void reject() override;
 
 protected:
@@ -55,6 +57,7 @@ private:
     void FocusFirst();
     Form& form;
     Button* escape = nullptr;
+    bool inTheCorner = false;
 };
 
 /// What the close box does: the form's own answer, or else the form goes.

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QToolButton>
 
 #include "state/Halvern.h"
 
@@ -27,6 +28,7 @@ private:
     void MakeStationMenu();
     void MakeToolbars();
     void MakeStatusBar();
+    QWidget* MakeNoticesMark();
     void Follow();
     void UseIcons();
     QAction* ActionFor(MenuItem& item);
@@ -34,6 +36,7 @@ private:
     Halvern& halvern;
     QMdiArea* area;
     QMenu* stationMenu = nullptr;
+    QToolButton* notices = nullptr;
     QList<QAction*> pictured; ///< actions that bear an icon; its name is the action's data
 };
 

@@ -75,6 +75,7 @@ void Windows::AddDialogs()
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
     windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
     windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
+    windows.emplace(&h.NoticesFrm, MakeNoticesWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, main.get()));
     for (Form* form : std::initializer_list<Form*>{
@@ -91,6 +92,7 @@ QWidget* Windows::WindowOf(const Form& form) const
 
 void Windows::Serve(QtDialogs& dialogs)
 {
+    dialogs.Unattended = [this] { return halvern.All.Present().station; };
     dialogs.WindowOf = [this](Form& form) { return WindowOf(form); };
     dialogs.PictureOf = [this](Control& surface) { return map->PictureOf(surface); };
     // the help was one file once, and its name is still how the program asks for it; it is a folder of pages

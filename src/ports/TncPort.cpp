@@ -17,7 +17,7 @@ void OpenCloseTnc(Halvern& halvern)
     form.PortTnc.SetChecked(true);
     SetLine(port, halvern.SetUpfrm.PortLst, halvern.SetUpfrm.PortSpeedLst);
     if (const auto error = port.Open()) {
-        halvern.Outside.dialogs.Message(Icon::Critical, error->Words(), "Error Opening Com Port");
+        halvern.Tell(Icon::Critical, error->Words(), "Error Opening Com Port");
         port.Close();
         form.PortTnc.SetChecked(false);
         return;

@@ -14,6 +14,7 @@ void RepeatFor(Halvern& halvern, ReceivedFrame& frame, const std::string& call)
     const auto before = frame.used;
     DigiSubstitute(frame.path, frame.used, call, halvern.Engine.OwnCall);
     if (frame.used == before) return;
+    const StationActs about(halvern.All, frame.source);
     Send(halvern, {frame.info, std::string(Columns(frame.path, 2)), frame.source, frame.dest}, Road::Radio);
 }
 

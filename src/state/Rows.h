@@ -99,6 +99,16 @@ inline constexpr ColumnRange FromDirection{11, ToTheEnd};
 inline constexpr ColumnRange SpeedMark{12, 3}; ///< `s` stands in one of these
 } // namespace positionlessRow
 
+/// Rows of `NoticeLst`.
+namespace noticeRow {
+inline constexpr ColumnRange Time{1, 19}; ///< "YYYY-MM-DD hh:mm:ss", UTC, when it was told last
+inline constexpr ColumnRange Times{21, 6};
+inline constexpr ColumnRange About{28, 18}; ///< a call, or what port or timer; the last one that it was told of
+inline constexpr std::size_t Kind = 47;     ///< `!` a failure, `i` an information, or a blank
+inline constexpr ColumnRange Text{49, ToTheEnd};
+inline constexpr ColumnRange Saying{Kind, ToTheEnd}; ///< what makes it one notice
+} // namespace noticeRow
+
 /// Records of `OutMsg`, and own objects: the name stands in the same columns.
 namespace queuedRow {
 inline constexpr ColumnRange Name{2, 9};
