@@ -19,7 +19,7 @@ ConsoleSession::ConsoleSession(ConsoleWorld outside) : world(std::move(outside))
 
 int ConsoleSession::Run()
 {
-    const auto& all = world.halvern.All;
+    auto& all = world.halvern.All;
     all.Dispatch([this] { StartProgram(world.halvern); });
     CarryOutLines([] { return false; });
     if (!Ended()) all.Dispatch([this] { EndProgram(world.halvern); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Handlers.h"
 
+#include "app/Notices.h"
 #include "app/StartUp.h"
 #include "config/Fonts.h"
 #include "config/Settings.h"
@@ -356,6 +357,20 @@ void ConnectQuery(Halvern& halvern)
     form.CancelCmd.OnClick = [&] { form.Unload(); };
 }
 
+void ConnectNotices(Halvern& halvern)
+{
+    halvern.OnNotice = [&](const Notice& notice) { FileNotice(halvern, notice); };
+    auto& form = halvern.NoticesFrm;
+    auto& main = halvern.ConMdiFrm;
+    for (MenuItem* item : {&main.NoticesMenu, &main.NoticesCmd})
+        item->OnClick = [&] { ShowNotices(halvern, !form.Visible()); };
+    main.OnUnload = [&] { form.Hide(); };
+    form.NoticeLst.OnClick = [&] { ReadNotice(form); };
+    form.ClearCmd.OnClick = [&] { ClearNotices(halvern); };
+    form.CloseCmd.OnClick = [&] { ShowNotices(halvern, false); };
+    form.OnCloseBox = [&] { ShowNotices(halvern, false); };
+}
+
 } // namespace
 
 void ConnectHandlers(Halvern& halvern)
@@ -377,8 +392,9 @@ void ConnectHandlers(Halvern& halvern)
     ConnectHistory(halvern);
     ConnectWeather(halvern);
     ConnectQuery(halvern);
-    halvern.All.OnFailure = [&halvern](const RuntimeFailure& failure) {
-        halvern.Tell(Icon::Critical, "Error # " + std::to_string(failure.Number()) + " " + failure.what());
+    ConnectNotices(halvern);
+    halvern.All.OnFailure = [&halvern](const std::exception& thrown) {
+        halvern.Tell(Icon::Critical, "Error # " + std::to_string(NumberOf(thrown)) + " " + thrown.what());
     };
 }
 

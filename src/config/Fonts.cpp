@@ -47,7 +47,8 @@ static std::array<const Form*, 11> FormsWithFonts(const Halvern& halvern)
 
 std::vector<FontedControl> FontsOfForm(Halvern& halvern, int entry)
 {
-    const auto prefix = FormsWithFonts(halvern).at(static_cast<std::size_t>(entry))->Name() + ".";
+    const auto forms = FormsWithFonts(halvern);
+    const auto prefix = ElementOf(forms, entry)->Name() + ".";
     std::vector<FontedControl> controls;
     for (Control* control : halvern.All.All()) {
         if (!control->Name().starts_with(prefix)) continue;

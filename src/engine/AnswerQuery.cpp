@@ -103,7 +103,7 @@ void AnswerHeard(Halvern& halvern, std::string_view query)
         payload += "0";
     } else {
         std::array<std::string, MostHeardHours> counts;
-        if (grid.Cols() - 1 > MostHeardHours) throw RuntimeFailure(failure::Subscript, "Subscript out of range");
+        if (grid.Cols() - 1 > MostHeardHours) NoSuchRow();
         for (int column = 1; column < grid.Cols(); ++column) counts[column - 1] = grid.Cell(row, column);
         payload += counts[0];
         for (int i = 1; i < HeardPlaces; ++i) payload += " " + counts[i];

@@ -241,6 +241,8 @@ void HandleLine(Halvern& halvern, std::string& line, std::string_view tag)
             Unwrap(halvern, line, *info);
             continue;
         }
+        const auto source = halvern.Engine.SourceCall; // a copy: an answer on the way may be a packet too
+        const StationActs about(halvern.All, source);
         Packet packet{halvern, std::move(*info), tag};
         if (Dispatch(packet) == Then::Count) CountHeard(halvern);
         return;
@@ -265,6 +267,9 @@ void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
         if (halvern.Engine.ReviewMode || TakeIn(halvern, line)) HandleLine(halvern, line, tag);
     } catch (const RuntimeFailure&) {
         RemovePlaceholder(halvern);
+    } catch (...) {
+        RemovePlaceholder(halvern);
+        throw; // not the packet's fault: the dispatcher tells it
     }
 }
 

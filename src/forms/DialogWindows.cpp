@@ -3,6 +3,7 @@
 
 #include "forms/Glyphs.h"
 #include "forms/SendTimes.h"
+#include "forms/StoreWindows.h"
 #include "forms/Words.h"
 
 namespace halvern {
@@ -70,6 +71,13 @@ QList<Button*> AddControls(QVBoxLayout* layout, Halvern& halvern, Form& form, QW
         }
     }
     return buttons;
+}
+
+/// How high a text stands that shows so many lines.
+int HeightOf(int lines, const QPlainTextEdit* text)
+{
+    const int around = 2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()) + 1);
+    return lines * (text->fontMetrics().lineSpacing() + 1) + around;
 }
 
 /// A row that is picked twice is picked for good.
@@ -160,8 +168,7 @@ DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent)
     auto* lines = new QFormLayout;
     for (TextField* field : {&form.FindPosTxt, &form.FindStatusTxt, &form.FindDigiTxt, &form.PhgTxt}) {
         auto* text = WideFor(FoundColumns, BindText(*field, window));
-        const int around = 2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()) + 1);
-        text->setFixedHeight(FoundLines * (text->fontMetrics().lineSpacing() + 1) + around);
+        text->setFixedHeight(HeightOf(FoundLines, text));
         AddRow(lines, *field, text, {});
     }
     auto* raw = BindCombo(form.RawPacCombo, window);
@@ -187,6 +194,29 @@ DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent)
     }
     layout->addWidget(box);
     layout->addWidget(ButtonRow(window, {&form.Search1, &form.CancelCmd}));
+    return window;
+}
+
+DialogWindow* MakeNoticesWindow(Halvern& halvern, QWidget* parent)
+{
+    static const std::vector<RowColumn> columns{
+        {1, 20, "Time (UTC)", "When it was told last"},
+        {21, 7, "Times", "How often it was told"},
+        {28, 19, "About", "The station in hand, or the port or timer: the last one"},
+        {47, 2, "", "! a failure, i an information"},
+        {49, 0, "What", "What was told"},
+    };
+    auto& form = halvern.NoticesFrm;
+    auto* window = new DialogWindow(form, parent);
+    auto* layout = new QVBoxLayout(window);
+    auto* view = MakeRows(form.NoticeLst, {columns, true}, window);
+    view->WantRows(6);
+    layout->addWidget(WideFor(96, view), 1);
+    auto* text = BindText(form.NoticeTxt, window);
+    text->setFixedHeight(HeightOf(3, text));
+    layout->addWidget(text);
+    layout->addWidget(ButtonRow(window, {&form.CloseCmd, &form.ClearCmd}));
+    window->StandInTheCorner();
     return window;
 }
 

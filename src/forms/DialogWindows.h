@@ -17,6 +17,7 @@ DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeCompassWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);
+DialogWindow* MakeNoticesWindow(Halvern& halvern, QWidget* parent);
 /// For every form that has no layout of its own: its controls below each other, its buttons at the foot.
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent);
 

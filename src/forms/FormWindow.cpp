@@ -156,8 +156,15 @@ void DialogWindow::Follow()
         hide();
         return parentWidget()->activateWindow();
     }
-    adjustSize();
+    const bool quietly = form.Directory().Present().station; // nobody's keys are taken away
+    setAttribute(Qt::WA_ShowWithoutActivating, quietly);
+    if (!inTheCorner || !testAttribute(Qt::WA_Moved)) adjustSize();
+    if (inTheCorner && !testAttribute(Qt::WA_Moved)) {
+        const auto room = parentWidget()->geometry();
+        move(room.bottomRight() - rect().bottomRight() - QPoint(1, 1) * fontMetrics().height() * 2);
+    }
     show();
+    if (quietly) return;
     raise();
     activateWindow();
     FocusFirst();

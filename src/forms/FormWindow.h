@@ -48,6 +48,8 @@ public:
     /// Leaves the screen for a while, although the form stays up.
     void StepAside();
     void ComeBack();
+    /// Comes up in the lower right corner of its parent, where it covers little, and not in its middle.
+    void StandInTheCorner() { inTheCorner = true; }
     void reject() override;
 
 protected:
@@ -59,6 +61,7 @@ private:
     Form& form;
     Button* escape = nullptr;
     bool aside = false;
+    bool inTheCorner = false;
 };
 
 /// What the close box does: the form's own answer, or else the form goes.

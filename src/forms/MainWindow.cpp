@@ -140,6 +140,7 @@ void MainWindow::changeEvent(QEvent* event)
 void MainWindow::UseIcons()
 {
     for (auto* action : pictured) action->setIcon(LineIcon(action->data().toString(), palette()));
+    notices->setIcon(LineIcon("Notices", palette()));
 }
 
 // --- menus -----------------------------------------------------------------------------------------------------------
@@ -188,6 +189,10 @@ void MainWindow::MakeViewMenu(QMenu* menu)
     auto* gate = ActionFor(form.GateMenu);
     gate->setCheckable(true);
     menu->addAction(gate);
+    auto* notices = ActionFor(form.NoticesMenu);
+    notices->setCheckable(true);
+    notices->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_N);
+    menu->addAction(notices);
     menu->addSeparator();
     menu->addAction(ActionFor(form.RefreshMnu));
 }
@@ -246,6 +251,7 @@ void MainWindow::MakeStatusBar()
     auto* news = BindLabel(form.StatusBar1, statusBar());
     news->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(news, 1);
+    statusBar()->addPermanentWidget(MakeNoticesMark());
     auto* position = BindLabel(form.StatusBar2, statusBar());
     position->setMinimumWidth(fontMetrics().horizontalAdvance("-00.00000000 -000.00000000"));
     position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -272,6 +278,30 @@ void MainWindow::MakeEscape()
             });
         });
     }
+}
+
+/// Says how many notices there are, and opens them.
+QWidget* MainWindow::MakeNoticesMark()
+{
+    auto& control = halvern.ConMdiFrm.NoticesCmd;
+    auto* const mark = notices = new QToolButton(statusBar());
+    mark->setAutoRaise(true);
+    auto room = mark->sizePolicy();
+    room.setRetainSizeWhenHidden(true); // a bar that grows would move the map
+    mark->setSizePolicy(room);
+    mark->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    auto* pacer = new Pacer(mark, [this, mark, &control] {
+        mark->setText(Shown(control.Caption()));
+        mark->setAccessibleName(mark->text());
+        auto font = statusBar()->font();
+        font.setBold(halvern.NoticesFrm.News > 0);
+        mark->setFont(font);
+        if (font.bold()) QApplication::alert(this);
+    });
+    BindCommon(mark, control);
+    WatchFor(mark, control, [pacer](const Change&) { pacer->Ask(); });
+    connect(mark, &QToolButton::clicked, mark, [&control] { FromScreen(control, [&] { control.Click(); }); });
+    return mark;
 }
 
 } // namespace halvern

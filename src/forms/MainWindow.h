@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QToolButton>
 
 #include "state/Halvern.h"
 
@@ -28,6 +29,7 @@ private:
     void MakeToolbars();
     void MakeStatusBar();
     void MakeEscape();
+    QWidget* MakeNoticesMark();
     void Follow();
     void UseIcons();
     QAction* ActionFor(MenuItem& item);
@@ -35,6 +37,7 @@ private:
     Halvern& halvern;
     QMdiArea* area;
     QMenu* stationMenu = nullptr;
+    QToolButton* notices = nullptr;
     QList<QAction*> pictured; ///< actions that bear an icon; its name is the action's data
 };
 

@@ -38,7 +38,7 @@ template <class Act, class Settle> void FromScreen(Control& control, bool& writi
 {
     const OperatorActs acts;
     const bool outer = std::exchange(writing, true);
-    control.Directory().Dispatch(act);
+    control.Directory().Dispatch(control, act);
     writing = outer;
     if (!outer) settle();
 }
@@ -47,7 +47,7 @@ template <class Act, class Settle> void FromScreen(Control& control, bool& writi
 template <class Act> void FromScreen(const Control& control, Act act)
 {
     const OperatorActs acts;
-    control.Directory().Dispatch(act);
+    control.Directory().Dispatch(control, act);
 }
 
 /// Runs something soon after it is asked for, together for all who ask meanwhile. A single change, and whatever the

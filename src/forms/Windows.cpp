@@ -76,6 +76,7 @@ void Windows::AddDialogs()
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
     windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
     windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
+    windows.emplace(&h.NoticesFrm, MakeNoticesWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, *map, main.get()));
     for (Form* form : std::initializer_list<Form*>{
@@ -92,6 +93,7 @@ QWidget* Windows::WindowOf(const Form& form) const
 
 void Windows::Serve(QtDialogs& dialogs)
 {
+    dialogs.Unattended = [this] { return halvern.All.Present().station; };
     dialogs.WindowOf = [this](Form& form) { return WindowOf(form); };
     dialogs.PictureOf = [this](Control& surface) { return map->PictureOf(surface); };
     // the help was one file once, and its name is still how the program asks for its first page

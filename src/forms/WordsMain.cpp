@@ -24,6 +24,7 @@ std::span<const WordEntry> MainWords()
         {"ConMdiFrm.WeatherMenu", "", "Open or close the weather station"},
         {"ConMdiFrm.FrmMenu", "", "Show or hide this window"},
         {"ConMdiFrm.GateMenu", "", "What gate and digipeater did with each packet, and why"},
+        {"ConMdiFrm.NoticesMenu", "", "Show or hide what the station had to say while nobody was asked"},
         {"ConMdiFrm.RefreshMnu", "", "Renew the copies for display, and move what moves"},
         {"ConMdiFrm.PanMapMenu", "", "Click to centre, drag to zoom in, click the other button to zoom out"},
         {"ConMdiFrm.ZoomLastMenu", "", "Back to the view before"},
@@ -75,6 +76,7 @@ std::span<const WordEntry> MainWords()
         {"ConMdiFrm.StatusBar1", "Last packet", "The last packet, or what a port did"},
         {"ConMdiFrm.StatusBar2", "Pointer position",
          "Latitude and longitude under the pointer, north and east positive"},
+        {"ConMdiFrm.NoticesCmd", "", "What the station had to say while nobody was asked; a click shows or hides it"},
 
         {"MapFrm.Map1", "Map", ""},
         {"PositionFrm.PosLst", "Positions", ""},

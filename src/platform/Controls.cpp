@@ -25,11 +25,6 @@ PropertyText Flag(std::string_view name, bool flag)
     return {name, flag ? "yes" : "no", false};
 }
 
-[[noreturn]] void NoSuchRow()
-{
-    throw RuntimeFailure(failure::Subscript, "Subscript out of range");
-}
-
 } // namespace
 
 // --- the directory ---------------------------------------------------------------------------------------------------
@@ -40,12 +35,24 @@ Control* Controls::Find(std::string_view name) const
     return found == byName.end() ? nullptr : found->second;
 }
 
-void Controls::Dispatch(const std::function<void()>& handler) const
+void Controls::Dispatch(const Control& source, const std::function<void()>& handler)
+{
+    if (!source.ActsByItself()) return Dispatch(handler);
+    const StationActs station(*this, source.Name());
+    Run(handler);
+}
+
+void Controls::Dispatch(const std::function<void()>& handler)
+{
+    Run(handler);
+}
+
+void Controls::Run(const std::function<void()>& handler)
 {
     try {
         handler();
-    } catch (const RuntimeFailure& failure) {
-        if (OnFailure) OnFailure(failure);
+    } catch (const std::exception& thrown) {
+        if (OnFailure) OnFailure(thrown);
     }
 }
 
@@ -439,7 +446,7 @@ Choice::Choice(Form& form, std::string_view name, std::initializer_list<std::str
 
 void Choice::SetEntryEnabled(int index, bool value)
 {
-    if (allowed.at(index) == value) return;
+    if (EntryEnabled(index) == value) return;
     allowed[index] = value;
     Tell({});
 }

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/Failure.h"
@@ -38,6 +39,12 @@ struct PropertyText {
 };
 using PropertyTexts = std::vector<PropertyText>;
 
+/// Whose doing a handler is.
+struct Doing {
+    bool station = false;   ///< a packet, a timer or a port set it off: nobody may be sitting there to answer
+    std::string_view about; ///< then: the call of the packet in hand, or the name of the timer or the port
+};
+
 /// All controls of the program, by name and in the order in which the forms declare them.
 class Controls {
 public:
@@ -45,16 +52,41 @@ public:
     Control* Find(std::string_view name) const;
     const std::vector<Control*>& All() const { return inOrder; }
 
-    /// Runs what an event of the outside sets off. A RuntimeFailure ends there: `OnFailure` is told, the program
+    /// Runs what an event of the outside sets off. Whatever is thrown ends there: `OnFailure` is told, the program
     /// goes on. Everything that comes from outside (a click, a tick, bytes, a console line) comes through here.
-    void Dispatch(const std::function<void()>& handler) const;
-    std::function<void(const RuntimeFailure&)> OnFailure;
+    /// @param source  whose event it is; without one it is the operator's
+    void Dispatch(const Control& source, const std::function<void()>& handler);
+    void Dispatch(const std::function<void()>& handler);
+    std::function<void(const std::exception&)> OnFailure;
+
+    /// Whose doing it is that runs now.
+    const Doing& Present() const { return present; }
 
 private:
     friend class Control;
+    friend class StationActs;
     void Register(Control& control);
+    void Run(const std::function<void()>& handler);
+    Doing present;
     std::vector<Control*> inOrder;
     std::unordered_map<std::string_view, Control*> byName;
+};
+
+/// While it lives, what happens is the station's own doing, and about somebody. What that sets off in turn (a window
+/// that comes up and redraws the map) stays the station's, since nothing that it does waits for the operator.
+class StationActs {
+public:
+    /// @param about  must outlive this
+    StationActs(Controls& all, std::string_view about) : controls(all), outer(std::exchange(all.present, {true, about}))
+    {
+    }
+    ~StationActs() { controls.present = outer; }
+    StationActs(const StationActs&) = delete;
+    StationActs& operator=(const StationActs&) = delete;
+
+private:
+    Controls& controls;
+    const Doing outer;
 };
 
 class Control {
@@ -79,6 +111,8 @@ public:
     /// What this kind of control has to show, in a fixed order.
     virtual PropertyTexts Describe() const;
     Controls& Directory() const { return *directory; }
+    /// Its events come without anybody's doing: a timer, a port.
+    virtual bool ActsByItself() const { return false; }
 
 protected:
     Control(Controls& directory, std::string name);
@@ -378,8 +412,8 @@ class Choice : public Control {
 public:
     Choice(Form& form, std::string_view name, std::initializer_list<std::string_view> entries, int selected = 0);
     int Count() const { return static_cast<int>(entries.size()); }
-    const std::string& Entry(int index) const { return entries.at(index); }
-    bool EntryEnabled(int index) const { return allowed.at(index); }
+    const std::string& Entry(int index) const { return ElementOf(entries, index); }
+    bool EntryEnabled(int index) const { return ElementOf(allowed, index); }
     void SetEntryEnabled(int index, bool value);
     int Selected() const { return selected; }
     bool On(int index) const { return selected == index; }
@@ -419,6 +453,7 @@ public:
     /// Disabled, interval 0.
     void Stop();
     void Tick() const { Fire(OnTick); }
+    bool ActsByItself() const override { return true; }
     PropertyTexts Describe() const override;
     Event OnTick;
 
@@ -466,8 +501,8 @@ public:
             elements.emplace_back(form, std::string(name) + "(" + std::to_string(index++) + ")", std::string(caption),
                                   more...);
     }
-    Kind& operator()(int index) { return elements.at(static_cast<std::size_t>(index - first)); }
-    const Kind& operator()(int index) const { return elements.at(static_cast<std::size_t>(index - first)); }
+    Kind& operator()(int index) { return ElementOf(elements, index - first); }
+    const Kind& operator()(int index) const { return ElementOf(elements, index - first); }
     int First() const { return first; }
     int Last() const { return first + static_cast<int>(elements.size()) - 1; }
 

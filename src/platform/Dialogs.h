@@ -35,6 +35,8 @@ public:
 };
 
 /// What the program asks and tells the operator. All of these wait for the operator; other events go on meanwhile.
+/// Nobody is asked or made to wait where the station acts by itself: on a screen a message is then shown in no box (it
+/// stands among the notices), and every question gets its harmless answer.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

@@ -48,7 +48,7 @@ void SerialPort::Arrived(std::string_view bytes)
 {
     Keep(bytes);
     if (ReceiveThreshold == 0 || waiting.size() < ReceiveThreshold || !OnReceive) return;
-    Directory().Dispatch([this] { OnReceive(ReceivedBytes); });
+    Directory().Dispatch(*this, [this] { OnReceive(ReceivedBytes); });
 }
 
 PropertyTexts SerialPort::Describe() const
@@ -83,13 +83,13 @@ void Socket::Write(std::string_view bytes)
 void Socket::Arrived(std::string_view bytes)
 {
     Keep(bytes);
-    if (OnReceive) Directory().Dispatch(OnReceive);
+    if (OnReceive) Directory().Dispatch(*this, OnReceive);
 }
 
 void Socket::HungUp()
 {
     Tell({});
-    if (OnDisconnect) Directory().Dispatch(OnDisconnect);
+    if (OnDisconnect) Directory().Dispatch(*this, OnDisconnect);
 }
 
 PropertyTexts Socket::Describe() const

@@ -54,6 +54,8 @@ public:
     /// events as they are given.
     halvern::Framing Framing;
 
+    bool ActsByItself() const override { return true; }
+
     /// Takes all that is waiting. What nobody takes is kept up to `MostWaiting` bytes; from then on events are lost.
     std::string ReadAll();
     std::size_t Waiting() const { return waiting.size(); }

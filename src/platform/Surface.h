@@ -178,7 +178,7 @@ public:
 private:
     void Require(int index) const
     {
-        if (!Exists(index)) throw RuntimeFailure(failure::Subscript, "Subscript out of range");
+        if (!Exists(index)) NoSuchRow();
     }
     std::vector<Sprite> sprites;
 };

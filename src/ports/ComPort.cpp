@@ -27,7 +27,7 @@ bool OpenComPort(Halvern& halvern, SerialPort& port, MenuItem& mark)
 {
     mark.SetChecked(true);
     if (const auto error = port.Open()) {
-        halvern.Outside.dialogs.Message(Icon::Critical, error->Words(), "Error Opening Com Port");
+        halvern.Tell(Icon::Critical, error->Words(), "Error Opening Com Port");
         port.Close();
         mark.SetChecked(false);
         return false;

@@ -87,7 +87,7 @@ void OpenGpsWhenDue(Halvern& halvern)
     if (form.GpsSendCount == form.GpsSendLimit) {
         form.GpsSendCount = 0;
         if (const auto error = OpenLine(form.GpsCom)) {
-            halvern.Outside.dialogs.Message(Icon::None, error->Words(), "Error Opening GPS Port");
+            halvern.Tell(Icon::None, error->Words(), "Error Opening GPS Port");
             form.GpsCom.Close();
             form.GpsMenu.SetChecked(false);
             return;

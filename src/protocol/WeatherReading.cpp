@@ -156,7 +156,7 @@ WeatherReading ReadWind(std::string_view info, const WeatherForm& form)
     if (!direction || !speed || !AllDigits(form.tested(info), form.direction.hexadecimal)) return {Kind::Malformed};
     WeatherReading wind{Kind::Good, static_cast<float>(*speed)};
     if (form.byCompassTable) {
-        const auto& point = Compass.at(static_cast<std::size_t>(*direction));
+        const auto& point = ElementOf(Compass, *direction);
         wind.gauge = point.gauge;
         wind.direction = point.degrees;
     } else {

@@ -12,6 +12,7 @@ constexpr const char* RepeatedAlias = "WIDE1-1";
 Decision RepeatFor(Halvern& halvern, ReceivedFrame& frame, const std::string& call, Reason repeated)
 {
     if (const auto refusal = DigiSubstitute(frame.path, frame.used, call, halvern.Engine.OwnCall)) return *refusal;
+    const StationActs about(halvern.All, frame.source);
     Send(halvern, {frame.info, std::string(Columns(frame.path, 2)), frame.source, frame.dest}, Road::Radio);
     return Note(halvern, Way::Repeat, frame.source, frame.info, repeated);
 }

@@ -54,7 +54,7 @@ void Append(AddPathForm& form, const std::string& entry, std::int16_t hops)
 void AppendAlias(Halvern& halvern, int choice)
 {
     auto& form = halvern.AddPathFrm;
-    const auto& rule = Aliases.at(static_cast<std::size_t>(choice));
+    const auto& rule = ElementOf(Aliases, choice);
     const bool first = form.PathLbl.Caption().empty();
     if (!first && (rule.mostBefore == 0 || form.Digis > rule.mostBefore)) return halvern.Tell(Icon::None, rule.refusal);
     if (first && rule.setsHops) form.Hops = 0;

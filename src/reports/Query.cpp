@@ -74,7 +74,7 @@ void SendQuery(Halvern& halvern)
     auto& form = halvern.QueryFrm;
     const int chosen = form.QueryOpt.Selected();
     if (chosen < 0) return;
-    const auto& query = Queries.at(static_cast<std::size_t>(chosen));
+    const auto& query = ElementOf(Queries, chosen);
     if (!IsComplete(halvern, query)) return;
     const auto path = PathOrNothing(halvern.MessageFrm.MailUnPath.Text());
     Send(halvern, {PayloadOf(form, query, query.text), std::string(path)}, Road::Radio);

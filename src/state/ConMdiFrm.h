@@ -46,6 +46,7 @@ struct MainForm : Form {
                                    {"&Map", "&Positions", "&Status", "&Digipeaters", "M&essages", "&Heard",
                                     "&Raw Packets", "D&X And Resources", "&Weather", "&Telemetry"}};
     MenuItem GateMenu{*this, "GateMenu", "&Gate"};
+    MenuItem NoticesMenu{*this, "NoticesMenu", "&Notices"};
     MenuItem RefreshMnu{*this, "RefreshMnu", "Re&fresh", {"hidden"}};
 
     // Map
@@ -114,6 +115,7 @@ struct MainForm : Form {
     List BitMapCombo{*this, "BitMapCombo", ListStyle::Combo};
     Label StatusBar1{*this, "StatusBar1"}; ///< the last packet, or what a port did
     Label StatusBar2{*this, "StatusBar2"}; ///< the pointer's position on the map, east positive
+    MenuItem NoticesCmd{*this, "NoticesCmd", "", {"hidden"}}; ///< how many notices there are, while there are any
 
     // Ports
     SerialPort MSComm1{*this, "MSComm1", KissFrames};

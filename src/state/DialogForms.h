@@ -188,6 +188,16 @@ struct QueryForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// What the station had to say while nobody may have been sitting there; no packet writes into it by itself.
+struct NoticesForm : Form {
+    explicit NoticesForm(Controls& all) : Form(all, "NoticesFrm", "Notices") {}
+    List NoticeLst{*this, "NoticeLst"};
+    TextField NoticeTxt{*this, "NoticeTxt"}; ///< the selected one in full
+    Button CloseCmd{*this, "CloseCmd", "&Close"};
+    Button ClearCmd{*this, "ClearCmd", "C&lear"};
+    int News = 0; ///< how often something was told since the window was last up
+};
+
 struct FontForm : Form {
     explicit FontForm(Controls& all) : Form(all, "FontFrm", "Fonts") {}
     Choice FormOpt{*this,

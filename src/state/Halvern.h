@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/Clock.h"
@@ -24,6 +25,14 @@ struct OutsideWorld {
     Files& files;
     /// What a picture's bytes measure, nothing for a picture that can't be shown. Who shows none goes by its head.
     std::optional<PixelSize> (*measure)(std::string_view bytes) = PictureSize;
+};
+
+/// A text that the station has to tell by itself.
+struct Notice {
+    std::string about; ///< a call, or a port or a timer: its control's name, or plain words
+    std::string text;
+    Icon icon = Icon::Information;
+    std::string title = ProgramTitle;
 };
 
 /// The whole running program as data: what the operator sees is the state, and nothing here acts.
@@ -70,17 +79,27 @@ struct Halvern {
     QueryForm QueryFrm{All};
     FontForm FontFrm{All};
     HistoryForm Hist{All};
+    NoticesForm NoticesFrm{All};
 
     EngineState Engine;
     MapState Map;
 
-    // what the program says most often
-    void Tell(Icon icon, const std::string& text) { Outside.dialogs.Message(icon, text); }
-    /// Tells what would otherwise end the handler, which goes on.
-    void Tell(const RuntimeFailure& failure) const
+    /// Says one of the fixed texts: to the operator who has just acted in a box; what a packet, a timer or a port has
+    /// to say goes to the notices as well, and no box waits for somebody who may not be there.
+    void Tell(Icon icon, const std::string& text, const std::string& title = ProgramTitle)
     {
-        if (All.OnFailure) All.OnFailure(failure);
+        if (All.Present().station) Note({std::string(All.Present().about), text, icon, title});
+        Outside.dialogs.Message(icon, text, title);
     }
+    /// Tells what would otherwise end the handler, which goes on.
+    void Tell(const std::exception& thrown) const
+    {
+        if (All.OnFailure) All.OnFailure(thrown);
+    }
+    /// Puts a text among the notices and nowhere else: why a port did not open, what could not be read.
+    void Note(const Notice& notice) const { Fire(OnNotice, notice); }
+    std::function<void(const Notice&)> OnNotice;
+
     bool AnyMainPortOpen() const
     {
         return ConMdiFrm.PortTnc.Checked() || ConMdiFrm.SoundSoc.Connected() || ConMdiFrm.InternetSoc.Connected() ||

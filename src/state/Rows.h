@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Failure.h"
 #include "platform/Text.h"
 
 /// The columns of the store rows, 1-based, as docs/formats.md tells them. Reader and writer both use these.
@@ -58,10 +59,10 @@ inline bool IsGone(std::string_view row)
     return state == mark::Killed || state == mark::Deleted;
 }
 
-/// A row with another mark in column 10.
+/// A row with another mark in column 10. @throws RuntimeFailure where the row has no such column.
 inline std::string WithMark(std::string row, char newMark)
 {
-    row.at(stationRow::State - 1) = newMark;
+    ElementOf(row, stationRow::State - 1) = newMark;
     return row;
 }
 
@@ -111,6 +112,16 @@ inline constexpr ColumnRange Call{25, 9}; ///< the sender
 inline constexpr ColumnRange Name{35, 9}; ///< of a message the addressee, of an object the name
 inline constexpr ColumnRange Outcome{45, ToTheEnd};
 } // namespace gateRow
+
+/// Rows of `NoticeLst`.
+namespace noticeRow {
+inline constexpr ColumnRange Time{1, 19}; ///< "YYYY-MM-DD hh:mm:ss", UTC, when it was told last
+inline constexpr ColumnRange Times{21, 6};
+inline constexpr ColumnRange About{28, 18}; ///< a call, or what port or timer; the last one that it was told of
+inline constexpr std::size_t Kind = 47;     ///< `!` a failure, `i` an information, or a blank
+inline constexpr ColumnRange Text{49, ToTheEnd};
+inline constexpr ColumnRange Saying{Kind, ToTheEnd}; ///< what makes it one notice
+} // namespace noticeRow
 
 /// Records of `OutMsg`, and own objects: the name stands in the same columns.
 namespace queuedRow {

@@ -42,14 +42,15 @@ std::array<Form*, ChildWindows + 1> RememberedWindows(Halvern& halvern)
 
 Form& ChildWindow(Halvern& halvern, int window)
 {
-    return *RememberedWindows(halvern).at(static_cast<std::size_t>(window));
+    const auto windows = RememberedWindows(halvern);
+    return *ElementOf(windows, window);
 }
 
 void SetWindowOn(Halvern& halvern, int window, bool on)
 {
     auto& main = halvern.ConMdiFrm;
     main.FrmMenu(window).SetChecked(on);
-    main.FrmState.at(static_cast<std::size_t>(window)) = on ? "True" : "False";
+    ElementOf(main.FrmState, window) = on ? "True" : "False";
     UpdateWindowMenus(main);
     for (auto* companion : Companions(halvern, window)) companion->SetVisible(on);
     auto& form = ChildWindow(halvern, window);

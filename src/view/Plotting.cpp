@@ -91,7 +91,7 @@ StationPlotRecord& PlotRecord(Halvern& halvern, int index)
 {
     auto& plot = halvern.Map.StationPlot;
     if (index < 0 || index >= static_cast<int>(plot.size()))
-        throw RuntimeFailure(failure::Subscript, "Subscript out of range");
+        NoSuchRow();
     return plot[index];
 }
 
@@ -109,7 +109,7 @@ void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const st
                std::string_view call, float latitude, float longitude)
 {
     auto& plot = halvern.Map.StationPlot;
-    if (index < 0 || index > LastStation) throw RuntimeFailure(failure::Subscript, "Subscript out of range");
+    if (index < 0 || index > LastStation) NoSuchRow();
     if (index >= static_cast<int>(plot.size())) plot.resize(index + 1);
     auto& station = plot[index];
     station = {

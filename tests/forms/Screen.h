@@ -15,10 +15,12 @@ namespace halvern::test {
 /// A station with its windows, off the screen.
 class Screen {
 public:
-    Screen()
+    /// @param dialogs  the real ones, where boxes are to come up
+    explicit Screen(QtDialogs* dialogs = nullptr) : station(DataFolder(), dialogs)
     {
         station.SetUp();
         windows = std::make_unique<Windows>(station.halvern);
+        if (dialogs != nullptr) windows->Serve(*dialogs);
         station.halvern.ConMdiFrm.SetVisible(true);
         Settle();
     }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/RowsView.h"
 #include "forms/Screen.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "support/qt/SilentServer.h"
+#include "platform/qt/QtTimers.h"
+#include "support/qt/Application.h"
 
 namespace halvern::test {
 namespace {
@@ -37,11 +40,78 @@ TEST_F(Desk, MenuItemsFollowTheirControlsAndPressThem)
     EXPECT_EQ(action->text(), "&Circles");
 }
 
-TEST_F(Desk, AFailureEndsTheClickAndNotTheProgram)
+/// Whatever an event's handler throws ends that event, is told, and leaves the program running.
+TEST_F(Desk, NothingThatIsThrownGetsPastItsEvent)
 {
-    halvern.ConMdiFrm.AboutHalvernMenu.OnClick = [] { throw RuntimeFailure(failure::Overflow, "Overflow"); };
-    ActionOf(screen, "ConMdiFrm.AboutHalvernMenu")->trigger();
-    EXPECT_THAT(screen.station.TakeSaid(), ElementsAre(HasSubstr("Error # 6 Overflow")));
+    auto& main = halvern.ConMdiFrm;
+    auto& field = halvern.MessageFrm.SendCallTxt;
+    auto& ticked = main.NetDecayTmr;
+    QtTimers timers(halvern.All);
+    const auto fail = [] { throw std::out_of_range("thrown"); };
+    const auto show = [&](Form& form) { FromScreen(form, [&] { form.Show(); }); };
+    auto* line = screen.Find<QLineEdit>("MessageFrm.SendCallTxt");
+    auto* map = screen.windows->WindowOf(halvern.MapFrm);
+    halvern.MessageFrm.Show();
+    halvern.MapFrm.SetVisible(true);
+    const struct {
+        const char* what;
+        std::function<void()> connect, act;
+    } events[] = {
+        {"a click", [&] { main.BeaconMenu.OnClick = fail; },
+         [&] { ActionOf(screen, "ConMdiFrm.BeaconMenu")->trigger(); }},
+        {"a choice in a combo", [&] { main.ScaleCombo.OnClick = fail; },
+         [&] { QTest::keyClick(screen.Find<QComboBox>("ConMdiFrm.ScaleCombo"), Qt::Key_Down); }},
+        {"typing", [&] { field.OnChange = fail; }, [&] { QTest::keyClick(line, Qt::Key_A); }},
+        {"a key",
+         [&] {
+             field.OnKey = [&](int&) { fail(); };
+             field.OnChange = nullptr;
+         },
+         [&] { QTest::keyClick(line, Qt::Key_B); }},
+        {"leaving", [&] { field.OnLeave = fail; },
+         [&] {
+             QFocusEvent out(QEvent::FocusOut);
+             QApplication::sendEvent(line, &out);
+         }},
+        {"a row", [&] { halvern.MessageFrm.BullLst.OnClick = fail; },
+         [&] {
+             screen.Find<RowsView>("MessageFrm.BullLst")
+                 ->setCurrentIndex(screen.Find<RowsView>("MessageFrm.BullLst")->model()->index(0, 0));
+         }},
+        {"a tick",
+         [&] {
+             ticked.OnTick = [&] {
+                 ticked.Stop();
+                 fail();
+             };
+         },
+         [&] {
+             ticked.Start(1);
+             RunUntil([&] { return !ticked.Running(); });
+         }},
+        {"bytes of a serial port", [&] { main.MSComm1.OnReceive = [&](int) { fail(); }; },
+         [&] {
+             main.MSComm1.ReceiveThreshold = 1;
+             main.MSComm1.Arrived("x");
+         }},
+        {"bytes of a socket", [&] { main.SoundSoc.OnReceive = fail; }, [&] { main.SoundSoc.Arrived("x"); }},
+        {"a hang-up", [&] { main.SoundSoc.OnDisconnect = fail; }, [&] { main.SoundSoc.HungUp(); }},
+        {"the mouse", [&] { halvern.MapFrm.Map1.OnMouseDown = [&](MouseButton, double, double) { fail(); }; },
+         [&] { QTest::mouseClick(map->findChild<QWidget*>("MapFrm.Map1"), Qt::LeftButton); }},
+        {"a new size", [&] { halvern.MapFrm.OnResize = fail; }, [&] { map->resize(300, 200); }},
+        {"a window's loading", [&] { halvern.FindFrm.OnLoad = fail; }, [&] { show(halvern.FindFrm); }},
+        {"a window that comes up", [&] { halvern.FontFrm.OnActivate = fail; }, [&] { show(halvern.FontFrm); }},
+        {"a close box", [&] { halvern.FontFrm.OnCloseBox = fail; },
+         [&] { screen.windows->WindowOf(halvern.FontFrm)->close(); }},
+    };
+    halvern.MessageFrm.BullLst.Add("Q1ABC>BLN1:row");
+    Screen::Settle();
+    for (const auto& [what, connect, act] : events) {
+        screen.station.TakeSaid();
+        connect();
+        act();
+        EXPECT_THAT(screen.station.TakeSaid(), Contains(HasSubstr("Error # 51 thrown"))) << what;
+    }
 }
 
 TEST_F(Desk, EscapeGivesUpAConnectionThatIsTried)

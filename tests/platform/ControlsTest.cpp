@@ -13,6 +13,7 @@ struct SmallForm : Form {
     KeyedList Stations{*this, "Stations"};
     List Ladder{*this, "Ladder", ListStyle::Combo, {"one", "two", "three"}};
     Grid Heard{*this, "Heard"};
+    Timer Beat{*this, "Beat"};
 };
 
 struct ControlsTest : ::testing::Test {
@@ -63,17 +64,24 @@ TEST_F(ControlsTest, TheSelectionStaysWithItsRow)
     EXPECT_EQ(form.Stations.Selected(), -1);
 }
 
-TEST_F(ControlsTest, AFailureEndsOneHandlerAndIsTold)
+/// Each of three events in one another ends by what it throws, and is told as the doing of who set it off.
+TEST_F(ControlsTest, WhatIsThrownEndsOneHandlerAndIsToldAsWhoseDoingItIs)
 {
     std::string told;
-    all.OnFailure = [&](const RuntimeFailure& failure) { told = failure.what(); };
-    bool reached = false;
-    all.Dispatch([&] {
-        form.Heard.Cell(9, 0);
-        reached = true;
+    all.OnFailure = [&](const std::exception& thrown) {
+        told += std::to_string(NumberOf(thrown)) + " " + std::string(all.Present().about) + "; ";
+    };
+    all.Dispatch(form.Ladder, [&] {
+        EXPECT_FALSE(all.Present().station) << "a click is the operator's";
+        all.Dispatch(form.Beat, [&] {
+            all.Dispatch(form, [] { throw std::out_of_range("a window that comes up by it"); });
+            const StationActs packet(all, "Q1ABC");
+            form.Heard.Cell(9, 0);
+        });
+        EXPECT_FALSE(all.Present().station);
+        throw std::bad_alloc();
     });
-    EXPECT_FALSE(reached);
-    EXPECT_EQ(told, "Subscript out of range");
+    EXPECT_EQ(told, "51 SmallFrm.Beat; 9 SmallFrm.Beat; 7 ; ");
 }
 
 TEST(TextTest, NumbersAreReadAndWrittenAsOperatorsWriteThem)

@@ -65,8 +65,8 @@ std::string LineOfFrame(const std::string& bytes)
     return TextOf(*frame);
 }
 
-Station::Station(std::string programFolder)
-    : halvern({time, dialogs, files}, std::move(programFolder)), ports(halvern.All), map(halvern.MapFrm.Map1),
+Station::Station(std::string programFolder, Dialogs* onScreen)
+    : halvern({time, onScreen != nullptr ? *onScreen : dialogs, files}, std::move(programFolder)), ports(halvern.All), map(halvern.MapFrm.Map1),
       picture(halvern.MapFrm.Pic1)
 {
     dialogs.Say = [this](const std::string& line) { said.push_back(line); };

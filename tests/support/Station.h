@@ -40,7 +40,8 @@ std::string TrafficFile(const std::string& name);
 /// A station under the simulated platform: handlers connected, nothing loaded yet.
 class Station {
 public:
-    explicit Station(std::string programFolder = DataFolder());
+    /// @param onScreen  the dialogs it speaks by; without them what it says is noted
+    explicit Station(std::string programFolder = DataFolder(), Dialogs* onScreen = nullptr);
 
     /// A station of call Q0OWN (SSID 0) near New York, symbol house, no path; row 0 of its stores is itself.
     void SetUp();

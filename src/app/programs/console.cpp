@@ -11,16 +11,15 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <deque>
 #include <memory>
 #include <span>
-#include <tuple>
 
 #include "app/ConsoleSession.h"
 #include "app/Handlers.h"
 #include "forms/Windows.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/FolderLock.h"
 #include "platform/qt/MapPainter.h"
 #include "platform/qt/Pictures.h"
@@ -37,7 +36,6 @@ public:
     LineReader() : notifier(STDIN_FILENO, QSocketNotifier::Read)
     {
         QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { Read(); });
-        EndAtSignals();
     }
 
     /// Waits for a line, and runs events meanwhile. @return nothing at the end, or as soon as `stop` is true
@@ -76,22 +74,11 @@ private:
     }
 
     /// Who ends the program from outside ends its input, and the station closes as it should.
-    void EndAtSignals()
-    {
-        if (::pipe(signalPipe) != 0) return;
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-            std::signal(signal, [](int) { std::ignore = ::write(signalPipe[1], "", 1); });
-        signalled = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
-        QObject::connect(signalled.get(), &QSocketNotifier::activated, [this] {
-            signalled->setEnabled(false);
-            lines.clear();
-            ended = stopped = true;
-            QCoreApplication::exit(); // whatever waits in a loop of its own, a connection that is tried
-        });
-    }
-
-    inline static int signalPipe[2];
-    std::unique_ptr<QSocketNotifier> signalled;
+    EndSignals signalled{[this] {
+        lines.clear();
+        ended = stopped = true;
+        QCoreApplication::exit(); // whatever waits in a loop of its own, a connection that is tried
+    }};
     QSocketNotifier notifier;
     std::deque<std::string> lines;
     std::string unfinished;

@@ -10,11 +10,13 @@
 #include "app/Handlers.h"
 #include "app/StartUp.h"
 #include "forms/Windows.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/FolderLock.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/StationFolder.h"
+#include "state/Rows.h"
 
 namespace fs = std::filesystem;
 
@@ -66,6 +68,13 @@ void EndDemonstration(Halvern& halvern, const Windows& windows, const std::strin
     windows.Main().close();
 }
 
+/// Says why the station ended without anybody's doing: its own last word, since its windows are gone.
+void TellLastNotice(Halvern& halvern)
+{
+    const auto& notices = halvern.NoticesFrm.NoticeLst;
+    if (notices.Count() > 0) halvern.Tell(Icon::Stop, std::string(noticeRow::Text(notices.Row(notices.Count() - 1))));
+}
+
 int RunStation(QApplication& application, const Options& options)
 {
     SystemClock clock;
@@ -77,12 +86,21 @@ int RunStation(QApplication& application, const Options& options)
     }
     DiskFiles files;
     Halvern halvern({clock, dialogs, files, ShownSize}, options.directory);
+    bool endedByItself = false;
+    const EndSignals ending([&] {
+        const StationActs nobodyThere(halvern.All, "");
+        halvern.All.Dispatch([&] { halvern.ConMdiFrm.EndApp.Click(); });
+        endedByItself = false;
+        QCoreApplication::exit();
+    });
     QtPlatform platform(halvern.All, options.directory);
     ConnectHandlers(halvern);
     Windows windows(halvern);
     windows.Serve(dialogs);
     halvern.ConMdiFrm.Watch([&](const Change&) {
-        if (halvern.Engine.Ended) QCoreApplication::quit();
+        if (!halvern.Engine.Ended) return;
+        endedByItself = halvern.All.Present().station;
+        QCoreApplication::exit(); // leaves the loop of any box that is up as well
     });
     StartProgram(halvern);
     if (halvern.Engine.Ended) return 0;
@@ -90,7 +108,9 @@ int RunStation(QApplication& application, const Options& options)
         QTimer::singleShot(0, [&] { halvern.All.Dispatch([&] { halvern.ConMdiFrm.PortIp.Click(); }); });
     if (options.demoSeconds > 0)
         QTimer::singleShot(options.demoSeconds * 1000, [&] { EndDemonstration(halvern, windows, options.pictures); });
-    return application.exec();
+    const int status = application.exec();
+    if (endedByItself) TellLastNotice(halvern);
+    return status;
 }
 
 } // namespace

@@ -85,6 +85,7 @@ void FitOnPage(QPainter& painter, const QImage& picture)
 
 void QtDialogs::Message(Icon icon, const std::string& text, const std::string& title)
 {
+    if (NobodyThere()) return;
     QMessageBox box(IconOf(icon), Shown(title), Shown(text), QMessageBox::Ok, Above());
     box.setTextFormat(Qt::PlainText); // the text may quote a packet
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -93,6 +94,7 @@ void QtDialogs::Message(Icon icon, const std::string& text, const std::string& t
 
 Answer QtDialogs::Question(const std::string& text, const std::string& title)
 {
+    if (NobodyThere()) return Answer::No;
     QMessageBox box(QMessageBox::Question, Shown(title), Shown(text), QMessageBox::Yes | QMessageBox::No, Above());
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
@@ -103,6 +105,7 @@ Answer QtDialogs::Question(const std::string& text, const std::string& title)
 std::optional<std::string> QtDialogs::Input(const std::string& prompt, const std::string& title,
                                             const std::string& offered)
 {
+    if (NobodyThere()) return {};
     QInputDialog dialog(Above());
     dialog.setWindowTitle(Shown(title));
     dialog.setLabelText(Shown(prompt));
@@ -113,6 +116,7 @@ std::optional<std::string> QtDialogs::Input(const std::string& prompt, const std
 
 std::optional<std::string> QtDialogs::File(const FileRequest& request)
 {
+    if (NobodyThere()) return {};
     QFileDialog dialog(Above(), Shown(request.title));
     const auto folder = QString::fromStdString(DiskFiles().Resolved(request.folder));
     if (request.save) QDir().mkpath(folder);
@@ -129,6 +133,7 @@ std::optional<std::string> QtDialogs::File(const FileRequest& request)
 
 std::optional<Font> QtDialogs::PickFont(const std::string& title, const Font& present)
 {
+    if (NobodyThere()) return {};
     QFont start = QApplication::font();
     if (!present.face.empty()) start.setFamily(Shown(present.face));
     if (present.size > 0) start.setPointSizeF(present.size);
@@ -148,6 +153,7 @@ std::unique_ptr<Progress> QtDialogs::ShowProgress(const std::string& title)
 
 void QtDialogs::ShowModal(Form& form)
 {
+    if (NobodyThere()) return;
     QWidget* const window = WindowOf ? WindowOf(form) : nullptr;
     if (window != nullptr) window->setWindowModality(Qt::ApplicationModal);
     QEventLoop loop;

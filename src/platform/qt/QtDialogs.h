@@ -16,6 +16,8 @@ void ShowImage(Surface& onto, const QImage& image);
 /// Asks and tells the operator on the screen.
 class QtDialogs final : public Dialogs {
 public:
+    /// Whether the station acts by itself, so that nothing may wait for an answer. Without it somebody is there.
+    std::function<bool()> Unattended;
     // What the windows lend, once they stand. Without them a form is up without a window, and help
     // is not shown.
     std::function<QWidget*(Form&)> WindowOf;
@@ -42,6 +44,9 @@ public:
     void Bell() override;
     std::unique_ptr<Progress> ShowProgress(const std::string& title) override;
     void LetTimePass(int milliseconds) override;
+
+private:
+    bool NobodyThere() const { return Unattended && Unattended(); }
 };
 
 } // namespace halvern

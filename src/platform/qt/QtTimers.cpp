@@ -11,7 +11,7 @@ QtTimers::QtTimers(Controls& controls)
         auto& wheel = wheels.emplace_back(*timer);
         wheel.beat.setTimerType(Qt::PreciseTimer);
         QObject::connect(&wheel.beat, &QTimer::timeout,
-                         [timer] { timer->Directory().Dispatch([timer] { timer->Tick(); }); });
+                         [timer] { timer->Directory().Dispatch(*timer, [timer] { timer->Tick(); }); });
         wheel.watch = timer->Watch([&wheel](const Change&) { wheel.Follow(); });
         wheel.Follow();
     }

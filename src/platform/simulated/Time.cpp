@@ -57,7 +57,7 @@ void SimulatedTime::Wait(std::int64_t milliseconds)
         elapsed = std::max(elapsed, next->second.due); // a handler that waits itself may have passed others by
         next->second.due += next->second.interval;
         const Timer& timer = *next->first;
-        timer.Directory().Dispatch([&] { timer.Tick(); });
+        timer.Directory().Dispatch(timer, [&] { timer.Tick(); });
     }
     elapsed = std::max(elapsed, end);
 }
