@@ -139,7 +139,8 @@ std::string PacketOfCsvRow(std::string_view line)
     if (info.empty() && !words.empty()) info = ">" + words;
     if (info.empty()) return {};
     const bool repeated = !row[Heard].empty() && row[Heard] != row[Source];
-    return PacketLine(row[Source], "APRS", repeated ? row[Heard] + "*" : "", info);
+    auto packet = PacketLine(row[Source], "APRS", repeated ? row[Heard] + "*" : "", info);
+    return BeginsWithPacket(packet) ? packet : std::string();
 }
 
 } // namespace
