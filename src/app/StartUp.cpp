@@ -6,6 +6,7 @@
 #include "config/Fonts.h"
 #include "config/Settings.h"
 #include "config/SetupRules.h"
+#include "history/Snapshot.h"
 #include "map/MapKind.h"
 #include "platform/Text.h"
 #include "protocol/UtcTime.h"
@@ -87,6 +88,17 @@ void UnloadForms(Halvern& halvern)
         form->Unload();
 }
 
+/// A run that ended without cleaning up may have left lists that were put aside. They are not read by themselves, and
+/// the end of this run takes them away: the operator has to know.
+void NoteKeptState(Halvern& halvern)
+{
+    if (!SnapshotStands(halvern)) return;
+    halvern.Note({"Start", "Lists that were put aside in an earlier run are still in " +
+                               halvern.Outside.files.Shown(halvern.ProgramFolder) +
+                               ": Pos.txt and thirteen more files. To bring them back, import any log and then choose "
+                               "File, Restore. Copy them first if you are not sure: Pos.txt goes when Halvern ends."});
+}
+
 } // namespace
 
 void StartProgram(Halvern& halvern)
@@ -117,6 +129,7 @@ void ActivateMainWindow(Halvern& halvern)
     startDone = "N"; // at once: what comes up now activates this window again
     halvern.Engine.ConfigLoaded ? StartConfigured(halvern) : StartFirstRun(halvern);
     if (halvern.Engine.ConfigLoaded) halvern.SetUpfrm.TabCancelCmd.SetEnabled(true);
+    NoteKeptState(halvern);
 }
 
 void ToggleWindow(Halvern& halvern, int window)

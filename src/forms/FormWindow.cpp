@@ -161,7 +161,9 @@ void DialogWindow::Follow()
     if (!inTheCorner || !testAttribute(Qt::WA_Moved)) adjustSize();
     if (inTheCorner && !testAttribute(Qt::WA_Moved)) {
         const auto room = parentWidget()->geometry();
-        move(room.bottomRight() - rect().bottomRight() - QPoint(1, 1) * fontMetrics().height() * 2);
+        const auto* bar = parentWidget()->findChild<QStatusBar*>(); // its right end says how many notices there are
+        const QPoint above(0, bar == nullptr ? 0 : bar->height());
+        move(room.bottomRight() - rect().bottomRight() - above - QPoint(1, 1) * fontMetrics().height() * 2);
     }
     show();
     if (quietly) return;

@@ -17,6 +17,14 @@ void ShowNotConnected(Halvern& halvern, const std::string& whom, const std::stri
     halvern.ConMdiFrm.StatusBar1.SetCaption("Not connected to " + whom + ": " + why);
 }
 
+/// The port's own words say no reason: it stands on the status bar, and stays among the notices.
+void TellNotConnected(Halvern& halvern, const std::string& whom, const std::string& why, const FailedWords& failed)
+{
+    ShowNotConnected(halvern, whom, why);
+    halvern.Note({whom, "Not connected: " + why});
+    halvern.Tell(failed.icon, failed.text);
+}
+
 struct PortRule {
     MainPort port;
     MenuItem MainForm::*mark;
@@ -82,8 +90,10 @@ bool ConnectPort(Halvern& halvern, Socket& socket, const FailedWords& failed)
     halvern.ConMdiFrm.StatusBar1.SetCaption("Connecting to " + whom + " ...");
     const int error = socket.Connect();
     if (error == 0) return true;
-    ShowNotConnected(halvern, whom, socket.WhyNot());
-    if (error != Socket::Stopped) halvern.Tell(failed.icon, failed.text);
+    if (error == Socket::Stopped)
+        ShowNotConnected(halvern, whom, socket.WhyNot());
+    else
+        TellNotConnected(halvern, whom, socket.WhyNot(), failed);
     return false;
 }
 
@@ -95,8 +105,7 @@ bool ConnectTo(Halvern& halvern, Socket& socket, std::string_view host, std::str
     const double number = LeadingNumber(digits);
     socket.HostName = Trimmed(host);
     if (!std::ranges::all_of(digits, IsDigit) || number < 1 || number > highestPort) {
-        ShowNotConnected(halvern, socket.HostName + ":" + digits, "a port is a number from 1 to 65535");
-        halvern.Tell(failed.icon, failed.text);
+        TellNotConnected(halvern, socket.HostName + ":" + digits, "a port is a number from 1 to 65535", failed);
         return false;
     }
     socket.RemotePort = static_cast<int>(number);
