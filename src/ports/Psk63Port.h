@@ -11,8 +11,8 @@ void OpenClosePsk63(Halvern& halvern);
 
 /// A character or a line has come in. What the station has heard of itself is shown and goes no further.
 ///
-/// When the engine has sent what it was given, its window still shows that. To clear it is its operator's: no way to
-/// press keys in another program's window is there on every desktop.
+/// When an engine has sent what it was given, its window still shows that. Clearing it is left to its operator:
+/// pressing keys in another program's window has no way that works on every desktop.
 void ReceiveFromPsk63(Halvern& halvern);
 
 /// The modem program has gone: that is told, and the port closes.

@@ -75,6 +75,11 @@ TEST_F(PortRules, AGpsPortKeepsTheBeaconsStill)
         Said(),
         ElementsAre("message critical \"Halvern\" \"You cannot open the TCP/IP port while the GPS Port is open. "
                     "Please close the GPS port then open the TCP/IP Port.\""));
+    for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) {
+        EXPECT_TRUE(main.GpsMenu.Checked()) << item;
+        Item(item).Click();
+    }
+    EXPECT_FALSE(main.GpsMenu.Checked()) << "it goes with the last radio port";
 }
 
 TEST_F(PortRules, ATncIsOpenedAsItIsSetUp)
