@@ -36,8 +36,9 @@ void CheckToInternet(test::Station& station, const std::string& line, const Deci
     Require(!line.starts_with("Q0OWN>"), "own packets don't go back to the Internet");
     for (const char* word : {"TCPIP", "TCPXX", "qAC", "qAX", "qAU", "qAo", "qAO", "qAS", "qAr", "qAR", "qAZ", "qAI"})
         Require(!Holds(line, word), "what has been on the Internet doesn't go back there");
-    const char type = ColumnAt(line, PositionOf(line, ':') + 1);
-    Require(type != '}' && type != '?' && type != 0, "no third party, no query, no empty packet");
+    const auto info = Columns(line, PositionOf(line, ':') + 1);
+    Require(!info.starts_with('}') && !info.starts_with('?') && !info.empty(),
+            "no third party, no query, no empty packet");
 }
 
 void CheckToRadio(test::Station& station, const Decision& decision)

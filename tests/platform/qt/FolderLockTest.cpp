@@ -24,7 +24,11 @@ TEST(FolderLock, KeepsASecondProgramOffAndOutlivesNobody)
                  {"cut short", "\n", true},
                  {"of another machine", "4194400\nhalvern\nsome-other-machine\n", false}};
     for (const auto& [what, left, taken] : cases) {
-        if (!left.empty()) folder.Put("Halvern.lock", left);
+        if (!left.empty()) {
+            folder.Put("Halvern.lock", left);
+            std::filesystem::last_write_time(folder.Path() + "/Halvern.lock",
+                                             std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+        }
         FolderLock first(folder.Path()), second(folder.Path());
         EXPECT_EQ(first.Take().empty(), taken) << what;
         const auto words = second.Take();
