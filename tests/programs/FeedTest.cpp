@@ -153,14 +153,17 @@ TEST_F(FeedTest, TheFileIsPlayedAtItsRateAndInALoop)
 TEST_F(FeedTest, WhoDoesNotReadIsNotWrittenToForEver)
 {
     Start({"--rate", "0"});
-    Client deaf(port, ""), one(port, "user Q1AAA pass 1"), two(port, "user Q2AAA pass 1");
+    Client deaf(port, ""), one(port, "user Q1AAA pass 1");
     deaf.socket.setReadBufferSize(1);
     deaf.Send("user Q3AAA pass 1");
     EXPECT_TRUE(RunUntil([&] { return Said("is Q3AAA"); }));
     for (int i = 0; i < 8000; ++i) one.Send("Q1AAA>APRS:>" + std::string(1900, 'x'));
-    one.Send("Q1AAA>APRS:>the end");
-    EXPECT_TRUE(two.Hears("Q1AAA>APRS:>the end"));
-    EXPECT_TRUE(RunUntil([&] { return Said("Q3AAA does not read"); }));
+    EXPECT_TRUE(RunUntil([&] { return Said("Q3AAA does not read"); }, 30000));
+    one.socket.abort();
+    Client two(port, "user Q2AAA pass 1"), three(port, "user Q4AAA pass 1");
+    EXPECT_TRUE(RunUntil([&] { return Said("is Q2AAA") && Said("is Q4AAA"); }, 30000));
+    three.Send("Q4AAA>APRS:>the end");
+    EXPECT_TRUE(two.Hears("Q4AAA>APRS:>the end"));
 }
 
 TEST_F(FeedTest, NothingIsPlayedToWhoDoesNotLogIn)
