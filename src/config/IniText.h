@@ -12,7 +12,8 @@
 namespace halvern {
 
 /// How a line is read. A field ends at its first comma, and blanks around it don't count; a whole line is taken as it
-/// stands, but for a carriage return inside it, which counts as a blank. The others are fields that must hold a number of their kind, or a truth word.
+/// stands, but for a carriage return inside it, which counts as a blank. The others are fields that must hold a number
+/// of their kind, or a truth word.
 enum class LineKind {
     Field,
     WholeLine,

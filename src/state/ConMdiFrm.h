@@ -113,8 +113,8 @@ struct MainForm : Form {
     TextField ScaleTxt{*this, "ScaleTxt"};
     TextField dMapTxt{*this, "dMapTxt"};
     List BitMapCombo{*this, "BitMapCombo", ListStyle::Combo};
-    Label StatusBar1{*this, "StatusBar1"}; ///< the last packet, or what a port did
-    Label StatusBar2{*this, "StatusBar2"}; ///< the pointer's position on the map, east positive
+    Label StatusBar1{*this, "StatusBar1"};                    ///< the last packet, or what a port did
+    Label StatusBar2{*this, "StatusBar2"};                    ///< the pointer's position on the map, east positive
     MenuItem NoticesCmd{*this, "NoticesCmd", "", {"hidden"}}; ///< how many notices there are, while there are any
 
     // Ports

@@ -90,8 +90,7 @@ private:
 StationPlotRecord& PlotRecord(Halvern& halvern, int index)
 {
     auto& plot = halvern.Map.StationPlot;
-    if (index < 0 || index >= static_cast<int>(plot.size()))
-        NoSuchRow();
+    if (index < 0 || index >= static_cast<int>(plot.size())) NoSuchRow();
     return plot[index];
 }
 

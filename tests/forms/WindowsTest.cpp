@@ -2,9 +2,9 @@
 #include "forms/RowsView.h"
 #include "forms/Screen.h"
 #include "platform/qt/QtSocketDevice.h"
-#include "support/qt/SilentServer.h"
 #include "platform/qt/QtTimers.h"
 #include "support/qt/Application.h"
+#include "support/qt/SilentServer.h"
 
 namespace halvern::test {
 namespace {

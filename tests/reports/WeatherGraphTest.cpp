@@ -37,8 +37,8 @@ TEST(WeatherReading, OfEveryFormAndQuantity)
         EXPECT_EQ(wind.direction, row.direction);
         EXPECT_FLOAT_EQ(wind.value, static_cast<float>(row.speed));
     }
-    for (const auto* info : {"*4095d00", "_10090556c220s004t-12", "_t...", "!!00A0", "!!00A000B403 501272702", "_1009", "_",
-                             "!4903.50N/07201.75W_300/004", "$ULTW"})
+    for (const auto* info : {"*4095d00", "_10090556c220s004t-12", "_t...", "!!00A0", "!!00A000B403 501272702", "_1009",
+                             "_", "!4903.50N/07201.75W_300/004", "$ULTW"})
         EXPECT_EQ(ReadWeather(info, WeatherQuantity::Temperature).kind, Kind::Malformed) << info;
     for (const auto* info : {"!4903.50N/07201.75W-", "$GPRMC", ">", ""})
         EXPECT_EQ(ReadWeather(info, WeatherQuantity::Wind).kind, Kind::None) << info;

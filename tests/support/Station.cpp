@@ -66,8 +66,8 @@ std::string LineOfFrame(const std::string& bytes)
 }
 
 Station::Station(std::string programFolder, Dialogs* onScreen)
-    : halvern({time, onScreen != nullptr ? *onScreen : dialogs, files}, std::move(programFolder)), ports(halvern.All), map(halvern.MapFrm.Map1),
-      picture(halvern.MapFrm.Pic1)
+    : halvern({time, onScreen != nullptr ? *onScreen : dialogs, files}, std::move(programFolder)), ports(halvern.All),
+      map(halvern.MapFrm.Map1), picture(halvern.MapFrm.Pic1)
 {
     dialogs.Say = [this](const std::string& line) { said.push_back(line); };
     dialogs.PassTime = [this](int milliseconds) { time.Wait(milliseconds); };

@@ -8,9 +8,9 @@
 
 namespace halvern {
 
-/// Long work in a window of its own: lines done, of about how many, how fast, how much longer. It appears where the work
-/// takes longer than a moment. While it is up the operator can move windows and stop the work, but start nothing else;
-/// ports and timers go on.
+/// Long work in a window of its own: lines done, of about how many, how fast, how much longer. It appears where the
+/// work takes longer than a moment. While it is up the operator can move windows and stop the work, but start nothing
+/// else; ports and timers go on.
 class QtProgress final : public Progress {
 public:
     QtProgress(QWidget* above, const QString& title);
