@@ -54,7 +54,7 @@ void Ack(benchmark::State& state)
 }
 BENCHMARK(Ack)->Unit(benchmark::kMicrosecond);
 
-/// A tick at which all own objects are due, with the TNC and the Internet open.
+/// A tick at which all own objects are due, with the TNC and the Internet open, among other stations on the map.
 void ObjectTick(benchmark::State& state)
 {
     test::Station station;
@@ -65,6 +65,7 @@ void ObjectTick(benchmark::State& state)
     station.OpenTnc();
     main.InternetSoc.Connect();
     const auto count = static_cast<int>(state.range(0));
+    for (int i = 0; i < state.range(1); ++i) station.Hear("Q" + std::to_string(i) + ">APRS:!4903.50N/07201.75W-x");
     for (int i = 0; i < count; ++i) {
         main.MyObjectLst.Add(MyObjectRecord({.name = "OBJ" + std::to_string(i),
                                              .symbol = "/>",
@@ -89,7 +90,7 @@ void ObjectTick(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(ObjectTick)->Arg(500)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ObjectTick)->Args({500, 0})->Args({500, 10000})->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace halvern

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Beacons and messages over a long time, with ports that come and go.
+// All that a station says in a day, beside a timetable that knows nothing of its timers; and ports that come and go.
 #include <algorithm>
 
+#include "relay/Objects.h"
 #include "support/StationTest.h"
 
 namespace halvern::test {
@@ -42,6 +43,9 @@ struct Schedule : StationTest {
             for (const auto& bytes : sent) air.push_back({station.time.Elapsed(), port, bytes});
         };
         note("radio", station.SentByRadio());
+        auto sound = station.SentBy(main.SoundSoc);
+        for (auto& bytes : sound) bytes = LineOfFrame(bytes);
+        note("sound", sound);
         note("internet", station.SentBy(main.InternetSoc));
         note("psk63", station.SentBy(main.Psk63Soc));
     }
@@ -50,53 +54,157 @@ struct Schedule : StationTest {
     std::vector<Sent> air;
 };
 
-/// When a message goes out that is new at `from`, until it is acked.
-Times Retries(std::int64_t from, std::int64_t until)
-{
-    Times times;
-    for (const int second : {0, 4, 12, 28, 60}) times.push_back(from + 1 + second * Second);
-    for (auto time = from + 1 + 2 * Minute; time < until; time += 9 * Minute) times.push_back(time);
-    return times;
-}
+const std::string Own = "Q0OWN>APHV01", End = "\r\n";
 
-TEST_F(Schedule, OfADayOnThreePorts)
-{
-    const std::string head = "Q0OWN>APHV01:", net = "Q0OWN>APHV01,TCPIP*:", end = "\r\n";
-    const std::string position = "=4049.14N/07308.41W-PHG5130 own", status = ">here";
-    std::vector<Sent> intended;
-    const auto intend = [&](const Times& times, const char* port, const std::string& bytes) {
-        for (const auto time : times) intended.push_back({time, port, bytes});
-    };
-    Times group{1, 1 + 8 * Second, 1 + 24 * Second, 1 + 56 * Second}, psk63{1 + 8 * Second};
-    const auto steady = 1 + 116 * Second;
-    for (auto time = steady; time <= Day; time += 10 * Minute) group.push_back(time);
-    for (auto time = steady + 5 * Minute; time <= Day; time += 5 * Minute) psk63.push_back(time);
-    for (const auto& text : {position, status}) {
-        intend(group, "radio", head + text);
-        intend(group, "internet", net + text + end);
-        intend(psk63, "psk63", head + text + end);
+/// What goes out on a day with TNC, sound card, server and PSK63 open, by the rules that the operator knows.
+struct Timetable {
+    std::vector<Sent> all;
+
+    void Radio(std::int64_t time, const std::string& line)
+    {
+        for (const char* port : {"radio", "sound"}) all.push_back({time, port, line});
     }
+    void Internet(std::int64_t time, const std::string& line) { all.push_back({time, "internet", line + End}); }
+    void Psk63(std::int64_t time, const std::string& info, const std::string& path = "")
+    {
+        all.push_back({time, "psk63", Own + path + ":" + info + End});
+    }
+    void RadioAndInternet(std::int64_t time, const std::string& info, const std::string& path = "")
+    {
+        Radio(time, Own + path + ":" + info);
+        Internet(time, Own + ",TCPIP*:" + info);
+    }
+
+    /// At 0, 8, 24, 56 and 116 seconds, then every ten minutes; by PSK63 at 8 seconds and every five minutes. The
+    /// counts of minutes go on where a pause has left them.
+    void Beacons(std::int64_t from, std::int64_t until)
+    {
+        const auto each = [](const auto& send) {
+            for (const auto* info : {"=4049.14N/07308.41W-PHG5130 own", ">here"}) send(info);
+        };
+        const auto group = [&](std::int64_t time) { each([&](auto* info) { RadioAndInternet(time, info); }); };
+        const auto psk63 = [&](std::int64_t time) { each([&](auto* info) { Psk63(time, info); }); };
+        for (const int second : {0, 8, 24, 56}) group(from + 1 + second * Second);
+        psk63(from + 1 + 8 * Second);
+        for (auto time = from + 1 + 116 * Second; time < until; time += Minute, ++minutes) {
+            if (minutes > 0 && minutes % 5 == 0) psk63(time);
+            if (minutes % 10 == 0) group(time);
+        }
+    }
+    int minutes = 0;
+
+    void Object(std::int64_t time, const std::string& info)
+    {
+        RadioAndInternet(time, info, ",WIDE2-2");
+        Psk63(time, info, ",WIDE2-2");
+    }
+    /// From a change to the next one: the changed object at 0, 8, 24 and 56 seconds, all of them every half hour.
+    void Objects(std::int64_t from, std::int64_t until, const std::string& changed, const Strings& others)
+    {
+        for (const int second : {0, 8, 24, 56}) Object(from + 1 + second * Second, changed);
+        for (auto time = from + 1 + 116 * Second; time < until; time += Minute, ++slow) {
+            if (slow % 30 != 0) continue;
+            Object(time, changed);
+            for (const auto& info : others) Object(time, info);
+        }
+    }
+    int slow = 0;
+
+    void Weather(std::int64_t from, std::int64_t until)
+    {
+        for (auto time = from + 1; time < until; time += 5 * 65 * Second) {
+            char stamp[20];
+            std::snprintf(stamp, sizeof stamp, "@01%02d%02dz", int(time / Hour), int(time % Hour / Minute));
+            const auto info = stamp + std::string("4049.14N/07308.41W_220/004g005t077");
+            RadioAndInternet(time, info);
+            Psk63(time, info);
+        }
+    }
+    /// A message that is new at `from`, until it is acked.
+    void Message(std::int64_t from, std::int64_t until, bool byRadio, const std::string& info)
+    {
+        Times times;
+        for (const int second : {0, 4, 12, 28, 60}) times.push_back(from + 1 + second * Second);
+        for (auto time = from + 1 + 2 * Minute; time < until; time += 9 * Minute) times.push_back(time);
+        for (const auto time : times) byRadio ? Radio(time, Own + ":" + info) : Internet(time, Own + ",TCPIP*:" + info);
+    }
+    /// A car's report is repeated and gated; a message for it comes to radio after the hold.
+    void Relayed(std::int64_t time, bool message)
+    {
+        const std::string report = "Q0CAR>APRS,Q0OWN*:!4050.00N/07308.00W>on the way";
+        Radio(time, report);
+        Internet(time, report);
+        if (message)
+            Radio(time + 5 * Second, "Q0OWN>APRS:}Q0FAR>APRS,TCPIP,Q0OWN*::Q0CAR    :where?{" + std::to_string(time));
+    }
+};
+
+TEST_F(Schedule, OfADayWithEveryPortAndServiceOn)
+{
+    const std::string fire = ";FIRE     *010300z4050.00N/07309.00W-smoke",
+                      post = ";POST     *010400z4051.00N/07309.00W-";
+    auto killed = fire;
+    killed[10] = '_';
+    Timetable day;
+    day.Beacons(0, Day / 2);
+    day.Weather(Day / 2, 18 * Hour);
+    day.Beacons(18 * Hour, Day);
+    day.Objects(3 * Hour, 4 * Hour, fire, {});
+    day.Objects(4 * Hour, 9 * Hour, post, {fire});
+    day.Objects(9 * Hour, Day, killed, {post});
+    std::erase_if(day.all, [&](const Sent& sent) { return sent.time > 20 * Hour && Holds(sent.bytes, post); });
     // a second station in the queue, and its ack, begin the pace of the first one anew
     for (const auto& [from, until] : {std::pair{Hour / 2, Hour}, {Hour, 2 * Hour}, {2 * Hour, Day}})
-        intend(Retries(from, until), "internet", net + ":Q0BBB    :by wire{1" + end);
-    intend(Retries(Hour, 2 * Hour), "radio", head + ":Q0AAA    :by air{2");
+        day.Message(from, until, false, ":Q0BBB    :by wire{1");
+    day.Message(Hour, 2 * Hour, true, ":Q0AAA    :by air{2");
 
-    main.InternetSoc.Connect();
-    main.ServerLoggedIn = true;
+    const TemporaryFolder folder;
+    folder.Put("wx.txt", "Jan 01 2000 12:00\n220/004g005t077\n");
+    setUp.WxSourceOpt.Select(1);
+    setUp.File1.SetPath(folder.Path());
+    setUp.File1.SetText("wx.txt");
+    station.OpenGate();
+    main.SoundSoc.Connect();
     main.Psk63Soc.Connect();
-    station.OpenTnc();
+    main.Timer2.Start(1);
+    setUp.MyAlias = "WIDE1-1";
+    setUp.IgateHopOpt.Select(1);
+    setUp.IgateTimeLbl.SetNumber(5);
     station.Hear("Q0BBB>APRS,TCPIP*:>x", "TCPIP");
-    WaitUntil(Hour / 2);
-    station.Type("Q0BBB", "by wire");
-    WaitUntil(Hour);
-    station.Type("Q0AAA", "by air");
-    WaitUntil(2 * Hour);
-    station.Hear("Q0AAA>APRS::Q0OWN    :ack2");
+    const auto add = [&](const char* name, const char* minute, const char* comment) {
+        AddMyObject(halvern, {.name = name,
+                              .symbol = "/-",
+                              .place = {{"40", minute, "00", "N", "073", "09", "00", "W"}, 0, 0, comment},
+                              .path = "WIDE2-2"});
+        main.MyObjectTimer.Start(1);
+    };
+    const std::vector<std::pair<std::int64_t, std::function<void()>>> doings{
+        {Hour / 2, [&] { station.Type("Q0BBB", "by wire"); }},
+        {Hour, [&] { station.Type("Q0AAA", "by air"); }},
+        {2 * Hour, [&] { station.Hear("Q0AAA>APRS::Q0OWN    :ack2"); }},
+        {3 * Hour, [&] { add("FIRE", "50", "smoke"); }},
+        {4 * Hour, [&] { add("POST", "51", ""); }},
+        {9 * Hour, [&] { ChangeMyObject(halvern, 0, killed + "|WIDE2-2"), main.MyObjectTimer.Start(1); }},
+        {Day / 2, [&] { main.WeatherMenu.Click(); }},
+        {18 * Hour, [&] { main.WeatherMenu.Click(); }},
+        {20 * Hour, [&] { RemoveMyObject(halvern, 1); }}};
+    auto next = doings.begin();
+    for (auto time = Hour / 3; time < Day; time += 10 * Minute) {
+        for (; next != doings.end() && next->first <= time; ++next) WaitUntil(next->first), next->second();
+        WaitUntil(time);
+        if (time % Hour != Hour / 3) continue;
+        const bool message = time / Hour % 2 == 0;
+        station.HearOnTnc("Q0CAR>APRS,WIDE1-1:!4050.00N/07308.00W>on the way");
+        if (message)
+            main.InternetSoc.Arrived("Q0FAR>APRS,TCPIP*,qAC,T2::Q0CAR    :where?{" + std::to_string(time) + End);
+        Look();
+        day.Relayed(time, message);
+    }
     WaitUntil(Day);
 
-    std::ranges::sort(intended);
+    std::ranges::sort(day.all);
     std::ranges::sort(air);
-    EXPECT_EQ(air, intended);
+    EXPECT_EQ(air, day.all);
 }
 
 TEST_F(Schedule, OfATncThatComesAndGoes)

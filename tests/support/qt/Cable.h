@@ -40,6 +40,12 @@ public:
         const auto count = ::read(far, bytes, sizeof bytes);
         return {bytes, static_cast<std::size_t>(count > 0 ? count : 0)};
     }
+    /// As the other side has set it.
+    speed_t Speed() const
+    {
+        termios line{};
+        return ::tcgetattr(far, &line) == 0 ? ::cfgetospeed(&line) : B0;
+    }
     void Unplug()
     {
         if (far >= 0) ::close(far);

@@ -1,0 +1,305 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The gate between real peers: what the packet engine direwolf hears as sound on one side, halvern-feed as the server on
+the other.
+
+gate_peers.py BUILD DATA TRAFFIC [LINES]: LINES recorded packets (300 without it) go on the air; what comes out on the server
+must be, byte for byte and in order, what the rules written down here make of the frames that the engine gave. Then messages
+from the server go on the air behind their hold, unless another gate was first. Ends with 77 where something is missing.
+"""
+import collections
+import itertools
+import os
+import pathlib
+import re
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+GATE, FAR, OTHER, NEAR, HOLD = b"Q0GAT", b"Q1FAR", b"Q2GAT", b"Q3NIL", 3
+WORDS = [b"TCPIP", b"TCPXX", b"qAC", b"qAX", b"qAU", b"qAo", b"qAO", b"qAS", b"qAr", b"qAR", b"qAZ", b"qAI"]
+KEYWORDS = tuple(b"AP BEACON MAIL QST CQ GPS ALL AIR ID DF DRILL DX JAVA MICE QTH SKY SPACE SPC SYM TEST TLM WX ZIP DGPS "
+                 b"RTCM TEL".split())
+CONF = ("ADEVICE stdin rec\nARATE 44100\nACHANNELS 1\nCHANNEL 0\nMYCALL N0CALL-10\nMODEM 1200\nAGWPORT 0\nKISSPORT 4000\n"
+        "TXDELAY 10\nTXTAIL 2\nPERSIST 255\nSLOTTIME 1\n")
+SOUND = '</usr/share/alsa/alsa.conf>\npcm.rec {\n type file\n slave.pcm null\n file "sent.raw"\n format raw\n}\n'
+
+
+# --- the rules, told a second time -----------------------------------------------------------------------------------
+
+def text_of(frame):
+    """A KISS frame without its marks as the line that a station reads, empty for one that it does not take."""
+    frame = frame[1:].removesuffix(b"\r")
+    if (frame.find(b"\xf0", 15) - 15) % 7:  # a used digipeater of SSID 8 looks like the end of the addresses
+        return b""
+    frame = frame.replace(b"\xdb\xdc", b"\xc0").replace(b"\xdb\xdd", b"\xdb")
+    calls, stars, at = [], [], 0
+    while True:
+        name = bytes(byte >> 1 for byte in frame[at:at + 6]).rstrip()
+        last = frame[at + 6]
+        calls.append(name + (b"-%d" % (last >> 1 & 15) if last >> 1 & 15 else b""))
+        stars.append(last > 127)
+        at += 7
+        if last & 1:
+            break
+    used = max((i for i in range(2, len(calls)) if stars[i]), default=0)
+    path = b"".join(b"," + call + (b"*" if i == used else b"") for i, call in enumerate(calls[2:], 2))
+    return (calls[1] + b">" + calls[0] + path + b":" + frame[at + 2:]).replace(b"\r", b"").replace(b"\n", b"")
+
+
+def header_of(line):
+    """(source, destination, path) of a line whose header is well formed."""
+    colon = line.find(b":")
+    found = re.fullmatch(rb"([^>]{3,9})>([^,]{2,}?)((?:,[^,]{3,})*?(?:,[^,]{1,})?)", line[:colon], re.S)
+    if colon < 7 or colon + 1 == len(line) or not found:
+        return None
+    pieces = found.group(3).split(b",")[1:]
+    return None if len(pieces) > 1 and len(pieces[-1]) < 2 else (found.group(1), found.group(2), b",".join(pieces))
+
+
+def unwrapped(line):
+    while header := header_of(line):
+        info = line[line.find(b":") + 1:]
+        if not info.startswith(b"}") or not header[1].startswith(KEYWORDS):
+            break
+        line = info[1:]
+    return line
+
+
+def hops(path):
+    def digit(text):
+        return int(text) if text.isdigit() else 0
+    total = 0
+    for i, entry in enumerate(path.split(b",")):
+        name, dash, rest = entry.partition(b"-")
+        star = entry.endswith(b"*")
+        if dash and digit(name[-1:]):
+            total += digit(name[-1:]) - digit(rest.rstrip(b"*"))
+        elif dash:
+            total += 1 + i if star else 0
+        else:
+            total += digit(entry.rstrip(b"*")[-1:]) + (1 + i if star else 0)
+    return total
+
+
+class Gate:
+    def __init__(self):
+        self.heard, self.reasons = {}, collections.Counter()
+
+    def step(self, line):
+        """@return whether the line goes to the server"""
+        reason = self.decide(line)
+        self.reasons[reason] += 1
+        return reason == "passed"
+
+    def decide(self, line):
+        arrow, colon = line.find(b">"), line.find(b":")
+        if arrow < 0 or colon < 0 or colon + 1 == len(line):
+            return "no packet"
+        source, info = line[:arrow], line[colon + 1:]
+        if source == GATE:
+            return "own packet"
+        if info[:1] in b"}?":
+            return "third party or query"
+        if any(word in line for word in WORDS):
+            return "has been on the Internet"
+        path = (header_of(line) or (b"", b"", b""))[2]
+        count, call = hops(path) if path else 0, source[:9].ljust(9)
+        self.heard[call] = min(count, self.heard.get(call, count))
+        near = info[:1] == b":" and self.heard.get(info[1:10]) in (0, 100)
+        return "addressee near" if near else "passed"
+
+
+# --- the peers -------------------------------------------------------------------------------------------------------
+
+def listen(sock, end, take):
+    def run():
+        rest = b""
+        while data := sock.recv(65536):
+            *whole, rest = (rest + data).split(end)
+            for each in whole:
+                take(each)
+    threading.Thread(target=run, daemon=True).start()
+
+
+def wait_for(holds, what, seconds=20):
+    until = time.monotonic() + seconds
+    while not holds():
+        if time.monotonic() > until:
+            raise SystemExit("failed: " + what)
+        time.sleep(0.01)
+
+
+class Air:
+    """The engine: sound in, frames out on port 4000, its log for what it transmits."""
+
+    def __init__(self, folder):
+        (folder / "engine.conf").write_text(CONF)
+        (folder / "sound.conf").write_text(SOUND)
+        self.folder, self.lines = folder, []
+        self.engine = subprocess.Popen(
+            ["direwolf", "-c", "engine.conf", "-t", "0", "-r", "44100", "-b", "16", "-n", "1", "-"], cwd=folder,
+            stdin=subprocess.PIPE, stdout=open(folder / "log", "wb"), stderr=subprocess.STDOUT,
+            env=dict(os.environ, ALSA_CONFIG_PATH=str(folder / "sound.conf")))
+        for _ in range(500):
+            try:
+                self.tap = socket.create_connection(("127.0.0.1", 4000))
+                break
+            except OSError:
+                time.sleep(0.02)
+        listen(self.tap, b"\xc0", lambda frame: frame and self.lines.append(unwrapped(text_of(frame))))
+
+    def say(self, lines):
+        (self.folder / "heard.txt").write_bytes(b"\n".join(lines) + b"\n")
+        subprocess.run(["gen_packets", "-o", "heard.wav", "heard.txt"], cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
+        self.engine.stdin.write((self.folder / "heard.wav").read_bytes()[44:] + bytes(44100))
+        self.engine.stdin.flush()
+
+    def sent(self):
+        return re.findall(rb"^\[0L\] (.*?)(?:<0x0d>)?\s*$", (self.folder / "log").read_bytes(), re.M)
+
+
+class Server:
+    """The feed, and a far station that is logged in to it and sees what the gate sends there."""
+
+    def __init__(self, build, folder):
+        self.feed = subprocess.Popen([build / "halvern-feed", "--check-login", "--port", "0"], stdout=subprocess.PIPE)
+        self.port = next(int(line.rsplit(b":", 1)[1]) for line in self.feed.stdout if line.startswith(b"listening"))
+        threading.Thread(target=self.feed.stdout.read, daemon=True).start()
+        self.lines, self.far = [], socket.create_connection(("127.0.0.1", self.port))
+        listen(self.far, b"\r\n", lambda line: line[:1] != b"#" and self.lines.append(line))
+        self.say(b"user %s pass %d" % (FAR, passcode(FAR)))
+
+    def say(self, line):
+        self.far.sendall(line + b"\r\n")
+
+    def gated(self):
+        return [line for line in self.lines if not line.startswith(GATE + b">")]
+
+
+def passcode(call):
+    code = 0x73e2
+    for i, byte in enumerate(call):
+        code ^= byte << (8 if i % 2 == 0 else 0)
+    return code & 0x7fff
+
+
+class Station:
+    def __init__(self, build, data, folder, port):
+        for entry in data.iterdir():
+            if entry.is_dir():
+                (folder / entry.name).symlink_to(entry)
+        settings = (data / "demo/Halvern.INI").read_bytes().split(b"\r\n")
+        (folder / "Halvern.INI").write_bytes(b"\r\n".join([GATE, b"0"] + settings[2:]))
+        self.process = subprocess.Popen([build / "halvern-console", folder], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.do(f"""set SetUpfrm.IntDomainCombo "127.0.0.1"
+            set SetUpfrm.APRServePortTxt "{port}"
+            set SetUpfrm.APRServePassTxt "{passcode(GATE)}"
+            select SetUpfrm.IgateOpt 1
+            select SetUpfrm.IgateBIOpt 1
+            select SetUpfrm.IgateHopOpt 1
+            set SetUpfrm.IgateTimeLbl "{HOLD}"
+            click SetUpfrm.TabOkCmd
+            click ConMdiFrm.SoundCardMenu
+            click ConMdiFrm.PortIp""")
+
+    def do(self, lines):
+        self.process.stdin.write((lines + '\necho "done"\n').encode())
+        self.process.stdin.flush()
+        answers = []
+        for line in self.process.stdout:
+            if line.strip() == b'echo "done"':
+                return answers
+            if line.startswith(b"error"):
+                raise SystemExit(line.decode())
+            answers.append(line.decode().strip())
+        raise SystemExit("failed: the station ended")
+
+
+# --- the story -------------------------------------------------------------------------------------------------------
+
+def recorded(traffic, count):
+    lines = []
+    for path in sorted(traffic.glob("*.tnc2"), key=lambda path: path.name != "tape-2005.tnc2"):
+        for line in path.read_bytes().split(b"\n"):
+            header, colon, info = line.partition(b":")
+            header = re.sub(rb",q.*", b"", header)  # what only the Internet adds
+            call = rb"[A-Z0-9]{1,6}(-\d+)?"
+            if re.fullmatch(rb"%b>%b(,%b\*?){0,8}" % (call, call, call), header) and 0 < len(info) < 250:
+                lines.append(header + colon + info)
+    step = max(1, len(lines) // count)
+    return (lines[::step] * (1 + count * step // len(lines)))[:count]
+
+
+def to_server(air, server, lines):
+    begun = time.monotonic()
+    for at in range(0, len(lines), 500):
+        air.say(lines[at:at + 500])
+    heard = -1
+    while heard != len(air.lines) < len(lines):
+        heard = len(air.lines)
+        time.sleep(3)
+    gate = Gate()
+    expected = [line for line in list(air.lines) if gate.step(line)]
+    seen = -1
+    while seen != len(server.lines):
+        seen = len(server.lines)
+        time.sleep(1)
+    for mine, theirs in itertools.zip_longest(expected, server.gated()):
+        if mine != theirs:
+            raise SystemExit(f"failed: expected {mine}\non the server {theirs}")
+    print(f"{len(lines)} lines on the air, {len(air.lines)} frames, {len(expected)} lines on the server, all as expected, in "
+          f"{time.monotonic() - begun:.0f} s: {dict(gate.reasons)}")
+
+
+def to_radio(air, server, station):
+    wrapped = GATE + b">APRS:}" + FAR + b">APRS,TCPIP," + GATE + b"*:"
+    message, place = b":" + NEAR.ljust(9) + b":", b"=4903.50N/07201.75W-far"
+    air.say([NEAR + b">APRS:>near"])
+    server.say(FAR + b">APRS,TCPIP*:" + place)
+    time.sleep(1)
+    begun = time.monotonic()
+    server.say(FAR + b">APRS,TCPIP*:" + message + b"one{1")
+    wait_for(lambda: wrapped + place in air.sent(), "message and position go on the air: " + str(air.sent()[-3:]))
+    took = time.monotonic() - begun
+    if air.sent()[-2:] != [wrapped + message + b"one{1", wrapped + place] or not HOLD - 1 < took < HOLD + 2:
+        raise SystemExit(f"failed: {air.sent()[-3:]} after {took:.1f} s")
+    server.say(FAR + b">APRS,TCPIP*:" + message + b"two{2")
+    air.say([OTHER + b">APRS:}" + FAR + b">APRS,TCPIP," + OTHER + b"*:" + message + b"two{2"])
+    time.sleep(HOLD + 2)
+    decisions = [row for row in station.do("rows DecisionLst") if " to radio " in row]
+    if any(b"two{2" in line for line in air.sent()) or "another gate was first" not in decisions[-1]:
+        raise SystemExit(f"failed: doubled, {decisions[-3:]}")
+    print(f"a message and its sender's position on the air after {took:.1f} s, a second one left to another gate")
+
+
+def main():
+    if "GATE_PEERS_ALONE" not in os.environ:  # the engine listens on every interface, on a fixed port
+        os.environ["GATE_PEERS_ALONE"] = "1"
+        alone = ["unshare", "-rn", sys.executable]
+        if shutil.which("unshare") and subprocess.run([*alone, "-c", ""], stderr=subprocess.DEVNULL, check=False).returncode == 0:
+            os.execvp("unshare", [*alone, *sys.argv])
+        sys.exit(print("Skipped: no network namespace") or 77)
+    build, data, traffic = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
+    if not all(map(shutil.which, ("direwolf", "gen_packets", "ip"))) or not any(traffic.glob("*.tnc2")):
+        sys.exit(print("Skipped: needs direwolf, ip and recorded packets") or 77)
+    subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        (folder / "station").mkdir()
+        server, air = Server(build, folder), Air(folder)
+        station = Station(build, data, folder / "station", server.port)
+        try:
+            wait_for(lambda: any(line.startswith(GATE) for line in server.lines), "the gate beacons on the server")
+            to_server(air, server, recorded(traffic, int(sys.argv[4]) if len(sys.argv) > 4 else 300))
+            to_radio(air, server, station)
+        finally:
+            for process in (station.process, air.engine, server.feed):
+                process.kill()
+
+
+main()
