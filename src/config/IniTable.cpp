@@ -10,75 +10,72 @@ namespace {
 
 constexpr int RoomForEntries = 21; ///< what one list of the file may hold
 
-void WriteList(IniWriter& writer, const IniRow& row)
+void WriteList(IniWriter& writer, const Setting& setting)
 {
-    const int count = std::clamp(row.list->Count() - row.builtIn, 0, RoomForEntries);
-    writer.Put(LineKind::Integer, std::to_string(count));
-    for (int i = 0; i < count; ++i) writer.Put(row.kind, row.list->Row(row.builtIn + i));
+    const int count = std::clamp(setting.list->Count() - setting.builtIn, 0, RoomForEntries);
+    writer.Put(LineKind::Integer, count);
+    for (int i = 0; i < count; ++i) writer.Put(setting.kind, setting.list->Row(setting.builtIn + i));
 }
 
-std::vector<std::string> ReadList(IniReader& reader, const IniRow& row)
+std::vector<std::string> ReadList(IniReader& reader, const Setting& setting)
 {
-    const int count = reader.NextInteger("number of " + row.name + "s", 0, RoomForEntries);
+    const int count = reader.NextInteger("number of " + setting.name + "s", 0, RoomForEntries);
     std::vector<std::string> entries;
-    for (int i = 0; i < count; ++i) entries.push_back(reader.Next(row.kind, row.name));
+    for (int i = 0; i < count; ++i) entries.push_back(reader.NextText(setting.kind, setting.name));
     return entries;
 }
 
-std::string ReadValue(IniReader& reader, const IniRow& row)
+SettingValue ReadValue(IniReader& reader, const Setting& setting)
 {
-    if (row.kind == LineKind::Integer) return std::to_string(reader.NextInteger(row.name, row.least, row.most));
-    return reader.Next(row.kind, row.name);
-}
-
-void ApplyList(const IniRow& row, const std::vector<std::string>& entries)
-{
-    while (row.list->Count() > row.builtIn) row.list->Remove(row.list->Count() - 1);
-    for (const auto& entry : entries) row.list->Add(entry);
+    if (setting.kind == LineKind::Integer) return reader.NextInteger(setting.name, setting.least, setting.most);
+    return reader.Next(setting.kind, setting.name);
 }
 
 } // namespace
 
-std::string WriteIni(const IniTable& table)
+std::string WriteIni(const SettingTable& table)
 {
     IniWriter writer;
-    std::string before;
-    for (const auto& row : table) {
-        if (row.list != nullptr) {
-            WriteList(writer, row);
-        } else if (!row.onlyAfterTrue || before == "True") {
-            before = row.get();
-            writer.Put(row.kind, before);
+    SettingValue before;
+    for (const auto& setting : table) {
+        if (!setting.Has(InFile)) continue;
+        if (setting.list != nullptr) {
+            WriteList(writer, setting);
+        } else if (!setting.Has(AfterTrue) || before == SettingValue(true)) {
+            before = setting.get();
+            writer.Put(setting.kind, before);
         }
     }
     return writer.Bytes();
 }
 
-IniValues ReadIni(const IniTable& table, std::string_view bytes)
+std::vector<SettingValue> ReadIni(const SettingTable& table, std::string_view bytes)
 {
     IniReader reader(bytes);
-    IniValues values;
-    for (const auto& row : table) {
-        if (row.list != nullptr) {
-            values.push_back(ReadList(reader, row));
-            const auto entries = row.builtIn + static_cast<int>(values.back().size());
-            if (row.indexBefore && LeadingNumber(values.end()[-2].front()) >= entries)
-                throw IniFault(reader.Line() - entries + row.builtIn - 1, "index of the " + row.name + "s");
-        } else if (!row.onlyAfterTrue || values.back().front() == "True") {
-            values.push_back({ReadValue(reader, row)});
-        } else {
-            values.emplace_back();
+    std::vector<SettingValue> values;
+    for (const auto& setting : table) {
+        SettingValue value;
+        if (setting.Has(InFile) && setting.list != nullptr) {
+            const auto entries = ReadList(reader, setting);
+            const int count = setting.builtIn + static_cast<int>(entries.size());
+            if (setting.builtIn > 0 && std::get<int>(values.back()) >= count)
+                throw IniFault(reader.Line() - static_cast<int>(entries.size()) - 1,
+                               "index of the " + setting.name + "s");
+            value = entries;
+        } else if (setting.Has(InFile) && (!setting.Has(AfterTrue) || values.back() == SettingValue(true))) {
+            value = ReadValue(reader, setting);
         }
+        values.push_back(std::move(value));
     }
     return values;
 }
 
-void ApplyIni(const IniTable& table, const IniValues& values, bool early)
+void ApplyIni(const SettingTable& table, const std::vector<SettingValue>& values, bool early)
 {
-    for (std::size_t i = 0; i < table.size(); ++i)
-        if (table[i].early == early && table[i].list != nullptr) ApplyList(table[i], values[i]);
-    for (std::size_t i = 0; i < table.size(); ++i)
-        if (table[i].early == early && table[i].list == nullptr && !values[i].empty()) table[i].set(values[i].front());
+    for (const bool lists : {true, false})
+        for (std::size_t i = 0; i < table.size(); ++i)
+            if (table[i].Has(Early) == early && (table[i].list != nullptr) == lists && values[i].index() != 0)
+                table[i].set(values[i]);
 }
 
 } // namespace halvern

@@ -9,39 +9,54 @@
 #include "config/IniText.h"
 #include "state/Halvern.h"
 
-/// The settings file, line by line: one table that writer and reader both walk.
+/// The settings: one table that the file's writer and reader walk, and the setup form with its Cancel.
 namespace halvern {
 
-/// One line of the file, or one counted list of lines.
-struct IniRow {
-    std::string name; ///< as a message names the line
-    LineKind kind = LineKind::Field;
-    std::function<std::string()> get;
-    std::function<void(const std::string&)> set;
-    int least = -32768, most = 32767; ///< bounds of an integer
-
-    List* list = nullptr;       ///< the lines are a count and entries of this list
-    int builtIn = 0;            ///< its first entries, which are never written
-    bool indexBefore = false;   ///< the line before the count is the list's index
-    bool onlyAfterTrue = false; ///< there is such a line only where the line before says "True"
-    bool early = false;         ///< goes into its control while the main window loads, the others at its activation
+/// What a setting is for, as a sum.
+enum SettingMark : unsigned {
+    InFile = 1,     ///< a line of `Halvern.INI`, by its place in the table
+    Cancelled = 2,  ///< Cancel of the setup form puts it back
+    Beacon = 4,     ///< own packets show it, or it decides how they go out: a change starts the beacons
+    Early = 8,      ///< goes into its control while the main window loads, the others at its activation
+    AfterTrue = 16, ///< there is such a line only where the line before says "True"
 };
-using IniTable = std::vector<IniRow>;
 
-/// The values of a file, one element a row of the table: one text, or the entries of a list, or nothing for a line
-/// that is not there.
-using IniValues = std::vector<std::vector<std::string>>;
+/// One setting. It has one line of the file, or a list of them behind their count.
+struct Setting {
+    std::string name; ///< as a message names it
+    unsigned marks = InFile;
+    LineKind kind = LineKind::Field;
+    std::function<SettingValue()> get;
+    std::function<void(const SettingValue&)> set; ///< takes what `get` gives, and what the file has of this kind
+    int least = -32768, most = 32767;             ///< bounds of an integer in the file
 
-/// The table of `Halvern.INI` over the controls of a program.
-IniTable SettingsTable(Halvern& halvern);
+    const List* list = nullptr; ///< the lines are a count and the entries of this list
+    int builtIn = 0;            ///< its first entries, which are never written; the line before is the list's index
+
+    bool Has(SettingMark mark) const { return (marks & mark) != 0; }
+};
+using SettingTable = std::vector<Setting>;
+
+/// All settings over the controls of a program: those of the file in its order, a drive before its folder, a folder
+/// before the file in it; then those that no file keeps.
+SettingTable SettingsTable(Halvern& halvern);
 
 /// The bytes of a file with the present values.
-std::string WriteIni(const IniTable& table);
+std::string WriteIni(const SettingTable& table);
 
-/// Reads a whole file and touches no control. @throws IniFault.
-IniValues ReadIni(const IniTable& table, std::string_view bytes);
+/// Reads a whole file and touches no control. @return a value for each setting of the table. @throws IniFault.
+std::vector<SettingValue> ReadIni(const SettingTable& table, std::string_view bytes);
 
 /// Puts the early, or the other, values of a file into their controls: the lists' entries before their indices.
-void ApplyIni(const IniTable& table, const IniValues& values, bool early);
+void ApplyIni(const SettingTable& table, const std::vector<SettingValue>& values, bool early);
+
+/// Takes down the present values of the setup form.
+void RecordSetUp(Halvern& halvern);
+
+/// Whether a value that own packets show, or that decides how they go out, differs from what was recorded.
+bool BeaconDataChanged(Halvern& halvern);
+
+/// Puts every recorded value back. Lists keep the entries that were added or taken away meanwhile.
+void RestoreSetUp(Halvern& halvern);
 
 } // namespace halvern

@@ -34,13 +34,30 @@ std::string OnOneLine(std::string_view value)
     return text;
 }
 
-std::optional<std::string> TruthWord(std::string_view text)
+std::optional<bool> TruthOf(std::string_view text)
 {
     const auto word = UpperCase(text);
-    if (word == "TRUE") return "True";
-    if (word == "FALSE") return "False";
+    if (word == "TRUE") return true;
+    if (word == "FALSE") return false;
     return {};
 }
+
+/// A value as its line has it, without the blanks of numbers.
+struct LineText {
+    LineKind kind;
+
+    std::string operator()(std::monostate) const { return {}; }
+    std::string operator()(const std::string& text) const { return text; }
+    std::string operator()(int number) const { return std::to_string(std::clamp<int>(number, INT16_MIN, INT16_MAX)); }
+    std::string operator()(float number) const { return PlainFloat(number); }
+    std::string operator()(double number) const { return PlainNumber(number); }
+    std::string operator()(bool truth) const { return truth ? "True" : "False"; }
+    std::string operator()(const Chosen& chosen) const
+    {
+        return kind == LineKind::Field ? chosen.text.value_or("") : (*this)(chosen.index);
+    }
+    std::string operator()(const std::vector<std::string>&) const { return {}; } // a line each: the table's writer
+};
 
 } // namespace
 
@@ -77,32 +94,40 @@ std::string IniReader::NextLine(const std::string& name)
     return OnOneLine(text);
 }
 
-std::string IniReader::Next(LineKind kind, const std::string& name)
+std::string IniReader::NextText(LineKind kind, const std::string& name)
 {
-    auto text = NextLine(name);
-    if (kind == LineKind::WholeLine) return text;
-    const auto field = Trimmed(std::string_view(text).substr(0, text.find(',')));
-    if (kind == LineKind::Field) return std::string(field);
+    const auto text = NextLine(name);
+    return kind == LineKind::WholeLine ? text : std::string(Trimmed(std::string_view(text).substr(0, text.find(','))));
+}
+
+SettingValue IniReader::Next(LineKind kind, const std::string& name)
+{
+    auto text = NextText(kind, name);
+    if (kind == LineKind::WholeLine || kind == LineKind::Field) return text;
     if (kind == LineKind::Truth) {
-        const auto word = TruthWord(field);
-        return word ? *word : (Fail(name), "");
+        const auto truth = TruthOf(text);
+        return truth ? *truth : (Fail(name), false);
     }
-    const auto number = Fitting(kind, field);
-    return number ? PlainNumber(*number) : (Fail(name), "");
+    const auto number = Fitting(kind, text);
+    if (!number) Fail(name);
+    if (kind == LineKind::Integer) return static_cast<int>(*number);
+    if (kind == LineKind::Single) return static_cast<float>(*number);
+    return *number;
 }
 
 int IniReader::NextInteger(const std::string& name, int least, int most)
 {
-    const int number = static_cast<int>(LeadingNumber(Next(LineKind::Integer, name)));
+    const int number = std::get<int>(Next(LineKind::Integer, name));
     if (number < least || number > most) Fail(name);
     return number;
 }
 
-void IniWriter::Put(LineKind kind, const std::string& value)
+void IniWriter::Put(LineKind kind, const SettingValue& value)
 {
+    const auto text = std::visit(LineText{kind}, value);
     const bool number = kind == LineKind::Integer || kind == LineKind::Single || kind == LineKind::Points;
-    bytes.append(number && !value.starts_with('-') ? " " : "")
-        .append(OnOneLine(value))
+    bytes.append(number && !text.starts_with('-') ? " " : "")
+        .append(OnOneLine(text))
         .append(number ? " " : "")
         .append(CrLf);
 }

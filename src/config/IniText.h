@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/Failure.h"
+#include "state/SettingValue.h"
 
 /// Lines of a positional settings file: no keys, a value is known by its place alone.
 namespace halvern {
@@ -38,9 +39,11 @@ class IniReader {
 public:
     explicit IniReader(std::string_view bytes) : rest(bytes) {}
 
-    /// The next value: numbers in plain form, truth words with their capital. @throws IniFault with `name` where the
-    /// file has ended, or where the line holds no value of this kind.
-    std::string Next(LineKind kind, const std::string& name);
+    /// The next value, in its kind. @throws IniFault with `name` where the file has ended, or where the line holds no
+    /// value of this kind.
+    SettingValue Next(LineKind kind, const std::string& name);
+    /// The next field or whole line.
+    std::string NextText(LineKind kind, const std::string& name);
     /// The next line as a 16-bit number within these bounds; fractions are rounded, halves to even.
     int NextInteger(const std::string& name, int least, int most);
     bool AtEnd() const { return rest.empty(); }
@@ -55,10 +58,11 @@ private:
     int line = 0;
 };
 
-/// Writes line after line; a line break within a value becomes a blank.
+/// Writes line after line; a line break within a value becomes a blank. Of a selection, a field has its text, an
+/// integer its index; integers are held to 16 bits.
 class IniWriter {
 public:
-    void Put(LineKind kind, const std::string& value);
+    void Put(LineKind kind, const SettingValue& value);
     const std::string& Bytes() const { return bytes; }
 
 private:

@@ -19,7 +19,7 @@ std::string OrBlank(const std::string& text)
 std::string NextText(IniReader& reader, const std::string& name)
 {
     constexpr unsigned char firstPrinted = 0x20, deleted = 0x7F;
-    auto text = reader.Next(LineKind::WholeLine, name);
+    auto text = reader.NextText(LineKind::WholeLine, name);
     for (const unsigned char byte : text)
         if ((byte < firstPrinted && byte != '\t') || byte == deleted) throw IniFault(reader.Line(), name);
     return text;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/SetupForm.h"
 
-#include "config/Recorded.h"
+#include "config/IniTable.h"
 #include "config/Settings.h"
 #include "config/SetupFields.h"
 #include "config/SetupRules.h"
@@ -51,7 +51,7 @@ void ActivateSetUp(Halvern& halvern)
 {
     auto& setUp = halvern.SetUpfrm;
     setUp.SetPlace(SetUpPlace);
-    RecordSetUp(setUp);
+    RecordSetUp(halvern);
     const auto now = UtcNow(halvern.Outside.clock);
     setUp.UtcTimeLbl.SetCaption(ZeroFilled(now.month, 2) + "/" + ZeroFilled(now.day, 2) + "/" +
                                 ZeroFilled(now.year, 4) + " " + ZeroFilled(now.hour, 2) + ":" +
@@ -64,7 +64,7 @@ void AcceptSetUp(Halvern& halvern)
     RaiseCase(setUp.CallSignTxt); // Enter presses OK while the cursor is still in the field
     if (ValidateSetup(halvern) != "OK" || !PortsAgree(halvern)) return;
     TakeOwnCallAndAlias(halvern);
-    const bool changed = BeaconDataChanged(setUp);
+    const bool changed = BeaconDataChanged(halvern);
     if (!TakeAlternateNet(halvern)) return;
     halvern.Engine.IgateOn = setUp.IgateOpt.On(1);
     halvern.ConMdiFrm.PortsMn.SetEnabled(true);
@@ -78,7 +78,7 @@ void AcceptSetUp(Halvern& halvern)
 
 void CancelSetUp(Halvern& halvern)
 {
-    RestoreSetUp(halvern.SetUpfrm);
+    RestoreSetUp(halvern);
     if (halvern.SetUpfrm.AprsMode.On(2) && !halvern.SetUpfrm.AltNetTxt.Text().empty())
         halvern.Engine.OwnDest = halvern.SetUpfrm.AltNetTxt.Text();
     halvern.SetUpfrm.Hide();

@@ -7,6 +7,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "state/SettingValue.h"
 
 namespace halvern {
 
@@ -45,7 +46,7 @@ struct EngineState {
     short BeaconMinutes = 0, Psk63Minutes = 0;
 
     /// What the settings file says, a line or a list each, until the first activation puts it into the controls.
-    std::vector<std::vector<std::string>> Settings;
+    std::vector<SettingValue> Settings;
     bool ConfigLoaded = false; ///< a configuration was read or saved in this run
     Moment StartTime;
     bool Ended = false; ///< the main window has closed, or a fatal message was acknowledged

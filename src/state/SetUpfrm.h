@@ -8,6 +8,7 @@
 #include "platform/Controls.h"
 #include "state/Lists.h"
 #include "state/PositionFields.h"
+#include "state/SettingValue.h"
 #include "state/Symbols.h"
 
 namespace halvern {
@@ -128,7 +129,7 @@ struct SetUpForm : Form, PositionFields {
     // Working variables
     std::string MyAlias = "1234567890"; ///< the alias that is digipeated for; a text that no path holds means none
     std::string OverlayChar;            ///< empty or a blank for none
-    std::vector<std::string> Recorded;  ///< the values at the form's activation, which Cancel puts back
+    std::vector<SettingValue> Recorded; ///< the values at the form's activation, which Cancel puts back
     int PathIndex = 0;                  ///< the entry of `UnPath` that was chosen last
     bool SettingUp = false;             ///< the form's own code is setting its controls
 
