@@ -3,29 +3,15 @@
 // known.
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <memory>
 
+#include "LoggedStation.h"
 #include "engine/ProcessPacket.h"
 #include "engine/ResetStores.h"
 #include "platform/Text.h"
-#include "support/Station.h"
 
 namespace halvern {
 namespace {
-
-std::vector<std::string> RecordedLines()
-{
-    std::vector<std::string> lines;
-    for (const auto* name : {"feed-2021.tnc2", "feed-2021-earlier.tnc2", "weather-2021.tnc2", "feed-2011.tnc2",
-                             "isles-2011.tnc2", "tape-2005.tnc2", "messages-2014.tnc2", "truck-2021.tnc2"}) {
-        const auto file = test::TrafficFile(name);
-        if (file.empty()) continue;
-        std::ifstream in(file, std::ios::binary);
-        for (std::string line; std::getline(in, line);) lines.push_back(line);
-    }
-    return lines;
-}
 
 std::unique_ptr<test::Station> QuietStation()
 {
@@ -53,7 +39,7 @@ std::string Report(int number, int round)
 
 void RecordedTraffic(benchmark::State& state)
 {
-    const auto lines = RecordedLines();
+    const auto lines = test::RecordedLines();
     if (lines.empty()) return state.SkipWithError("no recorded traffic on this machine");
     auto station = QuietStation();
     for (auto _ : state) {

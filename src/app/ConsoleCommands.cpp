@@ -8,6 +8,7 @@
 #include "app/ConsoleEval.h"
 #include "app/StartUp.h"
 #include "engine/ProcessPacket.h"
+#include "history/LogFiles.h"
 #include "history/PlayFile.h"
 #include "map/MapMouse.h"
 #include "platform/ConsoleText.h"
@@ -88,9 +89,10 @@ void Replay(ConsoleSession& session, ConsoleLine& line)
     const auto lines = halvern.Outside.files.OpenForInput(file, trouble);
     Require(lines != nullptr, "can't read " + ConsoleQuoted(file));
     const auto start = std::chrono::steady_clock::now();
-    const auto played = PlayFile(halvern, *lines, {.tag = tag, .asItStands = true});
+    const auto played = PlayFile(halvern, *lines, {.tag = tag});
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     session.Print("replayed " + std::to_string(played.lines) + " lines in " + ConsoleNumber(took.count()) + " s");
+    TellCutShort(halvern, "recorded", played.trouble);
 }
 
 /// The next word as the name of a port with a simulated device behind it.

@@ -2,6 +2,7 @@
 #include "history/History.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "history/LogFiles.h"
@@ -18,11 +19,15 @@ public:
     {
         for (int i = form.Callsign.First(); i <= form.Callsign.Last(); ++i)
             if (const auto& text = form.Callsign(i).Text(); !text.empty()) calls.push_back({text, UpperCase(text)});
+        for (const auto& call : calls)
+            for (std::size_t i = 0; i < begins.size(); ++i)
+                begins[i] |= UpperCase(static_cast<char>(i)) == call.wanted[0];
     }
 
     /// How many of the calls the line begins with.
     int Matches(std::string_view line)
     {
+        if (line.empty() || !begins[static_cast<unsigned char>(line.front())]) return 0; // most of a long file
         int matches = 0;
         for (const auto& [typed, wanted] : calls) {
             const auto same = [](char has, char wants) { return UpperCase(has) == wants; };
@@ -48,6 +53,7 @@ private:
         std::string typed, wanted;
     };
     std::vector<Call> calls;
+    std::array<bool, 256> begins{}; ///< whether a call begins so, by the character
     std::string found;
 };
 

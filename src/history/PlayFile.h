@@ -14,8 +14,7 @@ struct Playback {
     std::string_view tag; ///< source tag of its packets
     /// How often a packet is played; every packet once where this is empty. A negative answer ends the playing.
     std::function<int(std::string_view packet)> times = {};
-    std::string title = {};  ///< of the window that shows how far it is; empty for none
-    bool asItStands = false; ///< lines go to the engine whole, whatever stands in front of their packets
+    std::string title = {}; ///< of the window that shows how far it is; empty for none
 };
 
 struct Played {

@@ -110,6 +110,18 @@ std::string Fetch(Halvern& halvern, const char* file, Faults& faults)
     return bytes.value_or("");
 }
 
+/// The picture of a kept row. A known station whose last report has no known table keeps the picture that it had, of
+/// which the row knows nothing: it comes back as a dot.
+std::string SymbolOf(const Halvern& halvern, std::string_view row)
+{
+    const auto file = [&](char table, char code) {
+        return SymbolFileName(halvern.ProgramFolder, static_cast<unsigned char>(table),
+                              static_cast<unsigned char>(code));
+    };
+    const auto own = file(ColumnAt(row, positionRow::Table), ColumnAt(row, positionRow::Code));
+    return own.empty() ? file('/', '/') : own;
+}
+
 /// Puts a station's row into the store, at its end or over another, and the station on the map as it stood there.
 /// @return false for a row that can't be placed
 bool BringBack(Halvern& halvern, std::string_view row, int index)
@@ -117,15 +129,12 @@ bool BringBack(Halvern& halvern, std::string_view row, int index)
     auto& stations = halvern.PositionFrm.PosLst;
     const auto latitude = static_cast<float>(LatTextToDegrees(positionRow::Latitude(row)));
     const auto longitude = static_cast<float>(LonTextToDegrees(positionRow::Longitude(row)));
-    const auto symbol =
-        SymbolFileName(halvern.ProgramFolder, static_cast<unsigned char>(ColumnAt(row, positionRow::Table)),
-                       static_cast<unsigned char>(ColumnAt(row, positionRow::Code)));
     if (row.size() < positionRow::Code || latitude == 0 || longitude == 0 || index > LastStation) return false;
     const std::string type(Columns(row, positionRow::Type, 1));
     const bool added = index == stations.Count();
     if (added) stations.Add(row);
     try {
-        NewSymbol(halvern, index, type + "Garth", symbol, stationRow::Call(row), latitude, longitude);
+        NewSymbol(halvern, index, type + "Garth", SymbolOf(halvern, row), stationRow::Call(row), latitude, longitude);
     } catch (const RuntimeFailure&) {
         if (added) stations.Remove(index);
         return false;

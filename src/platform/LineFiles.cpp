@@ -6,7 +6,9 @@
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 #include <zlib.h>
 
@@ -56,41 +58,114 @@ public:
         }
         struct stat about;
         if (::fstat(file, &about) == 0 && about.st_nlink == 0) return Fail("The file was taken away");
+        length += static_cast<off_t>(row.size());
         return true;
     }
     std::string Trouble() const override { return trouble; }
     bool Is(const std::string& path) const override { return IsFile(file, path); }
 
 private:
+    /// Half a row would be another packet: what of it was written is taken back.
     bool Fail(const char* why)
     {
         trouble = why;
+        std::ignore = ::ftruncate(file, length);
         return false;
     }
 
     const int file;
+    off_t length = 0; ///< of whole rows
     std::string row, trouble;
 };
 
-/// Reads through zlib, which hands on a file that is not packed as it is.
+/// Blocks of a file, unpacked on the way where gzip made it. Of one that is cut short or spoiled everything in front of
+/// the fault is handed on.
+class Blocks {
+public:
+    explicit Blocks(int file) : file(file), raw(Size), unpacked(Size) {}
+    ~Blocks()
+    {
+        ::inflateEnd(&stream);
+        ::close(file);
+    }
+    Blocks(const Blocks&) = delete;
+    Blocks& operator=(const Blocks&) = delete;
+
+    /// The next block, which holds until the next call; an empty one at the end.
+    std::string_view Next()
+    {
+        if (!std::exchange(begun, true)) {
+            const auto first = Load();
+            constexpr int gzipOnly = 16;
+            packed = first.starts_with(Magic) && ::inflateInit2(&stream, MAX_WBITS + gzipOnly) == Z_OK;
+            inMember = packed;
+            if (!packed) return first;
+        }
+        return packed ? Unpack() : Load();
+    }
+    std::uint64_t BytesRead() const { return bytesRead; }
+    const std::string& Trouble() const { return trouble; }
+    bool Is(const std::string& path) const { return IsFile(file, path); }
+
+private:
+    static constexpr unsigned Size = 1U << 18;
+    static constexpr std::string_view Magic = "\x1F\x8B";
+
+    std::string_view Load()
+    {
+        ssize_t count = 0;
+        do count = ::read(file, raw.data(), Size);
+        while (count < 0 && errno == EINTR);
+        if (count < 0) trouble = std::strerror(errno);
+        const auto got = static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+        bytesRead += got;
+        stream.next_in = reinterpret_cast<Bytef*>(raw.data());
+        stream.avail_in = static_cast<uInt>(got);
+        return {raw.data(), got};
+    }
+
+    /// gzip files may follow one another in one; what else follows fills a tape's block, or means nothing.
+    std::string_view Unpack()
+    {
+        stream.next_out = reinterpret_cast<Bytef*>(unpacked.data());
+        stream.avail_out = Size;
+        while (stream.avail_out > 0 && !over) {
+            if (stream.avail_in == 0 && Load().empty()) {
+                over = true;
+                if (inMember && trouble.empty()) trouble = "The file ends in the middle";
+            } else if (!inMember && *stream.next_in != static_cast<unsigned char>(Magic[0])) {
+                over = true;
+            } else {
+                if (!std::exchange(inMember, true)) ::inflateReset(&stream);
+                const int result = ::inflate(&stream, Z_NO_FLUSH);
+                inMember = result != Z_STREAM_END;
+                over = inMember && result != Z_OK && result != Z_BUF_ERROR;
+                if (over) trouble = std::string("It can't be unpacked (") + (stream.msg ? stream.msg : "?") + ")";
+            }
+        }
+        return {unpacked.data(), Size - stream.avail_out};
+    }
+
+    const int file;
+    std::vector<char> raw, unpacked;
+    z_stream stream{};
+    bool begun = false, packed = false;
+    bool inMember = false; ///< in the middle of one of the packed files
+    bool over = false;
+    std::uint64_t bytesRead = 0;
+    std::string trouble;
+};
+
 class DiskInput final : public InputFile {
 public:
-    DiskInput(int file, std::uint64_t size) : file(file), packed(::gzdopen(file, "rb")), size(size), block(BlockSize)
-    {
-        if (packed != nullptr) ::gzbuffer(packed, BlockSize);
-    }
-    ~DiskInput() override
-    {
-        packed != nullptr ? static_cast<void>(::gzclose(packed)) : static_cast<void>(::close(file));
-    }
-    DiskInput(const DiskInput&) = delete;
-    DiskInput& operator=(const DiskInput&) = delete;
+    DiskInput(int file, std::uint64_t size) : blocks(file), size(size) {}
 
     bool ReadLine(std::string_view& line) override
     {
         pieces.clear();
         for (;;) {
-            if (rest.empty() && !Fill()) break;
+            if (rest.empty()) rest = blocks.Next();
+            if (rest.empty()) break;
             const auto end = rest.find('\n');
             const auto piece = rest.substr(0, end);
             rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
@@ -100,48 +175,25 @@ public:
         }
         return !pieces.empty() && Deliver(pieces, line);
     }
-    ReadSoFar SoFar() const override
-    {
-        const auto offset = packed == nullptr ? 0 : ::gzoffset(packed);
-        return {lines, offset > 0 ? static_cast<std::uint64_t>(offset) : 0, size};
-    }
-    std::string Trouble() const override { return trouble; }
-    bool Is(const std::string& path) const override { return IsFile(file, path); }
+    ReadSoFar SoFar() const override { return {lines, blocks.BytesRead(), size}; }
+    std::string Trouble() const override { return blocks.Trouble(); }
+    bool Is(const std::string& path) const override { return blocks.Is(path); }
 
 private:
-    static constexpr unsigned BlockSize = 1U << 18;
-
-    bool Fill()
-    {
-        const int count = packed == nullptr ? -1 : ::gzread(packed, block.data(), BlockSize);
-        int error = Z_OK;
-        if (count <= 0 && packed != nullptr) {
-            const char* const words = ::gzerror(packed, &error);
-            if (error == Z_ERRNO)
-                trouble = std::strerror(errno);
-            else if (error != Z_OK)
-                trouble = error == Z_BUF_ERROR ? "The file ends in the middle" : words;
-        }
-        if (packed == nullptr) trouble = "There is no memory to read it";
-        rest = {block.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
-        return count > 0;
-    }
     bool Deliver(std::string_view text, std::string_view& line)
     {
         line = text.substr(0, LongestLine);
         if (line.ends_with('\r')) line.remove_suffix(1);
-        ++lines;
+        constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; // of editors that write UTF-8
+        if (lines++ == 0 && line.starts_with(byteOrderMark)) line.remove_prefix(byteOrderMark.size());
         return true;
     }
 
-    const int file;
-    gzFile packed;
+    Blocks blocks;
     const std::uint64_t size;
-    std::vector<char> block;
     std::string_view rest; ///< of the block, not handed on yet
     std::string pieces;    ///< of a line that reaches over the end of a block
     std::uint64_t lines = 0;
-    std::string trouble;
 };
 
 } // namespace

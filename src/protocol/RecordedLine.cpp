@@ -32,10 +32,11 @@ bool Take(std::string_view& text, std::string_view pattern)
 std::string_view BehindMoment(std::string_view line)
 {
     auto rest = line;
-    if (Take(rest, "0000-00-00") && !Take(rest, " ") && !Take(rest, "T")) return line;
+    const bool dated = Take(rest, "0000-00-00") || Take(rest, "0000/00/00");
+    if (dated && !Take(rest, " ") && !Take(rest, "T")) return line;
     if (!Take(rest, "00:00:00")) return line;
     if (Take(rest, ".")) rest.remove_prefix(std::min(rest.find_first_not_of("0123456789"), rest.size()));
-    for (const std::string_view behind : {"Z", " UTC", ":", " "}) Take(rest, behind);
+    for (const std::string_view behind : {"Z", "+00:00", "-00:00", " UTC", ":", ",", " "}) Take(rest, behind);
     return TrimmedLeft(rest);
 }
 
@@ -147,9 +148,11 @@ std::string PacketOfCsvRow(std::string_view line)
 
 std::string_view PacketIn(std::string_view line, std::string& made)
 {
-    if (BeginsWithPacket(line)) return line;
+    const bool mayBeMore = !line.empty() && (IsDigit(line.front()) || line.front() == '[' || line.front() == 'c');
+    if (!mayBeMore || BeginsWithPacket(line)) return line;
     if (IsCsvRow(line) || line.starts_with("chan,utime,")) return made = PacketOfCsvRow(line);
-    const auto packet = BehindMoment(BehindTag(line));
+    auto packet = line;
+    for (int tags = 0; tags < 2; ++tags) packet = BehindMoment(BehindTag(packet)); // a moment and a port, in any order
     return BeginsWithPacket(packet) ? packet : line;
 }
 

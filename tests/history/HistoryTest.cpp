@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <csignal>
+
+#include <sys/resource.h>
 #include <zlib.h>
 
 #include "engine/ProcessPacket.h"
@@ -39,7 +42,10 @@ struct History : testing::Test {
     {
         for (const auto& line : lines) station.Hear(line);
     }
-    void Answer(const std::string& name) { station.dialogs.Answers.push_back({folder.Path() + "/" + name}); }
+    void Answer(const std::filesystem::path& name)
+    {
+        station.dialogs.Answers.push_back({(folder.Path() / name).string()});
+    }
     std::string FileOf(const std::string& name)
     {
         return station.files.Read(folder.Path() + "/" + name).value_or("none");
@@ -53,7 +59,7 @@ struct History : testing::Test {
         return calls;
     }
     Strings Stations() { return Calls(halvern.PositionFrm.PosLst); }
-    void Import(const std::string& name)
+    void Import(const std::filesystem::path& name)
     {
         Answer(name);
         main.ImportLog.Click();
@@ -199,6 +205,19 @@ TEST_F(History, ALogThatCannotBeWrittenIsClosedAndToldOnce)
     EXPECT_FALSE(main.Log.Checked());
 }
 
+TEST_F(History, ALogOnAFullDiskEndsWithAWholeRow)
+{
+    Answer("day.log");
+    main.Log.Click();
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit little{150, RLIM_INFINITY}, none{RLIM_INFINITY, RLIM_INFINITY};
+    ::setrlimit(RLIMIT_FSIZE, &little);
+    HearAll(BusyHour);
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    EXPECT_FALSE(main.Log.Checked());
+    EXPECT_EQ(FileOf("day.log"), BusyHour[0] + "\r\n" + BusyHour[1] + "\r\n");
+}
+
 TEST_F(History, TheRunningLogIsNotPlayedAndNotOverwritten)
 {
     Answer("day.log");
@@ -327,7 +346,8 @@ TEST_F(History, OtherPeoplesFilesAreTakenAsTheyAre)
         {"2024-05-31T12:00:00.123Z Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
         {"12:00:00 Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
         {"[12:00:00] Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
-        {"[2024-05-31 12:00:00] Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"[2024-05-31 12:00:00 UTC] [0L] Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
+        {"2024/05/31 12:00:00+00:00,Q1ABC>APRS:!x", "Q1ABC>APRS:!x"},
         {"2024-05-31 12:00:00 nothing", "2024-05-31 12:00:00 nothing"},
         {"", ""},
         {"chan,utime,isotime,source,heard,level", ""},
@@ -337,7 +357,7 @@ TEST_F(History, OtherPeoplesFilesAreTakenAsTheyAre)
          "Q1ABC>APRS:;BALL     *311234z4230.00N/07400.00WO370/010up"},
         {"0,1622462400,2021-05-31T12:34:00Z,Q1ABC,Q1ABC,50,0,>,Q1ABC,,,,,,,,,,,busy,,", "Q1ABC>APRS:>busy"},
         {"0,1622462400,2021-05-31T12:34:00Z,Q1ABC,Q1ABC,50,0,!,Q1ABC,/-,91,nan,,,,,,,,,,", ""}};
-    std::string made, log;
+    std::string made, log("\xEF\xBB\xBF");
     for (const auto& [line, packet] : lines) EXPECT_EQ(PacketIn(line, made), packet) << line;
 
     for (const auto& line : BusyHour) log += "2024-05-31 12:00:00 UTC: " + line + "\n";
@@ -355,26 +375,32 @@ TEST_F(History, OtherPeoplesFilesAreTakenAsTheyAre)
     EXPECT_THAT(station.TakeSaid(), Contains(HasSubstr("It is no plain file")));
 }
 
-/// Playing a file leaves what hearing its lines leaves, but for raw rows, counts and acks.
+/// Playing a file leaves what hearing its lines leaves, but for raw rows, counts and acks; and what was heard before
+/// comes back whole, stations with a symbol of no table among it.
 TEST_F(History, ARecordedFileLeavesWhatItsLinesLeave)
 {
-    const auto file = TrafficFile("feed-2021.tnc2");
-    if (file.empty()) GTEST_SKIP() << "no recorded traffic on this machine";
-    const auto traffic = station.files.Read(file).value();
-    Station live;
-    live.SetUp();
-    for (const auto& own : OwnLines) live.Hear(own, "MAP");
-    for (const auto line : LinesOf(traffic)) live.Hear(std::string(line), "IMPORT");
-    folder.Put("feed.log", traffic);
-    Import("feed.log");
-    EXPECT_GT(halvern.PositionFrm.PosLst.Count(), 100);
-    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 0);
-    live.halvern.TerminalFrm.RawPacketLst.Clear();
-    for (auto* each : {&halvern, &live.halvern}) {
-        each->HeardFrm.HeardGrid.Clear();
-        each->HeardFrm.HeardGrid.SetSize(1, 1);
+    if (TrafficFile("").empty()) GTEST_SKIP() << "no recorded traffic on this machine";
+    halvern.HeardFrm.HeardGrid.SetSize(1, 1);
+    for (const auto& file : std::filesystem::directory_iterator(TrafficFile(""))) {
+        if (file.path().extension() != ".tnc2") continue;
+        SCOPED_TRACE(file.path());
+        Station live;
+        live.SetUp();
+        for (const auto& own : OwnLines) live.Hear(own, "MAP");
+        const auto traffic = station.files.Read(file.path()).value();
+        for (const auto line : LinesOf(traffic)) live.Hear(std::string(line), "IMPORT");
+        live.halvern.TerminalFrm.RawPacketLst.Clear();
+        live.halvern.HeardFrm.HeardGrid.SetSize(1, 1);
+        const auto before = StoresOf(halvern);
+        Import(file.path());
+        EXPECT_EQ(StoresOf(halvern), StoresOf(live.halvern));
+        main.RestoreMenu.Click();
+        EXPECT_EQ(StoresOf(halvern), before);
+        for (const auto line : LinesOf(traffic)) station.Hear(std::string(line), "IMPORT");
+        halvern.TerminalFrm.RawPacketLst.Clear();
+        halvern.HeardFrm.HeardGrid.SetSize(1, 1);
     }
-    EXPECT_EQ(StoresOf(halvern), StoresOf(live.halvern));
+    EXPECT_GT(halvern.PositionFrm.PosLst.Count(), 3000);
 }
 
 } // namespace
