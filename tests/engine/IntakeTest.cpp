@@ -30,11 +30,10 @@ TEST(PacketHeader, SaysWhoSentToWhomByWhichPath)
         {"Q12345678>APRS:", "Q12345678|APRS:|"},
         {"Q1A>:", ""}};
     for (const auto& [header, read] : cases) {
-        const auto parts = ReadPacketHeader(header);
-        const auto join = [](const auto& p) {
-            return std::string(p.source) + "|" + std::string(p.dest) + "|" + std::string(p.path);
-        };
-        EXPECT_EQ(parts ? join(*parts) : "", read) << header;
+        std::ostringstream text;
+        if (const auto parts = ReadPacketHeader(header))
+            text << parts->source << "|" << parts->dest << "|" << parts->path;
+        EXPECT_EQ(text.str(), read) << header;
     }
 }
 
@@ -97,73 +96,56 @@ TEST_F(Intake, ResourcesAreFiledInEveryModeAndNotCounted)
 TEST_F(Intake, ABannerInFrontOfAPositionIsCutOff)
 {
     station.Hear("Q1ABC>BEACON,WIDE:TheNet X-1J4 (QQ)!4903.50N/07201.75W#node");
-    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
     station.Hear("Q2ABC>BEACON,WIDE:TheNet and a banner that is much too long (QQ)!4903.50N/07201.75W#node");
-    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
+    EXPECT_THAT(Rows(halvern.PositionFrm.PosLst), ElementsAre(StartsWith("Q1ABC ")));
 }
 
-TEST_F(Intake, UnknownTypesNeverOverwriteAStatus)
-{
-    station.Hear("Q1ABC>APRS,WIDE:<some beacon");
-    station.Hear("Q1ABC>APRS,WIDE:[another");
-    station.Hear("Q2ABC>APRS,WIDE:>a status");
-    station.Hear("Q2ABC>APRS,WIDE:<some beacon");
-    EXPECT_THAT(Status(), ElementsAre("Q1ABC     [another", "Q2ABC     >a status"));
-    for (const auto* info : {"#raw", "%x", ")item", "*p", "T#001,1,2", "_weather"})
-        station.Hear("Q3ABC>APRS,WIDE:" + std::string(info));
-    EXPECT_EQ(Status().size(), 2u);
-}
-
-TEST_F(Intake, TheOwnStatusAlwaysStandsInTheFirstRow)
+TEST_F(Intake, UnknownTypesNeverOverwriteAStatusAndTheOwnOneStandsFirst)
 {
     station.time.SetUtc({2026, 11, 22, 9, 8, 7});
+    for (const auto* heard : {"1ABC>APRS,WIDE:<some beacon", "1ABC>APRS,WIDE:[another", "2ABC>APRS,WIDE:>a status",
+                              "2ABC>APRS,WIDE:<some beacon", "3ABC>APRS,WIDE:#raw", "3ABC>APRS,WIDE:%x",
+                              "3ABC>APRS,WIDE:)item", "3ABC>APRS,WIDE:*p", "3ABC>APRS,WIDE:T#001,1,2"})
+        station.Hear("Q" + std::string(heard));
+    EXPECT_THAT(Status(), ElementsAre("Q1ABC     [another", "Q2ABC     >a status"));
+    halvern.StatusFrm.StatusLst.Clear();
     station.Hear("Q1ABC>APRS,WIDE:>other");
     station.Hear("Q0OWN>APRS,WIDE:>mine");
     EXPECT_THAT(Status(), ElementsAre("Q0OWN     >220908zmine"));
 }
 
-struct HeardGridTest : Intake {
-    HeardGridTest()
-    {
-        station.time.SetUtc({2026, 11, 22, 9, 30, 0});
-        ResetStores(halvern, "Clear");
-    }
-    void HearAt(int day, int hour, const std::string& call)
-    {
-        station.time.SetUtc({2026, 11, day, hour, 5, 0});
-        station.Hear(call + ">APRS,WIDE:>x");
-    }
-    std::string Row(int row)
-    {
-        std::string text;
-        auto& grid = halvern.HeardFrm.HeardGrid;
-        for (int column = 0; column < grid.Cols(); ++column) text += (column ? "|" : "") + grid.Cell(row, column);
-        return text;
-    }
-};
-
-TEST_F(HeardGridTest, StartsAgainWhenTheFirstHourComesRound)
+std::string GridRow(const Halvern& halvern, int row)
 {
-    HearAt(22, 23, "Q1ABC");
-    main.HeardOnRfLst.Add("Q1ABC    0");
-    HearAt(23, 8, "Q1ABC");
-    EXPECT_EQ(Row(0), "Call Sign|22/09:30|22/23:05|23/08:05");
-    HearAt(23, 9, "Q2ABC");
-    EXPECT_EQ(Row(0), "Call Sign|23/09:05");
-    EXPECT_EQ(Row(2), "Q2ABC|1");
-    EXPECT_EQ(main.HeardOnRfLst.Count(), 0);
+    const auto& grid = halvern.HeardFrm.HeardGrid;
+    std::string text;
+    for (int column = 0; column < grid.Cols(); ++column) text += (column ? "|" : "") + grid.Cell(row, column);
+    return text;
 }
 
-TEST_F(HeardGridTest, OwnPacketsAsSentAreNotCounted)
+TEST_F(Intake, TheGridCountsStationsByTheHourUntilTheFirstHourComesRound)
 {
+    const auto hearAt = [&](int day, int hour, const std::string& line) {
+        station.time.SetUtc({2026, 11, day, hour, 5, 0});
+        station.Hear(line);
+    };
+    station.time.SetUtc({2026, 11, 22, 9, 30, 0});
+    ResetStores(halvern, "Clear");
+    hearAt(22, 23, "Q1ABC>APRS,WIDE:>x");
+    main.HeardOnRfLst.Add("Q1ABC    0");
+    hearAt(23, 8, "Q1ABC>APRS,WIDE:>x");
+    EXPECT_EQ(GridRow(halvern, 0), "Call Sign|22/09:30|22/23:05|23/08:05");
+    hearAt(23, 9, "Q2ABC>APRS,WIDE:>x");
+    EXPECT_EQ(GridRow(halvern, 0), "Call Sign|23/09:05");
+    EXPECT_EQ(GridRow(halvern, 2), "Q2ABC|1");
+    EXPECT_EQ(main.HeardOnRfLst.Count(), 0);
+
     setUp.UnPath.Select(1);
-    station.Hear("Q0OWN>APHV01,WIDE2-2:>as sent");
-    EXPECT_EQ(Row(1), "Q0OWN|0");
-    station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>as repeated");
-    EXPECT_EQ(Row(1), "Q0OWN|1");
+    hearAt(23, 9, "Q0OWN>APHV01,WIDE2-2:>as sent");
+    EXPECT_EQ(GridRow(halvern, 1), "Q0OWN|0");
+    hearAt(23, 9, "Q0OWN>APHV01,Q1DIG*,WIDE2-1:>as repeated");
     halvern.Engine.ReviewMode = true;
-    station.Hear("Q0OWN>APHV01,Q1DIG*,WIDE2-1:>played back");
-    EXPECT_EQ(Row(1), "Q0OWN|1");
+    hearAt(23, 9, "Q0OWN>APHV01,Q1DIG*,WIDE2-1:>played back");
+    EXPECT_EQ(GridRow(halvern, 1), "Q0OWN|1");
 }
 
 TEST(UtcTime, FollowsTheZoneThatIsInForce)
@@ -196,41 +178,37 @@ TEST_F(Resets, ThePlaybacksKeepTheRawRowsAndTheSymbolFilterKeepsTheMessages)
     const int raw = halvern.TerminalFrm.RawPacketLst.Count();
     halvern.Engine.ReviewMode = true;
     ResetStores(halvern, "JustOk");
-    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
-    EXPECT_EQ(halvern.PositionFrm.PosLst.Row(0).substr(0, 11), "Q0OWN     =");
-    EXPECT_EQ(halvern.StatusFrm.StatusLst.Count(), 1);
-    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 1);
-    EXPECT_TRUE(halvern.MessageFrm.Timer1.Running());
+    EXPECT_THAT(Rows(halvern.PositionFrm.PosLst), ElementsAre(StartsWith("Q0OWN     =")));
+    EXPECT_THAT(Status(), SizeIs(1));
+    EXPECT_EQ(form.TrafficLst.Count(), 1);
+    EXPECT_TRUE(form.Timer1.Running());
     ResetStores(halvern, "ImportLog");
-    EXPECT_EQ(halvern.MessageFrm.TrafficLst.Count(), 0);
-    EXPECT_FALSE(halvern.MessageFrm.Timer1.Running());
+    EXPECT_EQ(form.TrafficLst.Count(), 0);
+    EXPECT_FALSE(form.Timer1.Running());
     EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), raw);
     EXPECT_TRUE(halvern.Engine.ReviewMode);
 }
 
-TEST_F(Resets, AnyOtherWordEmptiesEverythingButTheOwnStation)
+TEST_F(Resets, AFullRawStoreOrAnyOtherWordEmptiesEverythingButTheOwnStation)
 {
-    ResetStores(halvern, "Clear");
-    EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own", "Q0OWN>APHV01:>here"));
-    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
-    EXPECT_EQ(Status().size(), 1u);
-    EXPECT_FALSE(halvern.Engine.ReviewMode);
-    EXPECT_FALSE(main.RestoreMenu.Enabled());
+    for (const bool full : {false, true}) {
+        if (full) {
+            while (halvern.TerminalFrm.RawPacketLst.Count() <= 32700) halvern.TerminalFrm.RawPacketLst.Add("filler");
+            station.Hear("Q3ABC>APRS,WIDE:>lost");
+        } else {
+            ResetStores(halvern, "Clear");
+        }
+        EXPECT_THAT(Raw(), ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-own", "Q0OWN>APHV01:>here"));
+        EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 1);
+        EXPECT_THAT(Status(), SizeIs(1));
+        EXPECT_FALSE(halvern.Engine.ReviewMode || main.RestoreMenu.Enabled());
+    }
 }
 
 TEST_F(Intake, EmptyStoresStayEmptyAtAResetUntilTheNextOwnBeacon)
 {
     ResetStores(halvern, "Clear");
     EXPECT_EQ(halvern.PositionFrm.PosLst.Count() + halvern.TerminalFrm.RawPacketLst.Count(), 0);
-}
-
-TEST_F(Resets, AFullRawStoreStartsAgainAndTheLineIsLost)
-{
-    auto& raw = halvern.TerminalFrm.RawPacketLst;
-    while (raw.Count() <= 32700) raw.Add("Q1ABC>APRS,WIDE:>filler");
-    station.Hear("Q3ABC>APRS,WIDE:>lost");
-    EXPECT_EQ(raw.Count(), 2);
-    EXPECT_EQ(Status().size(), 1u);
 }
 
 } // namespace

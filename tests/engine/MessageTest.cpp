@@ -15,19 +15,6 @@ struct Messages : StationTest {
         main.MSComm1.Open();
         for (Socket* socket : {&main.SoundSoc, &main.InternetSoc, &main.Psk63Soc}) socket->Connect();
     }
-    Strings Sent(const Port& port) { return station.SentBy(port); }
-    /// What a KISS port sent, as text lines.
-    Strings SentFrames(const Port& port)
-    {
-        auto lines = Sent(port);
-        for (auto& line : lines) line = LineOfFrame(line);
-        return lines;
-    }
-    bool NothingSent()
-    {
-        return Sent(main.MSComm1).empty() && Sent(main.SoundSoc).empty() && Sent(main.InternetSoc).empty() &&
-               Sent(main.Psk63Soc).empty();
-    }
     void HearMessage(const std::string& from, const std::string& to, const std::string& text,
                      std::string_view tag = "TNC")
     {
@@ -37,50 +24,43 @@ struct Messages : StationTest {
 
 TEST_F(Messages, AMessageToUsIsFiledOnceAndAckedEachTimeByItsOwnRoad)
 {
+    const std::string ack = "Q0OWN>APHV01::Q1ABC    :ack12", net = "Q0OWN>APHV01,TCPIP*::Q1ABC    :ack12\r\n";
     HearMessage("Q1ABC", "Q0OWN", "Hello{12");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12"));
+    EXPECT_THAT(Air(), ElementsAre("radio " + ack));
     EXPECT_EQ(form.Caption(), "New Message!");
     EXPECT_THAT(Said(), ElementsAre("bell"));
-    HearMessage("Q1ABC", "q0own", "hello{12", "SOUND");
-    EXPECT_THAT(SentFrames(main.SoundSoc), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12"));
-    HearMessage("Q1ABC", "Q0OWN", "Hello{12", "TCPIP");
-    EXPECT_THAT(Sent(main.InternetSoc), ElementsAre("Q0OWN>APHV01,TCPIP*::Q1ABC    :ack12\r\n"));
-    HearMessage("Q1ABC", "Q0OWN", "Hello{12", "PSK63");
-    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12\r\n"));
-    HearMessage("Q1ABC", "Q0OWN", "Hello{12", "IMPORT");
-    EXPECT_TRUE(NothingSent());
+    const std::pair<const char*, Strings> roads[] = {{"SOUND", {"sound " + ack}},
+                                                     {"TCPIP", {"internet " + net}},
+                                                     {"PSK63", {"psk63 " + ack + "\r\n"}},
+                                                     {"IMPORT", {}}};
+    for (const auto& [tag, sent] : roads) {
+        HearMessage("Q1ABC", "q0own", "hello{12", tag);
+        EXPECT_EQ(Air(), sent);
+    }
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN:12.Hello"));
     EXPECT_THAT(Said(), IsEmpty());
+    HearMessage("Q1ABC", "Q0OWN", "No number");
+    HearMessage("Q2ABC", "Q0OWN", "?APRSP{12");
+    EXPECT_THAT(Rows(form.MsgToYouLst),
+                ElementsAre("Q1ABC>Q0OWN:12.Hello", "Q1ABC>Q0OWN:00.No number", "Q2ABC>Q0OWN:12.?APRSP"));
+    EXPECT_THAT(Air(), ElementsAre("radio Q0OWN>APHV01::Q2ABC    :ack12"));
+    EXPECT_EQ(form.MsgToYouLst.Selected(), 2);
 }
 
 TEST_F(Messages, TheMailPathCarriesTheAckAndPlaybackSendsNone)
 {
     form.MailUnPath.Select(1);
     HearMessage("Q1ABC", "Q0OWN", "Hello{12}x");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2::Q1ABC    :ack12}x"));
-    halvern.Engine.ReviewMode = true;
-    HearMessage("Q2ABC", "Q0OWN", "Played back{1");
-    EXPECT_TRUE(NothingSent());
-    EXPECT_EQ(form.MsgToYouLst.Count(), 2);
-}
-
-TEST_F(Messages, InTheDialectOfMarksAnAckIsMarkedUnlessAPacketIsComingIn)
-{
-    setUp.Psk63PortTxt.SetText("3122");
+    EXPECT_THAT(Air(), ElementsAre("radio Q0OWN>APHV01,WIDE2-2::Q1ABC    :ack12}x"));
+    setUp.Psk63PortTxt.SetText("3122"); // marks, and none while a packet is coming in
     HearMessage("Q1ABC", "Q0OWN", "Hello{1", "PSK63");
-    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre(Marked("SSSSSQ0OWN>APHV01::Q1ABC    :ack1EEEEE"), "\x1aTX\x1b"));
+    EXPECT_THAT(Air(), ElementsAre("psk63 " + Marked("SSSSSQ0OWN>APHV01::Q1ABC    :ack1EEEEE"), "psk63 \x1aTX\x1b"));
     halvern.Engine.Psk63Busy = true;
     HearMessage("Q1ABC", "Q0OWN", "Hello{1", "PSK63");
-    EXPECT_THAT(Sent(main.Psk63Soc), IsEmpty());
-}
-
-TEST_F(Messages, WithoutANumberThereIsNoAck)
-{
-    HearMessage("Q1ABC", "Q0OWN", "No number");
-    HearMessage("Q1ABC", "Q0OWN", "?APRSP{12");
-    EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN:00.No number", "Q1ABC>Q0OWN:12.?APRSP"));
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack12"));
-    EXPECT_EQ(form.MsgToYouLst.Selected(), 1);
+    halvern.Engine.ReviewMode = true;
+    HearMessage("Q2ABC", "Q0OWN", "Played back{1");
+    EXPECT_THAT(Air(), IsEmpty());
+    EXPECT_EQ(form.MsgToYouLst.Count(), 3);
 }
 
 TEST_F(Messages, AnotherSsidOfOurCallIsFiledAndNeitherAckedNorRung)
@@ -89,7 +69,7 @@ TEST_F(Messages, AnotherSsidOfOurCallIsFiledAndNeitherAckedNorRung)
     HearMessage("Q1ABC", "Q0OWN-5", "For the car{3");
     HearMessage("Q0OWN", "Q0OWN-5", "From ourselves{4");
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN-5:For the car{3"));
-    EXPECT_TRUE(NothingSent());
+    EXPECT_THAT(Air(), IsEmpty());
     EXPECT_THAT(Said(), IsEmpty());
 }
 
@@ -103,15 +83,7 @@ TEST_F(Messages, TrafficBetweenOthersLeavesItsAcksOut)
     HearMessage("Q1ABC", "CQ", "to everybody");
     EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>CQ:  to everybody"));
     EXPECT_EQ(form.Caption(), "New Message!");
-    EXPECT_TRUE(NothingSent());
-}
-
-TEST_F(Messages, AMessageThatIsNoMessageLeavesOnlyItsRawRow)
-{
-    station.Hear("Q1ABC>APRS,WIDE1-1::Q0OWN no second colon");
-    HearMessage("Q1ABC", "BLN", "no identifier");
-    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q1ABC", 1), NotFound);
-    EXPECT_THAT(Rows(form.BullLst), IsEmpty());
+    EXPECT_THAT(Air(), IsEmpty());
 }
 
 TEST_F(Messages, BulletinsStandBySourceAndInTheirOrder)
@@ -121,6 +93,9 @@ TEST_F(Messages, BulletinsStandBySourceAndInTheirOrder)
                                     {"Q2ABC", "BLNA", "a"},          {"Q1ABC", "BLNQ", "letter"},
                                     {"Q1ABC", "BLN3", "three anew"}, {"Q1ABC", "bln3", "THREE ANEW"}};
     for (const auto& [from, to, text] : heard) HearMessage(from, to, text);
+    HearMessage("Q9ABC", "BLN", "no identifier");
+    station.Hear("Q9ABC>APRS,WIDE1-1::Q0OWN no second colon");
+    EXPECT_EQ(halvern.HeardFrm.HeardGrid.FindRow("Q9ABC", 1), NotFound) << "no messages";
     EXPECT_THAT(Rows(form.BullLst), ElementsAre("Q1ABC>BLN1:one", "Q1ABC>BLN3:three anew", "Q1ABC>BLN12:twelve",
                                                 "Q1ABC>BLNQ:letter", "Q2ABC>BLNA:a", "Q2ABC>BLNB:b"));
     EXPECT_EQ(form.Caption(), "New Bulletin!");
@@ -134,111 +109,67 @@ struct Queries : Messages {
         main.SoundSoc.Disconnect();
         main.InternetSoc.Disconnect();
     }
-    const std::string position = "Q0OWN>APHV01,WIDE2-2:=4049.14N/07308.41W-PHG5130 own";
-    const std::string status = "Q0OWN>APHV01,WIDE2-2:>here";
+    Strings Answers(const std::string& text, const std::string& from = "Q1ABC")
+    {
+        HearMessage(from, "Q0OWN", text);
+        return Air();
+    }
+    const std::string radio = "radio Q0OWN>APHV01,WIDE2-2:", psk63 = "psk63 Q0OWN>APHV01:", end = "\r\n";
 };
 
 TEST_F(Queries, AreAnsweredAtOnceOnTheRadioAndOnPsk63)
 {
+    const std::string place = "=4049.14N/07308.41W-PHG5130 own", status = ">here";
     station.Hear("Q1ABC>APRS,WIDE1-1:?APRS? and more");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre(position, status));
-    EXPECT_THAT(Sent(main.Psk63Soc),
-                ElementsAre("Q0OWN>APHV01:=4049.14N/07308.41W-PHG5130 own\r\n", "Q0OWN>APHV01:>here\r\n"));
-    HearMessage("Q1ABC", "Q0OWN", "?APRSP");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre(position));
-    HearMessage("Q1ABC", "Q0OWN", "?APRSS");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre(status));
-    EXPECT_EQ(Sent(main.Psk63Soc).size(), 2u);
+    EXPECT_THAT(Air(), ElementsAre(radio + place, radio + status, psk63 + place + end, psk63 + status + end));
+    EXPECT_THAT(Answers("?APRSP"), ElementsAre(radio + place, psk63 + place + end));
+    EXPECT_THAT(Answers("?APRSS"), ElementsAre(radio + status, psk63 + status + end));
     EXPECT_THAT(Rows(form.MsgToYouLst), IsEmpty());
     EXPECT_THAT(Rows(halvern.StatusFrm.StatusLst), IsEmpty());
-    for (const auto* silent : {"?APRSO", "?aprsp", "?APRSM", "?IGATE", "?APRSD", "?APRST", "?PING?"})
-        HearMessage("Q1ABC", "Q0OWN", silent);
     station.Hear("Q1ABC>APRS,WIDE1-1:?WX?");
-    EXPECT_TRUE(NothingSent());
-}
-
-TEST_F(Queries, AnswerThePhgOfTheSettingsAndNoPositionWhileAGpsGivesIt)
-{
+    for (const auto* silent : {"?APRSO", "?aprsp", "?IGATE", "?APRSD", "?APRST", "?PING?"})
+        EXPECT_THAT(Answers(silent), IsEmpty());
+    main.Psk63Soc.Disconnect();
     setUp.PhgDirLst.Select(3);
     setUp.OverlayChar = "7";
-    station.Hear("Q1ABC>APRS,WIDE1-1:?APRSP");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2:=4049.14N707308.41W-PHG0003 own"));
+    EXPECT_THAT(Answers("?APRSP"), ElementsAre(radio + "=4049.14N707308.41W-PHG0003 own"));
     halvern.Engine.GpsPositionOn = true;
-    station.Hear("Q1ABC>APRS,WIDE1-1:?APRSP");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2:"));
+    EXPECT_THAT(Answers("?APRSP"), ElementsAre(radio)) << "a GPS gives it";
 }
 
-TEST_F(Queries, TellWhoIsHeardDirectAndByWhichPath)
+TEST_F(Queries, TellWhoWasHeardAndHowOftenAndByWhichPath)
 {
+    EXPECT_THAT(Answers("?APRSH Q2ABC"), IsEmpty()) << "nobody but ourselves in the grid yet";
     station.Hear("Q1ABC>APRS,WIDE1-1:>direct");
     station.Hear("Q2ABC>APRS,Q3DIG*:>digipeated");
-    HearMessage("q1abc", "Q0OWN", "?APRSD");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2::Q1ABC    :Dir= Q1ABC       "));
-    HearMessage("Q2ABC", "Q0OWN", "?PING?");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2::Q2ABC    :Q2ABC>Q3DIG*"));
-    EXPECT_THAT(Sent(main.Psk63Soc), ElementsAre("Q0OWN>APHV01::Q1ABC    :Dir= Q1ABC       \r\n"));
-}
-
-TEST_F(Queries, TellHowOftenAStationWasHeardHourByHour)
-{
-    HearMessage("Q1ABC", "Q0OWN", "?APRSH Q2ABC");
-    EXPECT_TRUE(NothingSent()) << "nobody but ourselves in the grid yet";
-    station.Hear("Q2ABC>APRS,WIDE1-1:>x");
-    HearMessage("Q1ABC", "Q0OWN", "?APRSH Q9ABC");
-    EXPECT_THAT(SentFrames(main.MSComm1), ElementsAre("Q0OWN>APHV01,WIDE2-2::Q1ABC    :Hrd= 0"));
-    HearMessage("Q1ABC", "Q0OWN", "?APRSH Q2ABC please");
-    const auto answer = SentFrames(main.MSComm1);
-    ASSERT_EQ(answer.size(), 1u);
-    EXPECT_THAT(answer[0], StartsWith("Q0OWN>APHV01,WIDE2-2::Q1ABC    :Hrd= "));
-    EXPECT_EQ(std::count(answer[0].begin(), answer[0].end(), '1'), 3) << "the destination, the caller, and one hour";
-}
-
-TEST_F(Queries, WhatWaitsForTheAskingStationIsSentAgain)
-{
+    EXPECT_THAT(Answers("?APRSH Q9ABC"), Contains(radio + ":Q1ABC    :Hrd= 0"));
+    const auto hours = Answers("?APRSH Q2ABC please");
+    EXPECT_THAT(hours[0], StartsWith(radio + ":Q1ABC    :Hrd= "));
+    EXPECT_EQ(std::ranges::count(hours[0], '1'), 3) << "the destination, the caller, and one hour";
+    const std::string direct = ":Q1ABC    :Dir= Q1ABC       ";
+    EXPECT_THAT(Answers("?APRSD", "q1abc"), ElementsAre(radio + direct, psk63 + direct + end));
+    EXPECT_THAT(Answers("?PING?", "Q2ABC"), ElementsAre(radio + ":Q2ABC    :Q2ABC>Q3DIG*"));
+    // what waits for the asking station is sent again
     form.OutMsg.Add(":Q1ABC    unproto APHV01 via NONE:Hello{12");
     form.Timer1.Start(60000);
-    HearMessage("Q2ABC", "Q0OWN", "?APRSM");
+    Answers("?APRSM", "Q2ABC");
     EXPECT_EQ(form.Timer1.Interval(), 60000);
-    HearMessage("Q1ABC", "Q0OWN", "?APRSM");
+    Answers("?APRSM");
     EXPECT_EQ(form.Timer1.Interval(), 1);
 }
 
-struct Objects : Messages {
-    const std::string live = ";LEADER   *092345z4903.50N/07201.75W>088/036";
-    Strings Positions() { return Rows(halvern.PositionFrm.PosLst); }
-};
-
-TEST_F(Objects, AKilledOneStaysUnseenAndComesBack)
+TEST_F(Messages, AKilledObjectStaysUnseenAndComesBack)
 {
-    auto killed = live;
-    killed[10] = '_';
-    for (const auto& report : {live, killed}) station.Hear("Q1ABC>APRS,WIDE1-1:" + report);
-    EXPECT_EQ(Positions()[0].substr(0, 11), "LEADER   X;");
+    const std::string live = "Q1ABC>APRS,WIDE1-1:;LEADER   *092345z4903.50N/07201.75W>088/036";
+    station.Hear(live);
+    station.Hear("Q1ABC>APRS,WIDE1-1:;LEADER   _092345z4903.50N/07201.75W>088/036");
+    const auto& places = halvern.PositionFrm.PosLst;
+    EXPECT_THAT(Rows(places), ElementsAre(StartsWith("LEADER   X;")));
     EXPECT_FALSE(halvern.MapFrm.SymPic(0).visible);
     Said();
-    station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
-    EXPECT_THAT(Positions(), ElementsAre(StartsWith("LEADER    ;")));
+    station.Hear(live);
+    EXPECT_THAT(Rows(places), ElementsAre(StartsWith("LEADER    ;")));
     EXPECT_THAT(Said(), ElementsAre("bell"));
-}
-
-TEST_F(Objects, AnOwnOneIsGivenUpWhenAnotherStationSendsIt)
-{
-    main.MyObjectLst.Add(live + "|");
-    main.MyObjectLst.Add(";OTHER    *092345z4903.50N/07201.75W>|");
-    main.TransmitLst.Add("A");
-    main.TransmitLst.Add("B");
-    main.MyObjectTimer.Start(60000);
-    main.KillMyObjectsMenu.SetEnabled(true);
-    station.Hear("Q0OWN>APHV01,WIDE1-1:" + live, "OBJECT");
-    EXPECT_EQ(main.MyObjectLst.Count(), 2);
-    station.Hear("Q1ABC>APRS,WIDE1-1:" + live);
-    EXPECT_THAT(Rows(main.TransmitLst), ElementsAre("B"));
-    EXPECT_TRUE(main.MyObjectTimer.Running());
-    station.Hear("Q1ABC>APRS,WIDE1-1:;OTHER    *092345z4903.50N/07201.75W>");
-    EXPECT_EQ(main.MyObjectLst.Count(), 0);
-    EXPECT_EQ(main.TransmitLst.Count(), 0);
-    EXPECT_FALSE(main.MyObjectTimer.Running());
-    EXPECT_FALSE(main.KillMyObjectsMenu.Enabled());
 }
 
 } // namespace

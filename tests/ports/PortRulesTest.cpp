@@ -16,29 +16,24 @@ struct PortRules : StationTest {
 
 TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
 {
-    const struct {
-        const char *item, *words;
-        int beaconInterval;
-        bool lookUp;
-    } cases[] = {{"PortTnc", "TNC Port", 1, false},
-                 {"SoundCardMenu", "Sound Card Port", 1, false},
-                 {"Psk63Menu", "PSK63 Port", 1, false},
-                 {"PortIp", "TCP/IP Port", 0, true}};
-    for (const auto& each : cases) {
-        Station fresh;
-        auto& opened = fresh.halvern.ConMdiFrm;
-        fresh.halvern.SetUpfrm.IntDomainCombo.SetText("feed.example");
-        opened.FrmMenu(7).SetEnabled(false);
-        auto& item = dynamic_cast<MenuItem&>(*fresh.halvern.All.Find(std::string("ConMdiFrm.") + each.item));
-        item.Click();
-        EXPECT_EQ(opened.StatusBar1.Caption(), each.words + std::string(" Open"));
-        EXPECT_EQ(opened.Timer2.Running() ? opened.Timer2.Interval() : 0, each.beaconInterval) << each.item;
-        EXPECT_EQ(opened.NetDecayTmr.Interval(), 60000);
-        EXPECT_TRUE(opened.NetDecayTmr.Enabled() && opened.MyObjectsMenu.Visible() && opened.FrmMenu(7).Enabled());
-        EXPECT_EQ(opened.CgiFinduMenu.Visible(), each.lookUp) << each.item;
-        item.Click();
-        EXPECT_EQ(opened.StatusBar1.Caption(), each.words + std::string(" Closed"));
+    const std::tuple<const char*, std::string, int> cases[] = {{"PortTnc", "TNC Port", 1},
+                                                               {"SoundCardMenu", "Sound Card Port", 1},
+                                                               {"Psk63Menu", "PSK63 Port", 1},
+                                                               {"PortIp", "TCP/IP Port", 0}};
+    setUp.PortLst.Preselect(11);
+    setUp.PortSpeedLst.Preselect(6);
+    for (const auto& [item, words, beaconInterval] : cases) {
+        main.FrmMenu(7).SetEnabled(false);
+        Item(item).Click();
+        EXPECT_EQ(main.StatusBar1.Caption(), words + " Open");
+        EXPECT_EQ(main.Timer2.Running() ? main.Timer2.Interval() : 0, beaconInterval) << words;
+        EXPECT_EQ(main.NetDecayTmr.Interval(), 60000);
+        EXPECT_TRUE(main.NetDecayTmr.Enabled() && main.MyObjectsMenu.Visible() && main.FrmMenu(7).Enabled());
+        EXPECT_EQ(main.CgiFinduMenu.Visible(), words == "TCP/IP Port");
+        Item(item).Click();
+        EXPECT_EQ(main.StatusBar1.Caption(), words + " Closed");
     }
+    EXPECT_EQ(main.MSComm1.Settings + " " + std::to_string(main.MSComm1.PortNumber), "9600,n,8,1 12");
 }
 
 TEST_F(PortRules, OnlyTheLastPortStopsTheTimers)
@@ -71,24 +66,12 @@ TEST_F(PortRules, AGpsPortKeepsTheBeaconsStill)
     EXPECT_FALSE(main.Timer2.Running());
     Item("PortIp").Click();
     EXPECT_FALSE(main.PortIp.Checked());
-    EXPECT_THAT(
-        Said(),
-        ElementsAre("message critical \"Halvern\" \"You cannot open the TCP/IP port while the GPS Port is open. "
-                    "Please close the GPS port then open the TCP/IP Port.\""));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You cannot open the TCP/IP port while the GPS Port is open.")));
     for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) {
         EXPECT_TRUE(main.GpsMenu.Checked()) << item;
         Item(item).Click();
     }
     EXPECT_FALSE(main.GpsMenu.Checked()) << "it goes with the last radio port";
-}
-
-TEST_F(PortRules, ATncIsOpenedAsItIsSetUp)
-{
-    setUp.PortLst.Preselect(11);
-    setUp.PortSpeedLst.Preselect(6);
-    station.OpenTnc();
-    EXPECT_EQ(main.MSComm1.PortNumber, 12);
-    EXPECT_EQ(main.MSComm1.Settings, "9600,n,8,1");
 }
 
 TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
@@ -98,14 +81,8 @@ TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
         int refusal;
         const char *words, *status;
     } cases[] = {
-        {"", "", 0,
-         "You have to select a APRServer name first. Please go to the setup form internet tab and either "
-         "type in a server name or select one from the list.",
-         ""},
-        {"feed.example", "", 0,
-         "You have to select a APRServer Port number first. Please go to the setup form "
-         "internet tab and type in a Port nunber.",
-         ""},
+        {"", "", 0, "You have to select a APRServer name first. ", ""},
+        {"feed.example", "", 0, "You have to select a APRServer Port number first. ", ""},
         {"feed.example", "14580", 10061, "Internet connection failed.", "Not connected to feed.example:14580: busy"},
         {"feed.example", "80116", 0, "Internet connection failed.",
          "Not connected to feed.example:80116: a port is a number from 1 to 65535"},
@@ -117,7 +94,7 @@ TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
         setUp.APRServePortTxt.SetText(each.port);
         if (each.refusal != 0) station.ports.Line(main.InternetSoc)->Refuse(each.refusal, "busy");
         main.PortIp.Click();
-        EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"" + std::string(each.words) + '"'));
+        EXPECT_THAT(Said(), ElementsAre(StartsWith("message critical \"Halvern\" \"" + std::string(each.words))));
         EXPECT_FALSE(main.PortIp.Checked() || main.InternetSoc.Connected());
         EXPECT_EQ(main.StatusBar1.Caption(), each.status);
     }

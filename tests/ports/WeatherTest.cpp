@@ -46,6 +46,7 @@ TEST_F(WeatherSources, ReportGoesByEveryRoadUnderAWeatherSymbol)
     main.Psk63Soc.Connect();
     setUp.UnPath.Preselect(1);
     main.WeatherMenu.Click();
+    EXPECT_EQ(main.WeatherCom.Settings, "2400,n,8,1");
     station.time.SetUtc({2000, 1, 2, 3, 4, 5});
     for (const char byte : "\r\nnoise" + Record) main.WeatherCom.Arrived({&byte, 1});
     const auto report = "@020304z4049.14N/07308.41W_" + Weather;
@@ -81,6 +82,17 @@ TEST_F(WeatherSources, ReportGoesByEveryRoadUnderAWeatherSymbol)
     EXPECT_THAT(station.SentBy(main.Psk63Soc), Contains(StartsWith("Q0OWN>APHV01:@"))) << "a file's line has no path";
 }
 
+TEST_F(WeatherSources, ThePortsNumberIsAsLongAsTheTncs)
+{
+    for (const auto& [tnc, weather, number] : {std::tuple{0, 9, 1}, {9, 9, 10}, {9, 4, 5}, {0, 15, 1}}) {
+        setUp.PortLst.Preselect(tnc);
+        setUp.WXPortCombo.Preselect(weather);
+        main.WeatherMenu.Click();
+        EXPECT_EQ(main.WeatherCom.PortNumber, number);
+        main.WeatherMenu.Click();
+    }
+}
+
 TEST_F(WeatherSources, HalfARecordOfTheLastTimeIsForgotten)
 {
     main.WeatherMenu.Click();
@@ -94,39 +106,14 @@ TEST_F(WeatherSources, HalfARecordOfTheLastTimeIsForgotten)
     EXPECT_THAT(station.SentByRadio(), IsEmpty());
 }
 
-TEST_F(WeatherSources, ThePortsNumberIsAsLongAsTheTncs)
+TEST_F(WeatherSources, ARateThatTheCountHasPassedIsMetNoMoreUntilTheCountComesRound)
 {
-    const std::tuple<int, int, int> cases[] = {{0, 9, 1}, {9, 9, 10}, {9, 4, 5}, {0, 15, 1}};
-    for (const auto& [tnc, weather, number] : cases) {
-        setUp.PortLst.Preselect(tnc);
-        setUp.WXPortCombo.Preselect(weather);
-        main.WeatherMenu.Click();
-        EXPECT_EQ(main.WeatherCom.PortNumber, number);
-        EXPECT_EQ(main.WeatherCom.Settings, "2400,n,8,1");
-        main.WeatherMenu.Click();
-    }
-}
-
-TEST_F(WeatherSources, ADayOfTheFileIsSentEveryFifthTick)
-{
-    Symbol("Weather Station Home /_", "");
     Write("_10090556c220s004g005t077\n");
-    setUp.TimeOpt.Select(4);
-    station.time.Wait(1);
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01:@010000z4049.14N/07308.41W_220/004g005t077"));
-    Strings times;
-    while (station.time.Elapsed() < 86400 * 1000)
-        for (const auto& report : Tick()) times.push_back(report.substr(1, 6));
-    EXPECT_EQ(times.size(), 266u); // every 325 s
-    EXPECT_THAT(times, testing::IsSupersetOf({"010005", "010010", "010016", "012355", "020000"}));
-    EXPECT_FALSE(main.Timer2.Running());
-
-    // a rate that the count has passed by is met no more, until the count comes round
     main.WxFileTicks = 3;
     setUp.TimeOpt.Select(1);
     for (int tick = 0; tick < 100; ++tick) EXPECT_THAT(Tick(), IsEmpty());
     main.WxFileTicks = 32767;
-    EXPECT_THAT(Tick(), SizeIs(1));
+    EXPECT_THAT(Tick(), ElementsAre(HasSubstr("_220/004g005t077")));
     EXPECT_EQ(main.WxFileTicks, 1);
 }
 
@@ -136,7 +123,6 @@ TEST_F(WeatherSources, AFileThatCannotBeReadIsToldOnceAndSendsNothing)
     const std::pair<std::function<void()>, const char*> cases[] = {
         {[&] { std::filesystem::remove(wx); }, "# 53 The weather file "},
         {[&] { ::mkfifo(wx.c_str(), 0600); }, "no plain file"},
-        {[&] { std::filesystem::create_symlink("/dev/zero", wx); }, "no plain file"},
         {[&] { std::filesystem::create_directory(wx); }, "no plain file"},
         {[&] { folder.Put("wx.txt", ""); }, "# 62 The weather file "},
         {[&] { folder.Put("wx.txt", "_10090556c220s004g0"); }, "half written"}};
@@ -176,9 +162,7 @@ TEST_F(WeatherSources, KeepTheBeaconsStillAndGoWithTheLastPort)
     main.GpsMenu.SetChecked(true);
     main.WeatherMenu.Click();
     EXPECT_FALSE(main.WeatherMenu.Checked());
-    EXPECT_THAT(Said(),
-                ElementsAre("message critical \"Halvern\" \"You cannot open the Weather port while the GPS Port "
-                            "is open. Please close the GPS port then open the Weather Port.\""));
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You cannot open the Weather port while the GPS Port is open.")));
 }
 
 } // namespace

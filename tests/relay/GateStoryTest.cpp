@@ -22,9 +22,7 @@ struct Member {
     const std::string& Call() const { return station.halvern.Engine.OwnCall; }
     Station station;
     std::set<std::string> hears;       ///< calls
-    std::vector<std::string> sent;     ///< its lines on the air, in full
-    std::vector<std::string> to, from; ///< its lines to the server, and those that it got
-    double airMs = 0;
+    std::vector<std::string> sent, to; ///< its lines on the air, in full, and to the server
 };
 
 struct Transmission {
@@ -34,40 +32,29 @@ struct Transmission {
 };
 
 struct AnHour : testing::Test {
-    Member& Add(const std::string& call, const std::string& path, const std::set<std::string>& hears)
+    /// A gate has a hold; it repeats for the alias too, so that what one gate sends reaches the stations around the
+    /// other. A station that hears nobody is far away, on the Internet.
+    Member& Add(const std::string& call, const std::set<std::string>& hears, int holdSeconds = 0)
     {
         auto& member = *members.emplace_back(std::make_unique<Member>(call));
         member.hears = hears;
         auto& setUp = member.station.halvern.SetUpfrm;
         setUp.LatMintxt.SetText(std::to_string(10 + members.size())); // each at a place of its own
-        setUp.UnPath.Add(path);
-        setUp.UnPath.Preselect(setUp.UnPath.IndexOf(path));
-        return member;
-    }
-    Member& AddStation(const std::string& call, const std::set<std::string>& hears)
-    {
-        auto& member = Add(call, "WIDE1-1", hears);
-        member.station.OpenTnc();
-        return member;
-    }
-    /// It repeats for the alias too, so that what one gate sends reaches the stations around the other.
-    Member& AddGate(const std::string& call, int holdSeconds, const std::set<std::string>& hears)
-    {
-        auto& member = Add(call, "WIDE1-1", hears);
-        member.station.OpenGate();
-        auto& setUp = member.station.halvern.SetUpfrm;
-        setUp.MyAlias = "WIDE1-1";
-        setUp.IgateHopOpt.Select(1);
-        setUp.IgateTimeLbl.SetNumber(holdSeconds);
-        member.Main().Timer2.Start(1);
-        return member;
-    }
-    Member& AddFarStation(const std::string& call)
-    {
-        auto& member = Add(call, "NONE", {});
-        member.station.halvern.SetUpfrm.IntDomainCombo.SetText("server");
-        member.Main().PortIp.Click();
-        member.Main().InternetSoc.Arrived("# server\r\n");
+        setUp.UnPath.Add("WIDE1-1");
+        if (!hears.empty()) setUp.UnPath.Preselect(setUp.UnPath.Count() - 1);
+        setUp.IntDomainCombo.SetText("server");
+        if (holdSeconds > 0) {
+            member.station.OpenGate();
+            setUp.MyAlias = "WIDE1-1";
+            setUp.IgateHopOpt.Select(1);
+            setUp.IgateTimeLbl.SetNumber(holdSeconds);
+            member.Main().Timer2.Start(1);
+        } else if (!hears.empty()) {
+            member.station.OpenTnc();
+        } else {
+            member.Main().PortIp.Click();
+            member.Main().InternetSoc.Arrived("# server\r\n");
+        }
         return member;
     }
 
@@ -89,10 +76,8 @@ struct AnHour : testing::Test {
     void Collect(Member& member)
     {
         for (const auto& bytes : member.station.SentBy(member.Main().MSComm1)) {
-            const double air = TxDelayMs + static_cast<double>(bytes.size()) * 8 / 1200 * 1000;
             const int start = std::max(now, channel.empty() ? 0 : channel.back().end);
-            channel.push_back({&member, bytes, start + static_cast<int>(air)});
-            member.airMs += air;
+            channel.push_back({&member, bytes, start + TxDelayMs + static_cast<int>(bytes.size()) * 8000 / 1200});
             member.sent.push_back(LineOfFrame(bytes));
         }
         for (auto line : member.station.SentBy(member.Main().InternetSoc)) {
@@ -113,8 +98,7 @@ struct AnHour : testing::Test {
         const auto way = Holds(line.substr(0, colon), "TCPIP*") ? ",qAC,SERVER" : ",qAR," + member.Call();
         for (auto& other : members) {
             if (other.get() == &member || !other->Main().InternetSoc.Connected()) continue;
-            other->from.push_back(line.substr(0, colon) + way + line.substr(colon));
-            other->Main().InternetSoc.Arrived(other->from.back() + "\r\n");
+            other->Main().InternetSoc.Arrived(line.substr(0, colon) + way + line.substr(colon) + "\r\n");
         }
     }
 
@@ -124,32 +108,16 @@ struct AnHour : testing::Test {
     int now = 0;
 };
 
-/// Of a gate's transmissions those of other stations' messages, and how often each.
-std::map<std::string, int> MessagesPassed(const Member& gate)
-{
-    std::map<std::string, int> counts;
-    for (const auto& line : gate.sent)
-        if (line.starts_with(gate.Call() + ">") && Holds(line, "*::")) ++counts[line];
-    return counts;
-}
-
-int Outcomes(Member& gate, std::string_view outcome)
-{
-    const auto rows = Station::Rows(gate.Main().DecisionLst);
-    return static_cast<int>(std::ranges::count_if(rows, [&](const auto& row) { return Holds(row, outcome); }));
-}
-
 TEST_F(AnHour, TwoGatesPassEachMessageOnceAndMakeNoLoop)
 {
-    auto& near = AddStation("Q0NEA", {"Q0GAT-1", "Q0MID"});
-    auto& middle = AddStation("Q0MID", {"Q0GAT-1", "Q0GAT-2", "Q0NEA", "Q0OFF"});
-    auto& off = AddStation("Q0OFF", {"Q0GAT-2", "Q0MID"});
-    auto& first = AddGate("Q0GAT-1", 5, {"Q0NEA", "Q0MID", "Q0GAT-2"});
-    auto& second = AddGate("Q0GAT-2", 12, {"Q0MID", "Q0OFF", "Q0GAT-1"});
-    auto& far = AddFarStation("Q0FAR");
+    Member* const stations[] = {&Add("Q0NEA", {"Q0GAT-1", "Q0MID"}),
+                                &Add("Q0MID", {"Q0GAT-1", "Q0GAT-2", "Q0NEA", "Q0OFF"}),
+                                &Add("Q0OFF", {"Q0GAT-2", "Q0MID"})};
+    Member* const gates[] = {&Add("Q0GAT-1", {"Q0NEA", "Q0MID", "Q0GAT-2"}, 5),
+                             &Add("Q0GAT-2", {"Q0MID", "Q0OFF", "Q0GAT-1"}, 12)};
+    auto& far = Add("Q0FAR", {});
 
     int typed = 0, answered = 0;
-    Member* const stations[] = {&near, &middle, &off};
     for (int seconds = 1; seconds <= HourMs / 1000; ++seconds) {
         for (int i = 0; i < 1000; i += StepMs) Step();
         if (seconds % 90 != 0 || seconds < 180 || seconds > 3300) continue;
@@ -175,24 +143,20 @@ TEST_F(AnHour, TwoGatesPassEachMessageOnceAndMakeNoLoop)
                 acks.insert(row.substr(ack));
     EXPECT_EQ(acks.size(), answered);
 
-    for (auto* gate : {&first, &second}) {
-        for (const auto& [line, times] : MessagesPassed(*gate)) EXPECT_EQ(times, 1) << line;
+    std::ptrdiff_t late = 0;
+    for (auto* gate : gates) {
+        for (const auto& line : gate->sent)
+            if (line.starts_with(gate->Call() + ">") && Holds(line, "*::"))
+                EXPECT_EQ(std::ranges::count(gate->sent, line), 1) << line;
         // what it hands to the server are its own packets, and lines that somebody sent on radio
         for (const auto& line : gate->to) {
             const bool own = line.starts_with(gate->Call() + ">APHV01,TCPIP*:");
             EXPECT_TRUE(own || (!Holds(line, "TCPIP") && !Holds(line, ",q") && !Holds(line, ":}"))) << line;
         }
+        const auto rows = Station::Rows(gate->Main().DecisionLst);
+        late += std::ranges::count_if(rows, [](auto& row) { return Holds(row, "another gate was first"); });
     }
-    EXPECT_GT(Outcomes(first, "another gate was first") + Outcomes(second, "another gate was first"), 5);
-
-    for (const auto& member : members)
-        std::printf("%-8s %4zu packets on the air, %6.1f s of %d; %3zu lines to the server, %3zu from it\n",
-                    member->Call().c_str(), member->sent.size(), member->airMs / 1000, HourMs / 1000, member->to.size(),
-                    member->from.size());
-    std::printf("%d messages; passed %zu and %zu; another gate was first %d and %d times\n", typed + answered,
-                MessagesPassed(first).size(), MessagesPassed(second).size(), Outcomes(first, "another gate was first"),
-                Outcomes(second, "another gate was first"));
-    EXPECT_LT(first.airMs + second.airMs, HourMs / 5);
+    EXPECT_GT(late, 5);
 }
 
 } // namespace

@@ -41,16 +41,6 @@ struct OwnMessages : StationTest {
         main.Timer2.Stop(); // the beacons are told elsewhere
     }
     void Type(const std::string& to, const std::string& text) { station.Type(to, text); }
-    /// Seconds, from now, at which something goes out by radio.
-    std::vector<int> SendTimes(int seconds)
-    {
-        std::vector<int> times;
-        for (int second = 0; second <= seconds; ++second) {
-            station.time.Wait(second == 0 ? 2 : 1000);
-            if (!station.SentByRadio().empty()) times.push_back(second);
-        }
-        return times;
-    }
     Strings Lines() const { return Rows(form.MsgToYouLst); }
 };
 
@@ -80,29 +70,27 @@ TEST_F(OwnMessages, WaitForTheOlderOneToTheSameStation)
 
 TEST_F(OwnMessages, TakeTheRoadOnWhichTheStationWasHeard)
 {
-    const std::string byNet = "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi{1\r\n";
+    const std::string byNet = "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi\r\n";
     const struct {
         const char *heard, *mailPath;
         bool radio;
         Strings byRadio, byInternet;
-    } cases[] = {{"Q0AAA     WIDE1*", "WIDE2-2", true, {"Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi{1"}, {}},
+    } cases[] = {{"Q0AAA     WIDE1*", "WIDE2-2", true, {"Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi\r\n"}, {}},
                  {"Q0AAA     TCPIP*", "WIDE2-2", true, {}, {byNet}},
                  {"Q0AAA     TCPXX*", "NONE", true, {}, {byNet}},
-                 {"Q0BBB     TCPIP*", "NONE", true, {"Q0OWN>APHV01::Q0AAA    :hi{1"}, {}},
+                 {"Q0BBB     TCPIP*", "NONE", true, {"Q0OWN>APHV01::Q0AAA    :hi\r\n"}, {}},
                  {"Q0AAA     WIDE1*", "WIDE2-2", false, {}, {byNet}}};
+    OpenTnc();
+    main.InternetSoc.Connect();
+    setUp.MsgGroupLst.Add("Q0AAA"); // sent once, so that each case stands for itself
     for (const auto& each : cases) {
-        Station fresh;
-        fresh.SetUp();
-        fresh.halvern.DigiFrm.DigiLst.Add(each.heard);
-        auto& main = fresh.halvern.ConMdiFrm;
-        if (each.radio) fresh.OpenTnc();
-        main.Timer2.Stop();
-        main.InternetSoc.Connect();
-        fresh.halvern.MessageFrm.MailUnPath.SetText(each.mailPath);
-        fresh.Type("Q0AAA", "hi");
-        fresh.time.Wait(1);
-        EXPECT_EQ(fresh.SentByRadio(), each.byRadio);
-        EXPECT_EQ(fresh.SentBy(main.InternetSoc), each.byInternet);
+        halvern.DigiFrm.DigiLst.Clear();
+        halvern.DigiFrm.DigiLst.Add(each.heard);
+        if (!each.radio) main.PortTnc.Click();
+        form.MailUnPath.SetText(each.mailPath);
+        Type("Q0AAA", "hi");
+        EXPECT_EQ(station.SentByRadio(), each.byRadio);
+        EXPECT_EQ(station.SentBy(main.InternetSoc), each.byInternet);
     }
 }
 
@@ -113,15 +101,18 @@ TEST_F(OwnMessages, ToAllAndToGroupsHaveNoNumber)
     Type("BLN1", "all");
     Type("CLUB", "us\xC0");
     EXPECT_THAT(Lines(), ElementsAre("Q0OWN>BLN1:   all", "Q0OWN>CLUB:us\xC0"));
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::CLUB     :us\xC0\r\n"));
-    EXPECT_EQ(SendTimes(100), (std::vector<int>{0, 4, 12, 28, 60}));
     EXPECT_THAT(Rows(form.OutMsg), ElementsAre(":BLN1     unproto APHV01 via NONE:all  "));
+    EXPECT_THAT(station.SentByRadio(), ElementsAre("Q0OWN>APHV01::CLUB     :us\xC0\r\n"));
     EXPECT_EQ(form.MsgNumber, 2);
-    // to a group by way of the Internet
-    main.PortTnc.Click();
-    main.InternetSoc.Connect();
-    Type("CLUB", "net");
-    EXPECT_THAT(station.SentBy(main.InternetSoc), ElementsAre("Q0OWN>APHV01,TCPIP*::CLUB     :net\r\n"));
+    form.MsgNumber = 32767;
+    halvern.All.Dispatch([&] { Type("Q0AAA", "one too many"); });
+    EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"Error # 6 Overflow\""));
+    EXPECT_EQ(form.OutMsg.Count(), 1);
+    // with the last port all is lost
+    main.MSComm1.Close();
+    station.time.Wait(1);
+    EXPECT_EQ(form.OutMsg.Count() + form.MsgToYouLst.Count(), 0);
+    EXPECT_EQ(form.SendCallTxt.Text() + form.MsgTxt.Text(), "");
 }
 
 TEST_F(OwnMessages, AreRefusedWithTheFirstReason)
@@ -152,28 +143,9 @@ TEST_F(OwnMessages, AreRefusedWithTheFirstReason)
     EXPECT_EQ(form.OutMsg.Count(), 0);
     Type("Q0OWN-9", "my car");
     EXPECT_EQ(form.OutMsg.Count(), 1);
-}
-
-TEST_F(OwnMessages, EndWithTheNumbers)
-{
-    OpenTnc();
-    form.MsgNumber = 32766;
-    Type("Q0AAA", "last");
-    halvern.All.Dispatch([&] { Type("Q0AAA", "one too many"); });
-    EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"Error # 6 Overflow\""));
-    EXPECT_EQ(form.OutMsg.Count(), 1);
-}
-
-TEST_F(OwnMessages, GetLostWithTheLastPort)
-{
-    OpenTnc();
-    Type("Q0AAA", "Hello");
-    form.MsgTxt.SetText("half");
-    main.MSComm1.Close();
-    station.time.Wait(1);
-    EXPECT_EQ(form.OutMsg.Count() + form.MsgToYouLst.Count(), 0);
-    EXPECT_EQ(form.SendCallTxt.Text() + form.MsgTxt.Text(), "");
-    EXPECT_FALSE(form.Timer1.Enabled());
+    while (form.MailUnPath.Count() < 20) form.MailUnPath.Add("Q0DIG");
+    main.MailAddMenu.Click();
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You may not have more than 20 mail paths")));
 }
 
 TEST_F(OwnMessages, ByPsk63AreSentAgainWithEnter)
@@ -203,92 +175,17 @@ TEST_F(OwnMessages, ByPsk63AreSentAgainWithEnter)
     EXPECT_THAT(station.SentBy(main.Psk63Soc), IsEmpty());
 }
 
-TEST_F(OwnMessages, AreKilledFromTheirDialog)
+TEST_F(OwnMessages, StandOnOneTabThatTakesBackItsCaption)
 {
-    OpenTnc();
-    Type("Q0AAA", "one");
-    Type("BLN1", "all");
-    Type("Q0AAA", "two");
-    station.dialogs.RunModal = [&](Form&) {
-        auto& kill = halvern.KillMsgFrm;
-        EXPECT_FALSE(form.Timer1.Enabled());
-        EXPECT_EQ(Rows(kill.KillLst), Rows(form.OutMsg));
-        kill.KillLst.Mark(1, true);
-        kill.KillLst.Mark(2, true);
-        kill.OkCmd.Click();
-        EXPECT_TRUE(kill.Visible());
-        EXPECT_THAT(Lines(), ElementsAre("Q0OWN>Q0AAA:3.two"));
-        EXPECT_THAT(Rows(form.OutMsg), ElementsAre(HasSubstr("two{3")));
-        kill.CancelCmd.Click();
-        EXPECT_EQ(form.Timer1.Interval(), 1);
-        EXPECT_TRUE(form.Timer1.Enabled());
-    };
-    main.KillMsg.Click();
-    station.dialogs.RunModal = [&](Form&) {
-        halvern.KillMsgFrm.KillLst.Mark(0, true);
-        station.Hear("Q0AAA>APRS::Q0OWN    :ack3"); // it is gone before the operator presses OK
-        halvern.KillMsgFrm.OkCmd.Click();
-        EXPECT_FALSE(halvern.KillMsgFrm.Visible());
-    };
-    main.KillMsg.Click();
-    EXPECT_EQ(form.OutMsg.Count(), 0);
-    Said();
-    main.KillMsg.Click();
-    EXPECT_THAT(Said(), ElementsAre(HasSubstr("There are no out going messages at this time")));
-}
-
-TEST_F(OwnMessages, HavePathsThatTheOperatorKeeps)
-{
-    auto& paths = form.MailUnPath;
-    const auto act = [&](MenuItem& item, const char* answer = nullptr) {
-        if (answer != nullptr) station.dialogs.Answers.push_back({answer, false});
-        item.Click();
-        return Said();
-    };
-    act(main.MailAddMenu, "wide1-1");
-    EXPECT_EQ(Rows(paths), (Strings{"NONE", "WIDE2-2", "WIDE1-1"}));
-    act(main.MailAddMenu, "");
-    EXPECT_THAT(act(main.MailAddMenu, "tcpxx"), Contains(HasSubstr("are not allowed as paths on RF")));
-    EXPECT_EQ(paths.Count(), 3);
-
-    EXPECT_THAT(act(main.MailChangeMenu), ElementsAre(HasSubstr("You cannot Change this item.")));
-    EXPECT_THAT(act(main.MailDeleteMenu), ElementsAre(HasSubstr("You cannot Delete this item.")));
-    paths.SetText("typed");
-    EXPECT_THAT(act(main.MailChangeMenu), ElementsAre(HasSubstr("before clicking on the Change menu item.")));
-    EXPECT_THAT(act(main.MailDeleteMenu), ElementsAre(HasSubstr("before clicking on the Delete menu item.")));
-
-    paths.Select(2);
-    EXPECT_THAT(act(main.MailChangeMenu, "q0dig"), ElementsAre(HasSubstr("\"WIDE1-1\"")));
-    EXPECT_EQ(paths.Row(2), "Q0DIG");
-    act(main.MailChangeMenu, "");
-    EXPECT_EQ(paths.Row(2), "Q0DIG");
-    act(main.MailDeleteMenu);
-    EXPECT_EQ(paths.Count(), 2);
-    while (paths.Count() < 20) paths.Add("Q0DIG");
-    EXPECT_THAT(act(main.MailAddMenu), ElementsAre(HasSubstr("You may not have more than 20 mail paths")));
-}
-
-TEST_F(OwnMessages, ShowOneTabAndTakeBackItsCaption)
-{
-    const struct {
-        int tab;
-        const char *caption, *after;
-        bool traffic, send, bulletins;
-    } cases[] = {{1, "New Message!", "Message", false, true, false},
-                 {2, "New Message!", "New Message!", false, false, true},
-                 {1, "New Bulletin!", "New Bulletin!", false, true, false},
-                 {2, "New Bulletin!", "Message", false, false, true},
-                 {0, "New Bulletin!", "New Bulletin!", true, false, false}};
     form.Show();
-    EXPECT_TRUE(form.TrafficLst.Visible() && !form.MsgTxt.Visible());
-    for (const auto& each : cases) {
-        form.SetCaption(each.caption);
-        form.SSTab2.Select(each.tab);
-        EXPECT_EQ(form.Caption(), each.after);
-        EXPECT_EQ(form.TrafficLst.Visible(), each.traffic);
-        EXPECT_EQ(form.MsgToYouLst.Visible(), each.send);
-        EXPECT_EQ(form.BullLst.Visible(), each.bulletins);
-    }
+    const List* const shown[] = {&form.TrafficLst, &form.MsgToYouLst, &form.BullLst};
+    for (const std::string caption : {"New Message!", "New Bulletin!"})
+        for (const int tab : {0, 1, 2}) {
+            form.SetCaption(caption);
+            form.SSTab2.Select(tab);
+            EXPECT_EQ(form.Caption(), tab == (caption == "New Message!" ? 1 : 2) ? "Message" : caption);
+            for (int list = 0; list < 3; ++list) EXPECT_EQ(shown[list]->Visible(), list == tab);
+        }
 }
 
 } // namespace

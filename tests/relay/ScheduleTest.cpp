@@ -12,17 +12,8 @@ using Times = std::vector<std::int64_t>;
 
 constexpr std::int64_t Second = 1000, Minute = 60 * Second, Hour = 60 * Minute, Day = 24 * Hour;
 
-/// One send: when (ms), by what, and the bytes.
-struct Sent {
-    std::int64_t time;
-    std::string port, bytes;
-    auto operator<=>(const Sent&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Sent& sent)
-{
-    return out << sent.time << " " << sent.port << " " << sent.bytes;
-}
+/// When (ms), and the port and its bytes.
+using Sent = std::pair<std::int64_t, std::string>;
 
 /// A station whose every tick of a timer is looked at.
 struct Schedule : StationTest {
@@ -39,15 +30,7 @@ struct Schedule : StationTest {
     }
     void Look()
     {
-        const auto note = [&](const char* port, const Strings& sent) {
-            for (const auto& bytes : sent) air.push_back({station.time.Elapsed(), port, bytes});
-        };
-        note("radio", station.SentByRadio());
-        auto sound = station.SentBy(main.SoundSoc);
-        for (auto& bytes : sound) bytes = LineOfFrame(bytes);
-        note("sound", sound);
-        note("internet", station.SentBy(main.InternetSoc));
-        note("psk63", station.SentBy(main.Psk63Soc));
+        for (const auto& sent : Air()) air.emplace_back(station.time.Elapsed(), sent);
     }
     void WaitUntil(std::int64_t moment) { station.time.Wait(moment - station.time.Elapsed()); }
 
@@ -62,12 +45,12 @@ struct Timetable {
 
     void Radio(std::int64_t time, const std::string& line)
     {
-        for (const char* port : {"radio", "sound"}) all.push_back({time, port, line});
+        for (const std::string port : {"radio ", "sound "}) all.emplace_back(time, port + line);
     }
-    void Internet(std::int64_t time, const std::string& line) { all.push_back({time, "internet", line + End}); }
+    void Internet(std::int64_t time, const std::string& line) { all.emplace_back(time, "internet " + line + End); }
     void Psk63(std::int64_t time, const std::string& info, const std::string& path = "")
     {
-        all.push_back({time, "psk63", Own + path + ":" + info + End});
+        all.emplace_back(time, "psk63 " + Own + path + ":" + info + End);
     }
     void RadioAndInternet(std::int64_t time, const std::string& info, const std::string& path = "")
     {
@@ -152,7 +135,7 @@ TEST_F(Schedule, OfADayWithEveryPortAndServiceOn)
     day.Objects(3 * Hour, 4 * Hour, fire, {});
     day.Objects(4 * Hour, 9 * Hour, post, {fire});
     day.Objects(9 * Hour, Day, killed, {post});
-    std::erase_if(day.all, [&](const Sent& sent) { return sent.time > 20 * Hour && Holds(sent.bytes, post); });
+    std::erase_if(day.all, [&](const Sent& sent) { return sent.first > 20 * Hour && Holds(sent.second, post); });
     // a second station in the queue, and its ack, begin the pace of the first one anew
     for (const auto& [from, until] : {std::pair{Hour / 2, Hour}, {Hour, 2 * Hour}, {2 * Hour, Day}})
         day.Message(from, until, false, ":Q0BBB    :by wire{1");
@@ -236,7 +219,7 @@ TEST_F(Schedule, OfATncThatComesAndGoes)
     for (const auto second : {0, 8, 24, 56, 116 + 6 * 60, 116 + 16 * 60})
         intended.push_back(20 * Minute + 1 + second * Second);
     for (const auto& sent : air)
-        if (sent.bytes.starts_with("Q0OWN>APHV01:=")) beacons.push_back(sent.time);
+        if (sent.second.starts_with("radio Q0OWN>APHV01:=")) beacons.push_back(sent.first);
     EXPECT_EQ(beacons, intended);
 }
 

@@ -45,6 +45,18 @@ struct StationTest : testing::Test {
     static Strings Rows(const List& list) { return Station::Rows(list); }
     Strings Raw() const { return Rows(halvern.TerminalFrm.RawPacketLst); }
     Strings Said() { return station.TakeSaid(); }
+    /// What left by any port since last asked, the port in front: "radio LINE", "internet LINE\r\n".
+    Strings Air()
+    {
+        const std::pair<std::string, const Port&> ports[] = {{"radio ", main.MSComm1},
+                                                             {"sound ", main.SoundSoc},
+                                                             {"internet ", main.InternetSoc},
+                                                             {"psk63 ", main.Psk63Soc}};
+        Strings air;
+        for (const auto& [name, port] : ports)
+            for (const auto& bytes : station.SentBy(port)) air.push_back(name + LineOfFrame(bytes));
+        return air;
+    }
 
     Station station;
     Halvern& halvern = station.halvern;
