@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/Bulletins.h"
 
-#include <algorithm>
-
 #include "platform/Text.h"
+#include "state/Rows.h"
 
 namespace halvern {
 namespace {
@@ -31,35 +30,24 @@ bool Before(const Bulletin& one, const Bulletin& other)
 
 } // namespace
 
-int FindSameRow(const List& store, std::string_view row)
+bool FileBulletin(KeyedList& store, std::string_view row)
 {
-    const auto alike = [](char a, char b) { return UpperCase(a) == UpperCase(b); };
-    for (int i = 0; i < store.Count(); ++i) {
-        const auto& stored = store.Row(i);
-        if (stored.size() == row.size() && std::equal(stored.begin(), stored.end(), row.begin(), alike)) return i;
-    }
-    return NotFound;
-}
-
-bool FileBulletin(List& store, std::string_view row)
-{
-    if (FindSameRow(store, row) != NotFound) return false;
+    const auto text = SameText(row);
+    if (store.FindAlike(row, [&](int i) { return SameText(store.Row(i)) == text; }) != NotFound) return false;
     const Bulletin fresh(row);
     int lastOfSource = NotFound;
-    for (int i = 0; i < store.Count(); ++i) {
+    const int place = store.FindAlike(row, [&](int i) {
         const Bulletin stored(store.Row(i));
-        if (stored.source != fresh.source) continue;
+        if (stored.source != fresh.source) return false;
         lastOfSource = i;
-        if (stored.addressee == fresh.addressee) {
-            store.Replace(i, row);
-            return true;
-        }
-        if (Before(fresh, stored)) {
-            store.Insert(row, i);
-            return true;
-        }
-    }
-    store.Insert(row, lastOfSource == NotFound ? store.Count() : lastOfSource + 1);
+        return stored.addressee == fresh.addressee || Before(fresh, stored);
+    });
+    if (place == NotFound)
+        store.Insert(row, lastOfSource == NotFound ? store.Count() : lastOfSource + 1);
+    else if (Bulletin(store.Row(place)).addressee == fresh.addressee)
+        store.Replace(place, row);
+    else
+        store.Insert(row, place);
     return true;
 }
 

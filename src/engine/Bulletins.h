@@ -12,9 +12,6 @@ namespace halvern {
 ///
 /// @param row  "source>addressee:text", the addressee beginning "BLN"
 /// @return false for a row that is there already
-bool FileBulletin(List& store, std::string_view row);
-
-/// The first row that equals a row without regard to case, or NotFound.
-int FindSameRow(const List& store, std::string_view row);
+bool FileBulletin(KeyedList& store, std::string_view row);
 
 } // namespace halvern

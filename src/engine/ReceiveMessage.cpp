@@ -36,9 +36,9 @@ void SelectLast(List& list)
 }
 
 /// Adds a row unless it is there already. @return whether it was new.
-bool AddUnlessSame(List& store, const std::string& row)
+bool AddUnlessSame(KeyedList& store, const std::string& row)
 {
-    if (FindSameRow(store, row) != NotFound) return false;
+    if (store.Find(SameText(row)) != NotFound) return false;
     store.Add(row);
     return true;
 }

@@ -39,8 +39,8 @@ void ClearObjectsAndMessages(Halvern& halvern)
     auto& messages = halvern.MessageFrm;
     main.MyObjectTimer.Stop();
     messages.Timer1.Stop();
-    for (List* list : {&main.MyObjectLst, &main.TransmitLst, &messages.OutMsg, &messages.MsgToYouLst,
-                       &messages.TrafficLst, &messages.BullLst})
+    for (List* list : std::initializer_list<List*>{&main.MyObjectLst, &main.TransmitLst, &messages.OutMsg,
+                                                   &messages.MsgToYouLst, &messages.TrafficLst, &messages.BullLst})
         list->Clear();
 }
 

@@ -392,49 +392,21 @@ PropertyTexts List::Describe() const
     return Before({Quoted("text", text), Number("count", Count()), Number("selected", selected)}, Control::Describe());
 }
 
-std::uint32_t KeyTable::Print(std::string_view key)
+std::string CallColumns(std::string_view row)
 {
-    std::uint64_t print = key.size() + 0x9E3779B97F4A7C15u;
-    while (!key.empty()) {
-        std::uint64_t eight = 0;
-        std::memcpy(&eight, key.data(), std::min<std::size_t>(8, key.size()));
-        print = (print ^ eight) * 0xFF51AFD7ED558CCDu;
-        print ^= print >> 32;
-        key.remove_prefix(std::min<std::size_t>(8, key.size()));
-    }
-    return static_cast<std::uint32_t>(print);
+    return std::string(row.substr(0, 9));
 }
 
-int KeyTable::Find(std::string_view key, int from) const
+int KeyedList::FindAlike(std::string_view row, const std::function<bool(int index)>& visit) const
 {
-    const std::uint32_t wanted = Print(key);
-    const std::uint32_t* const print = prints.data();
-    const auto count = static_cast<int>(prints.size());
-    constexpr int block = 32; // compared without a branch, so that the compiler makes it vector code
-    int i = from;
-    for (; i + block <= count; i += block) {
-        std::uint32_t hit = 0;
-        for (int k = 0; k < block; ++k) hit |= print[i + k] == wanted;
-        if (hit != 0) break;
-    }
-    for (; i < count; ++i)
-        if (print[i] == wanted) return i;
-    return NotFound;
-}
-
-int KeyedList::Find(std::string_view callField) const
-{
-    int index = 0;
-    while ((index = keys.Find(callField, index)) != NotFound) {
-        if (Columns(Row(index), 1, 9) == callField) return index;
-        ++index;
+    const auto key = keyOf(row);
+    int left = keys.Count(key);
+    for (int index = keys.Find(key); left > 0; ++index) {
+        if (keyOf(Row(index)) != key) continue;
+        if (visit(index)) return index;
+        --left;
     }
     return NotFound;
-}
-
-void KeyedList::KeyInserted(int index, std::string_view row)
-{
-    keys.Insert(index, row.substr(0, 9));
 }
 
 // --- choices, gauges, timers, grids ----------------------------------------------------------------------------------
@@ -531,12 +503,7 @@ void Grid::Clear()
 
 int Grid::FindRow(std::string_view text, int from) const
 {
-    int row = from;
-    while ((row = keys.Find(text, row)) != NotFound) {
-        if (columns[0][row] == text) return row;
-        ++row;
-    }
-    return NotFound;
+    return keys.Find(text, from);
 }
 
 PropertyTexts Grid::Describe() const

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/Failure.h"
+#include "platform/KeyIndex.h"
 
 /// The kinds of controls. A control is a value with a few operations and one or two event slots. It tells whoever
 /// watches it that it changed: a window, a timer service, the console. Setting a control from code and from the
@@ -21,9 +22,6 @@ namespace halvern {
 
 class Control;
 class Form;
-
-/// A search that finds nothing.
-inline constexpr int NotFound = -100;
 
 /// What happened to a control; `row` only where a row is meant.
 struct Change {
@@ -354,39 +352,32 @@ private:
     halvern::Font font;
 };
 
-/// A dense table of short hashes, one a key, in the order of the keys: a walk from the first that touches four bytes
-/// a row, so that 32,000 rows cost a few microseconds.
-class KeyTable {
-public:
-    void Add(std::string_view key) { prints.push_back(Print(key)); }
-    void Insert(int index, std::string_view key) { prints.insert(prints.begin() + index, Print(key)); }
-    void Replace(int index, std::string_view key) { prints[index] = Print(key); }
-    void Remove(int index) { prints.erase(prints.begin() + index); }
-    void Clear() { prints.clear(); }
-    /// Index of the first key at or behind `from` that may be this one, or NotFound; the caller compares the key
-    /// itself.
-    int Find(std::string_view key, int from) const;
+/// What a keyed list finds a row by.
+using KeyOfRow = std::string (*)(std::string_view row);
+/// Columns 1-9: the call field.
+std::string CallColumns(std::string_view row);
 
-private:
-    static std::uint32_t Print(std::string_view key);
-    std::vector<std::uint32_t> prints;
-};
-
-/// A store whose rows begin with a call field of 9 columns.
+/// A store whose rows are found by a key.
 class KeyedList : public List {
 public:
-    using List::List;
-    /// The first row whose columns 1-9 equal a call field of 9 characters, or NotFound.
-    int Find(std::string_view callField) const;
+    KeyedList(Form& form, std::string_view name, ListStyle style = ListStyle::Rows, KeyOfRow keyOf = CallColumns)
+        : List(form, name, style), keyOf(keyOf)
+    {
+    }
+    /// The first row of a key, or NotFound. The cost does not grow with the rows.
+    int Find(std::string_view key) const { return keys.Find(key); }
+    /// The rows of the row's key, first to last, until `visit` says true. @return the index of that row, or NotFound.
+    int FindAlike(std::string_view row, const std::function<bool(int index)>& visit) const;
 
 protected:
-    void Keyed(int index, std::string_view row) override { keys.Replace(index, row.substr(0, 9)); }
-    void KeyInserted(int index, std::string_view row) override;
+    void Keyed(int index, std::string_view row) override { keys.Replace(index, keyOf(row)); }
+    void KeyInserted(int index, std::string_view row) override { keys.Insert(index, keyOf(row)); }
     void KeyRemoved(int index) override { keys.Remove(index); }
     void KeysCleared() override { keys.Clear(); }
 
 private:
-    KeyTable keys;
+    KeyOfRow keyOf;
+    KeyIndex keys;
 };
 
 /// A list of the folders or files in one place.
@@ -485,7 +476,7 @@ private:
     halvern::Font font;
     int rows = 0;
     std::vector<std::vector<std::string>> columns;
-    KeyTable keys;
+    KeyIndex keys;
 };
 
 /// Controls of one name and an index: "Form.Name(7)". Indices run from `first`.

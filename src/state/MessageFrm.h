@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Controls.h"
+#include "state/Rows.h"
 
 namespace halvern {
 
@@ -13,9 +14,9 @@ struct MessageForm : Form {
     explicit MessageForm(Controls& all) : Form(all, "MessageFrm", "Message") {}
 
     Choice SSTab2{*this, "SSTab2", {"Traffic", "Send", "Bulletins"}};
-    List TrafficLst{*this, "TrafficLst"};
-    List MsgToYouLst{*this, "MsgToYouLst"};
-    List BullLst{*this, "BullLst"};
+    KeyedList TrafficLst{*this, "TrafficLst", ListStyle::Rows, SameText};
+    KeyedList MsgToYouLst{*this, "MsgToYouLst", ListStyle::Rows, SameText};
+    KeyedList BullLst{*this, "BullLst", ListStyle::Rows, SameSource};
     List OutMsg{*this, "OutMsg"};
     Label Label1{*this, "Label1", "To Callsign"};
     TextField SendCallTxt{*this, "SendCallTxt", "", 9};

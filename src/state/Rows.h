@@ -43,6 +43,17 @@ inline constexpr ColumnRange FromLatitude{19, ToTheEnd};
 inline constexpr ColumnRange Comment{38, ToTheEnd};
 } // namespace positionRow
 
+/// Message rows, "SOURCE>ADDRESSEE:text": the text in which rows that differ in case alone are the same.
+inline std::string SameText(std::string_view row)
+{
+    return UpperCase(row);
+}
+/// The source in that text.
+inline std::string SameSource(std::string_view row)
+{
+    return UpperCase(row.substr(0, row.find('>')));
+}
+
 /// Marks in column 10 of a position row.
 namespace mark {
 inline constexpr char None = ' ';

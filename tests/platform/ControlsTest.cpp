@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "platform/Text.h"
 
 namespace halvern {
@@ -21,21 +23,32 @@ struct ControlsTest : ::testing::Test {
     SmallForm form{all};
 };
 
-TEST_F(ControlsTest, TheFirstRowOfACallWinsHoweverLongTheStoreIs)
+/// Rows come, go and change at random, many of one call; a plain walk says what the store has to find.
+TEST_F(ControlsTest, TheFirstRowOfACallIsFoundAsByAWalk)
 {
-    for (int i = 0; i < 1000; ++i) form.Stations.Add(CallField("Q" + std::to_string(i)) + " row");
-    form.Stations.Add(CallField("Q7") + " a second row of the same call");
-    EXPECT_EQ(form.Stations.Find(CallField("Q7")), 7);
-    EXPECT_EQ(form.Stations.Find(CallField("Q999")), 999);
-    EXPECT_EQ(form.Stations.Find(CallField("q999")), NotFound);
-    form.Stations.Replace(7, CallField("Q8") + " another call now");
-    EXPECT_EQ(form.Stations.Find(CallField("Q7")), 1000);
-    EXPECT_EQ(form.Stations.Find(CallField("Q8")), 7);
-    form.Stations.Remove(7);
-    EXPECT_EQ(form.Stations.Find(CallField("Q8")), 7);
-    EXPECT_EQ(form.Stations.Find(CallField("Q9")), 8);
-    form.Stations.Clear();
-    EXPECT_EQ(form.Stations.Find(CallField("Q9")), NotFound);
+    std::minstd_rand random(1);
+    const auto under = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
+    auto& store = form.Stations;
+    for (int turn = 0; turn < 20'000; ++turn) {
+        const auto call = CallField("Q" + std::to_string(under(300)));
+        const int count = store.Count(), index = under(count + 1), act = under(100);
+        if (act < 45 || count == 0)
+            store.Insert(call + " a row", act < 30 ? count : act < 40 ? index : count / 2);
+        else if (act < 70)
+            store.Replace(index % count, call + " a change");
+        else if (act < 99)
+            store.Remove(index % count);
+        else if (under(10) == 0)
+            store.Clear();
+        else
+            store.RemoveIf([&](int row) { return row % 3 == 0; });
+        int first = NotFound, alike = 0;
+        for (int row = store.Count() - 1; row >= 0; --row)
+            if (store.Row(row).starts_with(call)) first = row, ++alike;
+        ASSERT_EQ(store.Find(call), first) << "turn " << turn;
+        store.FindAlike(call, [&](int) { return --alike < 0; });
+        ASSERT_EQ(alike, 0) << "turn " << turn;
+    }
 }
 
 TEST_F(ControlsTest, AComboClicksOnlyWhenItsSelectionChangesAListEachTime)
