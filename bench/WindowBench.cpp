@@ -9,7 +9,7 @@
 #include "map/DosMap.h"
 #include "map/DosMapFile.h"
 #include "platform/Text.h"
-#include "platform/qt/MapPainter.h"
+#include "platform/qt/screen/MapPainter.h"
 #include "support/Station.h"
 #include "view/Geometry.h"
 #include "view/Plotting.h"

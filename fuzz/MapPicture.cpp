@@ -7,7 +7,7 @@
 
 #include "map/Calibration.h"
 #include "map/UsgsMapFile.h"
-#include "platform/Files.h"
+#include "platform/PictureSize.h"
 
 using namespace halvern;
 
@@ -32,13 +32,8 @@ public:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    MapState view;
-    view.MapLeftLon = 80;
-    view.MapRightLon = 60;
-    view.MapTopLat = 50;
-    view.MapBottomLat = 30;
     Inside lines;
-    ReadTileLines(bytes, view, lines);
+    ReadTileLines(bytes, {.left = 80, .top = 50, .right = 60, .bottom = 30}, lines);
     for (const auto& corners : {ReadTxtCalibration(bytes), ReadInfCalibration(bytes)}) {
         if (!corners) continue;
         for (const double corner : {corners->top, corners->left, corners->bottom, corners->right})

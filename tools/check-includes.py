@@ -10,6 +10,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent / "src"
 FLOORS = [
     ["platform"],
     ["platform/simulated", "platform/qt"],
+    ["platform/qt/screen"],
     ["state"],
     ["protocol"],
     ["view", "transmit"],
@@ -17,7 +18,7 @@ FLOORS = [
     ["relay", "map", "reports"],
     ["ports", "config", "history"],
     ["app"],
-    ["forms"],
+    ["app/console", "forms"],
     ["app/programs"],
 ]
 # Rooms that see fewer than their floor lets them: a folder, or a single header.
@@ -26,10 +27,14 @@ NARROWED = {
     "protocol": {"platform", "state/Rows.h"},  # bytes and words: of the state it knows the columns of rows alone
 }
 # What only the floors that run a whole program see.
-OUTSIDE = {"platform/simulated": {"app", "app/programs"}, "platform/qt": {"forms", "app/programs"}}
+OUTSIDE = {
+    "platform/simulated": {"app/console", "app/programs"},
+    "platform/qt": {"platform/qt/screen", "forms", "app/programs"},
+    "platform/qt/screen": {"forms", "app/programs"},
+}
 # Rooms that see one beside or above them, each with its reason.
 EXCEPTIONS = {}
-SEE_QT = {"platform/qt", "forms", "app/programs"}
+SEE_QT = {"platform/qt", "platform/qt/screen", "forms", "app/programs"}
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<(Q[A-Za-z]+)[^>]*>)')
 
 

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/Text.h"
+#include "platform/Version.h"
 
 namespace halvern {
 namespace {
@@ -199,9 +200,10 @@ void ShowHelpPage(Halvern& halvern, const std::string& name)
 
 void ShowAbout(Halvern& halvern)
 {
-    halvern.Tell(Icon::Information, "Halvern version 1.30\r\n\r\n"
-                                    "A station program for the Automatic Packet Reporting System.\r\n"
-                                    "Free software under the GNU General Public License, version 3 or later.");
+    halvern.Tell(Icon::Information, "Halvern version " + ProgramVersion() +
+                                        "\r\n\r\n"
+                                        "A station program for the Automatic Packet Reporting System.\r\n"
+                                        "Free software under the GNU General Public License, version 3 or later.");
 }
 
 } // namespace halvern

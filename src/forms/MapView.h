@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "forms/SpriteLayer.h"
-#include "platform/qt/MapPainter.h"
+#include "platform/qt/screen/MapPainter.h"
 #include "state/Halvern.h"
 
 namespace halvern {

@@ -9,8 +9,8 @@
 
 #include "forms/Glyphs.h"
 #include "platform/Files.h"
-#include "platform/qt/Palette.h"
-#include "platform/qt/Pictures.h"
+#include "platform/qt/screen/Palette.h"
+#include "platform/qt/screen/Pictures.h"
 
 namespace halvern {
 namespace {

@@ -8,7 +8,7 @@
 #include "forms/HelpWindow.h"
 #include "forms/MainWindow.h"
 #include "forms/MapView.h"
-#include "platform/qt/QtDialogs.h"
+#include "platform/qt/screen/QtDialogs.h"
 
 namespace halvern {
 

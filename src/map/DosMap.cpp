@@ -125,12 +125,18 @@ std::string ChooseDosMap(Halvern& halvern)
 
 std::string DrawDosMap(Halvern& halvern, const std::string& path)
 {
-    const auto bytes = halvern.Outside.files.Read(path);
+    const auto& files = halvern.Outside.files;
+    const auto bytes = files.Read(path);
     if (!bytes) return {};
     halvern.ConMdiFrm.dMapTxt.SetText(ShortName(path));
-    BothSurfaces surfaces(halvern.MapFrm);
     std::string format;
-    const auto end = ReadMapLines(*bytes, surfaces, format);
+    const auto end = [&] {
+        BothSurfaces surfaces(halvern.MapFrm, [&files, path](MapLines& lines) {
+            std::string word;
+            ReadMapLines(files.Read(path).value_or(""), lines, word);
+        });
+        return ReadMapLines(*bytes, surfaces, format);
+    }();
     if (end == MapFileEnd::UnknownFormat) {
         halvern.Tell(Icon::Information, "Halvern will only work with ASCII and Line Format APRSdos maps. The type of "
                                         "this map is " +

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+
 #include "state/MapFrm.h"
 
 namespace halvern {
@@ -15,10 +17,17 @@ public:
     virtual void LineTo(double x, double y, int colour) = 0;
 };
 
+/// Reads the lines of a map once more, from the file that they came from.
+using ReadAgain = std::function<void(MapLines& lines)>;
+
 /// Draws on the map and on its twin.
 class BothSurfaces final : public MapLines {
 public:
-    explicit BothSurfaces(MapForm& form) : map(form.Map1), twin(form.Pic1) {}
+    /// @param again  has the same lines read once more; without it whoever wants them later keeps each of them
+    explicit BothSurfaces(MapForm& form, const ReadAgain& again = {});
+    ~BothSurfaces() override;
+    BothSurfaces(const BothSurfaces&) = delete;
+    BothSurfaces& operator=(const BothSurfaces&) = delete;
     void Start(double x, double y, int colour) override
     {
         map.Point(x, y, colour);

@@ -44,8 +44,11 @@ void SaveMap(Halvern& halvern)
                                     .filter = "Bitmap Files | *.bmp",
                                     .folder = halvern.ProgramFolder + "\\mapbmpgif\\",
                                     .name = "map.bmp"});
-    const auto trouble = file ? halvern.Outside.files.Write(*file, form.Pic2.Bitmap()) : std::string();
+    const auto picture = file ? form.Pic2.Bitmap() : std::string();
     form.Pic2.Clear();
+    if (!file) return;
+    if (picture.empty()) throw RuntimeFailure(failure::FileAccess, "Nobody here makes pictures of maps.");
+    const auto trouble = halvern.Outside.files.Write(*file, picture);
     if (!trouble.empty()) throw RuntimeFailure(failure::FileAccess, trouble);
 }
 

@@ -33,14 +33,17 @@ void DrawUsgsMap(Halvern& halvern)
     const auto& view = halvern.Map;
     const auto& files = halvern.Outside.files;
     const auto regions = RegionsOf(view);
-    BothSurfaces surfaces(halvern.MapFrm);
+    const ViewFrame frame{view.MapLeftLon, view.MapTopLat, view.MapRightLon, view.MapBottomLat};
     for (int region = regions.first; region <= regions.last; ++region)
         for (const auto layer : LayersOf(view.MapRange)) {
             const auto file =
                 halvern.ProgramFolder + "\\Mapdata\\S" + ZeroFilled(region, 2) + "_" + std::string(layer) + ".GRF";
             const auto bytes = files.Read(file);
             if (!bytes) throw RuntimeFailure(failure::FileNotFound, "File not found: '" + files.Shown(file) + "'");
-            ReadTileLines(*bytes, view, surfaces);
+            BothSurfaces surfaces(halvern.MapFrm, [&files, file, frame](MapLines& lines) {
+                ReadTileLines(files.Read(file).value_or(""), frame, lines);
+            });
+            ReadTileLines(*bytes, frame, surfaces);
         }
     FinishLineMap(halvern);
 }

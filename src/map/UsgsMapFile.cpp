@@ -96,7 +96,7 @@ std::optional<float> Angle(std::string_view digits, std::string_view decimals, c
 
 constexpr std::size_t PointLength = 15;
 
-void ReadPolyline(std::string_view line, const MapState& view, MapLines& lines)
+void ReadPolyline(std::string_view line, const ViewFrame& view, MapLines& lines)
 {
     if (line.empty() || !IsDigit(line[0])) return;
     const int colour = line[0] - '0';
@@ -104,8 +104,8 @@ void ReadPolyline(std::string_view line, const MapState& view, MapLines& lines)
     for (line.remove_prefix(1); line.size() >= PointLength; line.remove_prefix(PointLength)) {
         const auto lon = Angle(line.substr(0, 3), line.substr(3, 4), line[7], 'E');
         const auto lat = Angle(line.substr(8, 2), line.substr(10, 4), line[14], 'S');
-        const bool inside = lat && lon && view.MapBottomLat < *lat && *lat < view.MapTopLat &&
-                            view.MapRightLon < *lon && *lon < view.MapLeftLon;
+        const bool inside =
+            lat && lon && view.bottom < *lat && *lat < view.top && view.right < *lon && *lon < view.left;
         if (!inside) continue;
         if (std::exchange(penUp, false))
             lines.Start(*lon, *lat, colour);
@@ -133,7 +133,7 @@ std::array<std::string_view, 3> LayersOf(double range)
     return {"PB", "RDI", "WB"};
 }
 
-void ReadTileLines(std::string_view bytes, const MapState& view, MapLines& lines)
+void ReadTileLines(std::string_view bytes, const ViewFrame& view, MapLines& lines)
 {
     while (!bytes.empty()) {
         const auto end = bytes.find('\n');

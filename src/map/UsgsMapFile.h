@@ -26,6 +26,6 @@ std::array<std::string_view, 3> LayersOf(double range);
 /// One line of text is one polyline: a digit for the colour, then points of 15 columns each, DDDffffW and DDffffN with
 /// four decimals. A point outside is left out and does not lift the pen, so that a road which leaves the view and
 /// comes back gets a chord. A point that is no number is left out too.
-void ReadTileLines(std::string_view bytes, const MapState& view, MapLines& lines);
+void ReadTileLines(std::string_view bytes, const ViewFrame& view, MapLines& lines);
 
 } // namespace halvern

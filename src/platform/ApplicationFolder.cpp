@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace fs = std::filesystem;
 
@@ -34,6 +35,22 @@ void LinkInto(const fs::path& folder, const fs::path& source)
     }
 }
 
+fs::path FolderOfProgram()
+{
+    std::error_code unknown;
+    return fs::read_symlink("/proc/self/exe", unknown).parent_path();
+}
+
+/// Where programs keep a user's data. (XDG Base Directory Specification.)
+fs::path UserData()
+{
+    const auto variable = [](const char* name) {
+        return fs::path(std::getenv(name) != nullptr ? std::getenv(name) : "");
+    };
+    const auto data = variable("XDG_DATA_HOME");
+    return data.is_absolute() ? data : variable("HOME") / ".local/share";
+}
+
 } // namespace
 
 std::string ApplicationFolder(const fs::path& program, const fs::path& userData)
@@ -46,6 +63,21 @@ std::string ApplicationFolder(const fs::path& program, const fs::path& userData)
         LinkInto(folder, source);
         break;
     }
+    return folder;
+}
+
+fs::path CompanionProgram(const std::string& name)
+{
+    std::error_code none;
+    const auto installed = (FolderOfProgram() / "../lib/halvern" / name).lexically_normal();
+    return fs::exists(installed, none) ? installed : FolderOfProgram() / name;
+}
+
+std::string StationFolder(const std::string& named)
+{
+    if (named.empty()) return ApplicationFolder(FolderOfProgram(), UserData());
+    auto folder = fs::absolute(named).string();
+    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
     return folder;
 }
 

@@ -19,4 +19,12 @@ namespace halvern {
 /// @return an absolute path
 std::string ApplicationFolder(const std::filesystem::path& program, const std::filesystem::path& userData);
 
+/// The application directory as a command line names it, or, where it names none, the operator's own: see
+/// ApplicationFolder.
+/// @return an absolute path without a separator at its end
+std::string StationFolder(const std::string& named);
+
+/// A program that comes with the running one: in ../lib/halvern, or else beside it, whether it is there or not.
+std::filesystem::path CompanionProgram(const std::string& name);
+
 } // namespace halvern

@@ -114,38 +114,6 @@ std::vector<std::string> Entries(const std::string& folder, bool folders)
     return names;
 }
 
-int LittleEndian(std::string_view bytes, std::size_t at)
-{
-    return static_cast<unsigned char>(bytes[at]) | static_cast<unsigned char>(bytes[at + 1]) << 8;
-}
-
-int BigEndian(std::string_view bytes, std::size_t at)
-{
-    return static_cast<unsigned char>(bytes[at]) << 8 | static_cast<unsigned char>(bytes[at + 1]);
-}
-
-/// A BMP file that is stored from the top down has a negative height.
-int BitmapSide(std::string_view bytes, std::size_t at)
-{
-    const auto low = static_cast<std::uint32_t>(LittleEndian(bytes, at));
-    const auto high = static_cast<std::uint32_t>(LittleEndian(bytes, at + 2));
-    const auto side = static_cast<std::int32_t>(low | high << 16);
-    return side < 0 && side != INT32_MIN ? -side : side;
-}
-
-/// Walks over the segments of a JPEG file to the one that begins a frame, which holds the size.
-PixelSize JpegSize(std::string_view bytes)
-{
-    std::size_t at = 2;
-    while (at + 9 <= bytes.size() && bytes[at] == '\xFF') {
-        const auto kind = static_cast<unsigned char>(bytes[at + 1]);
-        const bool frame = kind >= 0xC0 && kind <= 0xCF && kind != 0xC4 && kind != 0xC8 && kind != 0xCC;
-        if (frame) return {BigEndian(bytes, at + 7), BigEndian(bytes, at + 5)};
-        at += 2 + static_cast<std::size_t>(BigEndian(bytes, at + 2));
-    }
-    return {};
-}
-
 } // namespace
 
 std::string DiskFiles::Resolved(const std::string& path) const
@@ -241,21 +209,6 @@ std::unique_ptr<OutputFile> DiskFiles::OpenForOutput(const std::string& path, st
 std::unique_ptr<InputFile> DiskFiles::OpenForInput(const std::string& path, std::string& trouble) const
 {
     return OpenLinesForInput(Resolved(path), trouble);
-}
-
-std::optional<PixelSize> PictureSize(std::string_view bytes)
-{
-    PixelSize size;
-    if (bytes.size() >= 10 && (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")))
-        size = {LittleEndian(bytes, 6), LittleEndian(bytes, 8)};
-    else if (bytes.size() >= 24 && bytes.starts_with("\x89PNG\r\n\x1a\n"))
-        size = {BigEndian(bytes, 18), BigEndian(bytes, 22)};
-    else if (bytes.size() >= 26 && bytes.starts_with("BM"))
-        size = {BitmapSide(bytes, 18), BitmapSide(bytes, 22)};
-    else if (bytes.starts_with("\xFF\xD8"))
-        size = JpegSize(bytes);
-    if (size.width < 1 || size.height < 1) return {};
-    return size;
 }
 
 } // namespace halvern

@@ -68,10 +68,4 @@ private:
     PathForm shown;
 };
 
-/// Width and height in pixels of a GIF, PNG, BMP or JPEG file from its head, or nothing for another or a short file.
-struct PixelSize {
-    int width = 0, height = 0;
-};
-std::optional<PixelSize> PictureSize(std::string_view bytes);
-
 } // namespace halvern

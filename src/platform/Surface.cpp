@@ -42,6 +42,16 @@ void Surface::Circle(double x, double y, double radius, int colour)
     for (auto* painter : painters) painter->Circle(x, y, radius, colour);
 }
 
+void Surface::BeginLines(const LinesAgain& again)
+{
+    for (auto* painter : painters) painter->BeginLines(again);
+}
+
+void Surface::EndLines()
+{
+    for (auto* painter : painters) painter->EndLines();
+}
+
 void Surface::Picture(const std::string& file, int wide, int high)
 {
     for (auto* painter : painters) painter->Picture(file, wide, high);

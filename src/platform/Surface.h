@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,11 @@ struct ViewFrame {
     double left = 0, top = 0, right = 1, bottom = 1;
 };
 
+class Painter;
+
+/// Gives points and lines that were drawn once to a painter anew, the same ones in the same order.
+using LinesAgain = std::function<void(Painter& painter)>;
+
 /// What draws, or notes, the operations on a surface. All coordinates are view coordinates.
 class Painter {
 public:
@@ -47,6 +53,9 @@ public:
     virtual void LineTo(double x, double y, int colour) = 0;
     virtual void Box(double x1, double y1, double x2, double y2, int colour) = 0;
     virtual void Circle(double x, double y, double radius, int colour) = 0;
+    /// The points and lines from here to the end can be had again: who keeps that need not keep them.
+    virtual void BeginLines(const LinesAgain&) {}
+    virtual void EndLines() {}
     /// A picture file, from the top-left corner, `width` by `height` pixels.
     virtual void Picture(const std::string& file, int width, int height) = 0;
     /// What stands on another surface becomes the lasting picture of this one, if both are of a kind.
@@ -77,6 +86,8 @@ public:
     void LineTo(double x, double y, int colour);
     void Box(double x1, double y1, double x2, double y2, int colour);
     void Circle(double x, double y, double radius, int colour);
+    void BeginLines(const LinesAgain& again);
+    void EndLines();
     void Picture(const std::string& file, int width, int height);
     /// The picture of `other` becomes the lasting picture of this surface; painters of a kind pair up.
     void Keep(Surface& other);

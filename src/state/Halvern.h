@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/PictureSize.h"
 #include "state/ConMdiFrm.h"
 #include "state/DialogForms.h"
 #include "state/Engine.h"

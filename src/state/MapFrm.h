@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/Controls.h"
-#include "platform/Files.h"
+#include "platform/PictureSize.h"
 #include "platform/Surface.h"
 
 namespace halvern {

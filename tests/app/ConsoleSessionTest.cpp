@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ConsoleSession.h"
+#include "app/console/ConsoleSession.h"
 
 #include "support/Console.h"
 #include "support/StationTest.h"

@@ -92,9 +92,7 @@ TEST_F(UsgsMap, PointsOutsideAreLeftOutAndTheRestJoined)
     PutTile("S12_WB", "10731000W400250N\n20735000W400500N\n");
     GoToView(halvern(), 34, 110, 16); // the tiles of region 12, whose lines a test may put anywhere
     EXPECT_THAT(Drawn(), ElementsAre());
-    auto& view = halvern().Map;
-    std::tie(view.MapTopLat, view.MapBottomLat, view.MapLeftLon, view.MapRightLon) =
-        std::tuple(40.1F, 40.F, 73.5F, 73.F);
+    const ViewFrame view{.left = 73.5, .top = 40.1F, .right = 73, .bottom = 40};
     BothSurfaces surfaces(halvern().MapFrm);
     ReadTileLines(*station.files.Read(S() + "/mapdata/S12_RDI.GRF"), view, surfaces);
     EXPECT_THAT(Drawn(),

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/ConsoleSession.h"
+#include "app/console/ConsoleSession.h"
 #include "support/Station.h"
 
 namespace halvern::test {

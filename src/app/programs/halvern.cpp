@@ -10,12 +10,13 @@
 #include "app/Handlers.h"
 #include "app/StartUp.h"
 #include "forms/Windows.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/Version.h"
 #include "platform/qt/EndSignals.h"
 #include "platform/qt/FolderLock.h"
-#include "platform/qt/Pictures.h"
-#include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPlatform.h"
-#include "platform/qt/StationFolder.h"
+#include "platform/qt/screen/Pictures.h"
+#include "platform/qt/screen/QtDialogs.h"
 #include "state/Rows.h"
 
 namespace fs = std::filesystem;
@@ -43,8 +44,8 @@ Options ReadOptions(const QCoreApplication& application)
     parser.process(application);
     const auto directories = parser.positionalArguments();
     if (directories.size() > 1) parser.showHelp(2);
-    return {StationFolder(directories), parser.isSet("open-internet"), parser.value("demo-seconds").toInt(),
-            parser.value("pictures").toStdString()};
+    return {StationFolder(directories.value(0).toStdString()), parser.isSet("open-internet"),
+            parser.value("demo-seconds").toInt(), parser.value("pictures").toStdString()};
 }
 
 void SavePictures(const Halvern& halvern, const Windows& windows, const std::string& folder)
@@ -121,6 +122,6 @@ int main(int count, char** arguments)
     QApplication application(count, arguments);
     QApplication::setApplicationName("halvern");
     QApplication::setApplicationDisplayName("Halvern");
-    QApplication::setApplicationVersion("1.30");
+    QApplication::setApplicationVersion(QString::fromStdString(halvern::ProgramVersion()));
     return halvern::RunStation(application, halvern::ReadOptions(application));
 }

@@ -5,23 +5,19 @@
 
 #include <QSocketNotifier>
 
+#include "platform/SignalPipe.h"
+
 namespace halvern {
 
-/// Has a program end in its own order when the desktop, the shell or the system ends it: SIGTERM, SIGINT, SIGHUP.
-///
-/// While it lives, a write past the limit for file sizes fails like one on a full disk, and does not end the program.
-/// One at a time; needs a QCoreApplication.
+/// Has a program end in its own order at a signal to end, with all that SignalPipe says. Needs a QCoreApplication.
 class EndSignals {
 public:
     /// @param onEnd  runs once, in whatever event loop runs then; what the program waits for must give way to it
     explicit EndSignals(std::function<void()> onEnd);
-    ~EndSignals();
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
 
 private:
-    int ends[2]; ///< a pipe: the one thing that a signal may do is write to it
-    QSocketNotifier arrived;
+    SignalPipe pipe;
+    QSocketNotifier arrived{pipe.ReadEnd(), QSocketNotifier::Read};
 };
 
 } // namespace halvern

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -8,14 +10,17 @@
 
 namespace halvern {
 
-/// Notes what is drawn on a surface until somebody asks for it.
-class NotedDrawing final : public Painter {
+/// Notes what is drawn on a surface until somebody asks for it. Of lines that can be had again only that is noted: they
+/// are read once more when they are asked for.
+class NotedDrawing : public Painter {
 public:
     struct Step {
-        enum Kind : unsigned char { Clear, Frame, Point, Line, Box, Circle, Picture } kind;
+        enum Kind : unsigned char { Clear, Frame, Point, Line, Box, Circle, Picture, Lines } kind;
         double a = 0, b = 0, c = 0, d = 0;
         int colour = 0;
         std::string file;
+        std::shared_ptr<const LinesAgain> again;
+        std::size_t count = 1; ///< how many steps it stands for
     };
     /// Past this many steps the oldest half is forgotten, so that a station that nobody asks does not grow.
     static constexpr std::size_t MostSteps = 1 << 20;
@@ -45,13 +50,24 @@ public:
     {
         Note({Step::Circle, x, y, radius, 0, colour});
     }
-    void Picture(const std::string& file, int, int) override { Note({Step::Picture, 0, 0, 0, 0, 0, file}); }
+    void BeginLines(const LinesAgain& again) override;
+    void EndLines() override { inLines = false; }
+    void Picture(const std::string& file, int width, int height) override
+    {
+        Note({Step::Picture, static_cast<double>(width), static_cast<double>(height), 0, 0, 0, file});
+    }
     void Keep(Painter&) override {}
 
 private:
     void Note(Step step);
+    /// How many of the oldest steps are forgotten by now.
+    std::size_t Forgotten() const;
+
     Surface& surface;
-    std::vector<Step> steps;
+    std::deque<Step> steps;
+    std::size_t noted = 0; ///< since last asked
+    std::size_t gone = 0;  ///< of these, the ones before the first in `steps`
+    bool inLines = false;
 };
 
 } // namespace halvern

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/QtDialogs.h"
+#include "platform/qt/screen/QtDialogs.h"
 
 #include <fstream>
 #include <iterator>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/MapPainter.h"
+#include "platform/qt/screen/MapPainter.h"
 
 #include <cmath>
 
@@ -7,7 +7,7 @@
 
 #include <QPainter>
 
-#include "platform/qt/Palette.h"
+#include "platform/qt/screen/Palette.h"
 #include "state/MapFrm.h"
 #include "support/Station.h"
 #include "support/qt/Application.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/Pictures.h"
+#include "platform/qt/screen/Pictures.h"
 
 #include <sys/stat.h>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ConsoleSession.h"
+#include "app/console/ConsoleSession.h"
 
 #include <utility>
 
-#include "app/ConsoleCommands.h"
-#include "app/ConsoleLine.h"
 #include "app/StartUp.h"
+#include "app/console/ConsoleCommands.h"
+#include "app/console/ConsoleLine.h"
 
 namespace halvern {
 

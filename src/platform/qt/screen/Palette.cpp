@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/Palette.h"
+#include "platform/qt/screen/Palette.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/QtDialogs.h"
+#include "platform/qt/screen/QtDialogs.h"
 
 #include <algorithm>
 
@@ -23,7 +23,7 @@
 
 #include "platform/Files.h"
 #include "platform/qt/Glyphs.h"
-#include "platform/qt/QtProgress.h"
+#include "platform/qt/screen/QtProgress.h"
 
 namespace halvern {
 namespace {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ConsoleCommands.h"
+#include "app/console/ConsoleCommands.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 
-#include "app/ConsoleEval.h"
 #include "app/StartUp.h"
+#include "app/console/ConsoleEval.h"
 #include "engine/ProcessPacket.h"
 #include "history/LogFiles.h"
 #include "history/PlayFile.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ConsoleEval.h"
+#include "app/console/ConsoleEval.h"
 
 #include <algorithm>
 #include <limits>
 #include <span>
 
-#include "app/ConsoleLine.h"
+#include "app/console/ConsoleLine.h"
 #include "config/SetupRules.h"
 #include "platform/ConsoleText.h"
 #include "platform/Text.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/QtProgress.h"
+#include "platform/qt/screen/QtProgress.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ConsoleLine.h"
+#include "app/console/ConsoleLine.h"
 
 #include <algorithm>
 #include <charconv>

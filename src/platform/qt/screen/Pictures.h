@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Files.h"
+#include "platform/PictureSize.h"
 
 namespace halvern {
 

@@ -1,11 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/Pictures.h"
+#include "platform/PictureSize.h"
 
 #include <cmath>
 #include <cstdint>
 
 namespace halvern {
 namespace {
+
+int LittleEndian(std::string_view bytes, std::size_t at)
+{
+    return static_cast<unsigned char>(bytes[at]) | static_cast<unsigned char>(bytes[at + 1]) << 8;
+}
+
+int BigEndian(std::string_view bytes, std::size_t at)
+{
+    return static_cast<unsigned char>(bytes[at]) << 8 | static_cast<unsigned char>(bytes[at + 1]);
+}
+
+/// A BMP file that is stored from the top down has a negative height.
+int BitmapSide(std::string_view bytes, std::size_t at)
+{
+    const auto low = static_cast<std::uint32_t>(LittleEndian(bytes, at));
+    const auto high = static_cast<std::uint32_t>(LittleEndian(bytes, at + 2));
+    const auto side = static_cast<std::int32_t>(low | high << 16);
+    return side < 0 && side != INT32_MIN ? -side : side;
+}
+
+/// Walks over the segments of a JPEG file to the one that begins a frame, which holds the size.
+PixelSize JpegSize(std::string_view bytes)
+{
+    std::size_t at = 2;
+    while (at + 9 <= bytes.size() && bytes[at] == '\xFF') {
+        const auto kind = static_cast<unsigned char>(bytes[at + 1]);
+        const bool frame = kind >= 0xC0 && kind <= 0xCF && kind != 0xC4 && kind != 0xC8 && kind != 0xCC;
+        if (frame) return {BigEndian(bytes, at + 7), BigEndian(bytes, at + 5)};
+        at += 2 + static_cast<std::size_t>(BigEndian(bytes, at + 2));
+    }
+    return {};
+}
 
 /// Bytes of a file in order; behind its end there are zeros.
 class Bytes {
@@ -84,23 +116,28 @@ bool Ends(std::string_view file, const PixelSize& size)
     return !file.starts_with("\xFF\xD8") || JpegEnds(file);
 }
 
-QImage Decoded(std::string_view bytes)
-{
-    return QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
-}
-
 } // namespace
 
-QImage LoadedPicture(const std::string& file)
+std::optional<PixelSize> PictureSize(std::string_view bytes)
 {
-    const auto bytes = DiskFiles().Read(file);
-    return bytes ? Decoded(*bytes) : QImage();
+    PixelSize size;
+    if (bytes.size() >= 10 && (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")))
+        size = {LittleEndian(bytes, 6), LittleEndian(bytes, 8)};
+    else if (bytes.size() >= 24 && bytes.starts_with("\x89PNG\r\n\x1a\n"))
+        size = {BigEndian(bytes, 18), BigEndian(bytes, 22)};
+    else if (bytes.size() >= 26 && bytes.starts_with("BM"))
+        size = {BitmapSide(bytes, 18), BitmapSide(bytes, 22)};
+    else if (bytes.starts_with("\xFF\xD8"))
+        size = JpegSize(bytes);
+    if (size.width < 1 || size.height < 1) return {};
+    return size;
 }
 
-std::optional<PixelSize> ShownSize(std::string_view bytes)
+std::optional<PixelSize> WholePictureSize(std::string_view bytes)
 {
+    constexpr double most = 1 << 27; // pixels: what takes a byte each and more is no picture of a map or a symbol
     const auto size = PictureSize(bytes);
-    if (!size || !Ends(bytes, *size) || Decoded(bytes).isNull()) return {};
+    if (!size || static_cast<double>(size->width) * size->height > most || !Ends(bytes, *size)) return {};
     return size;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/MapPainter.h"
+#include "platform/qt/screen/MapPainter.h"
 
 #include <span>
 #include <utility>
@@ -7,7 +7,7 @@
 #include <QBuffer>
 #include <QPainter>
 
-#include "platform/qt/DisplayList.h"
+#include "platform/qt/screen/DisplayList.h"
 
 namespace halvern {
 

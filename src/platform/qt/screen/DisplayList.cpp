@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/qt/DisplayList.h"
+#include "platform/qt/screen/DisplayList.h"
 
 #include <cmath>
 
 #include <QPainter>
 
-#include "platform/qt/Palette.h"
-#include "platform/qt/Pictures.h"
+#include "platform/qt/screen/Palette.h"
+#include "platform/qt/screen/Pictures.h"
 
 namespace halvern {
 

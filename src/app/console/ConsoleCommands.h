@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/ConsoleLine.h"
-#include "app/ConsoleSession.h"
+#include "app/console/ConsoleLine.h"
+#include "app/console/ConsoleSession.h"
 
 namespace halvern {
 
