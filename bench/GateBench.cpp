@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "relay/Igate.h"
 #include "platform/Text.h"
+#include "relay/Igate.h"
 #include "support/Station.h"
 
 namespace halvern {
