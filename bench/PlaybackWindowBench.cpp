@@ -7,7 +7,7 @@
 
 #include "LoggedStation.h"
 #include "forms/Windows.h"
-#include "platform/qt/QtProgress.h"
+#include "platform/qt/screen/QtProgress.h"
 
 namespace halvern {
 namespace {
