@@ -146,8 +146,9 @@ TEST_F(AnHour, TwoGatesPassEachMessageOnceAndMakeNoLoop)
     std::ptrdiff_t late = 0;
     for (auto* gate : gates) {
         for (const auto& line : gate->sent)
-            if (line.starts_with(gate->Call() + ">") && Holds(line, "*::"))
+            if (line.starts_with(gate->Call() + ">") && Holds(line, "*::")) {
                 EXPECT_EQ(std::ranges::count(gate->sent, line), 1) << line;
+            }
         // what it hands to the server are its own packets, and lines that somebody sent on radio
         for (const auto& line : gate->to) {
             const bool own = line.starts_with(gate->Call() + ">APHV01,TCPIP*:");
