@@ -30,16 +30,17 @@ QList<Control*> ControlsOf(const Form& form)
 struct ListSize {
     std::string_view list;
     int rows, columns;
+    const std::vector<RowColumn>* header = nullptr;
 };
 
-/// Lists of which is known how much they hold.
+/// Lists of which is known how much they hold, and what.
 constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
                                    {"ChosePrinter.PrinterLst", 6, 36},
                                    {"FindFoundFrm.CallSignLst", 8, 24},
                                    {"MoveMyObjectFrm.ObjectLst", 6, ObjectColumns},
                                    {"KillMyObjectsFrm.ObjectLst", 8, ObjectColumns},
                                    {"StpTransObjectsFrm.ObjectLst", 8, ObjectColumns},
-                                   {"TakeTransObjFrm.OthersObjLst", 8, ObjectColumns},
+                                   {"TakeTransObjFrm.OthersObjLst", 8, ObjectColumns, &PositionColumns},
                                    {"GraphFrm.GraphLst", 12, 10},
                                    {"CompassFrm.CompassLst", 6, 10},
                                    {"CompassFrm.DirectionLst", 6, 10},
@@ -104,7 +105,8 @@ RowsView* DialogRows(Halvern& halvern, List& list, QWidget* parent)
     for (const auto& known : KnownLists)
         if (known.list == list.Name()) size = known;
     const bool ownObjects = list.Name().ends_with(".ObjectLst");
-    auto* view = ownObjects ? MakeMyObjectRows(halvern, list, parent) : new RowsView(list, {}, parent);
+    const RowsLook look{size.header != nullptr ? *size.header : std::vector<RowColumn>{}};
+    auto* view = ownObjects ? MakeMyObjectRows(halvern, list, parent) : new RowsView(list, look, parent);
     BindCommon(view, list);
     view->WantRows(size.rows);
     return WideFor(size.columns, view);

@@ -7,7 +7,6 @@
 #include "state/Rows.h"
 
 namespace halvern {
-namespace {
 
 const std::vector<RowColumn> PositionColumns{
     {1, 9, "Call", "Call sign, or name of an object"},
@@ -20,6 +19,9 @@ const std::vector<RowColumn> PositionColumns{
     {37, 1, "S", "Symbol code"},
     {38, 0, "Comment", "Comment and extensions, as received"},
 };
+
+namespace {
+
 const std::vector<RowColumn> StatusColumns{
     {1, 9, "Call", "Call sign of the station"},
     {11, 0, "Status", "The information field, as received"},

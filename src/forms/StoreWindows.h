@@ -9,6 +9,9 @@
 /// The windows that show a store each: the store's own rows, live.
 namespace halvern {
 
+/// The columns of rows of `PosLst`.
+extern const std::vector<RowColumn> PositionColumns;
+
 QWidget* MakePositionWindow(Halvern& halvern);
 QWidget* MakeStatusWindow(Halvern& halvern);
 QWidget* MakeDigiWindow(Halvern& halvern);

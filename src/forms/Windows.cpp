@@ -28,6 +28,13 @@ FirstPlace BesideMap(int slot, int count, int layer)
     };
 }
 
+/// Over the lower right of the map, where a long row can be read to its end.
+QRect OverMap(const QRect& area)
+{
+    const int wide = area.width() * 11 / 20, high = area.height() / 2;
+    return {area.width() - wide, area.height() - high, wide, high};
+}
+
 } // namespace
 
 Windows::Windows(Halvern& halvern) : halvern(halvern), main(std::make_unique<MainWindow>(halvern))
@@ -54,7 +61,7 @@ void Windows::AddChildren()
     AddChild(halvern.DxFrm, MakeDxWindow(halvern), BesideMap(2, 3, 1));
     AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), BesideMap(0, 3, 2));
     AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), BesideMap(2, 3, 2));
-    AddChild(halvern.GateFrm, MakeGateWindow(halvern), BesideMap(1, 3, 2));
+    AddChild(halvern.GateFrm, MakeGateWindow(halvern), OverMap);
 }
 
 void Windows::AddChild(Form& form, QWidget* content, const FirstPlace& place)

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include "platform/Text.h"
@@ -32,6 +33,19 @@ constexpr std::pair<std::string_view, QSerialPort::DataBits> DataBits[] = {
     {"5", QSerialPort::Data5}, {"6", QSerialPort::Data6}, {"7", QSerialPort::Data7}, {"8", QSerialPort::Data8}};
 constexpr std::pair<std::string_view, QSerialPort::StopBits> StopBits[] = {
     {"1", QSerialPort::OneStop}, {"1.5", QSerialPort::OneAndHalfStop}, {"2", QSerialPort::TwoStop}};
+
+/// A line that a bridge feeds keeps what came while nobody listened, page by page as room is made: all of it is old.
+/// What comes now comes a few bytes at a time.
+void DropWaiting(int line)
+{
+    constexpr int mostPages = 64, pushMs = 2;
+    char page[4096];
+    ssize_t count = sizeof page;
+    for (int i = 0; i < mostPages && count >= 256; ++i) {
+        pollfd waiting{line, POLLIN, 0};
+        count = ::poll(&waiting, 1, pushMs) > 0 ? ::read(line, page, sizeof page) : 0;
+    }
+}
 
 } // namespace
 
@@ -60,6 +74,7 @@ std::optional<PortError> QtSerialDevice::Open(int number, const std::string& set
     line.setPortName(QString::fromStdString(path));
     if (path.empty() || !line.open(QIODevice::ReadWrite)) return Refusal(number, path);
     if (Configure(settings)) {
+        DropWaiting(line.handle());
         feed.Start();
         return {};
     }

@@ -98,6 +98,19 @@ TEST_F(GpsLine, CarriesWhatReceiversOnTheRoadHaveSaid)
     EXPECT_GT(fixes, 50);
 }
 
+TEST_F(GpsLine, ForgetsWhatWasSaidWhileNobodyListened)
+{
+    const auto at = [](int minute) {
+        return ReceiverBlock("$GPGLL,34" + std::to_string(minute) + ".00,N,11801.83,W,040332,A*75");
+    };
+    Choose("GPGLL");
+    EXPECT_EQ(Receive(at(10)), "=3410.00N/11801.83W- own");
+    std::string old;
+    for (int minute = 11; minute < 50; ++minute) old += at(minute);
+    for (std::size_t sent = 0, taken = 1; taken > 0; sent += taken) taken = cable.Offer(old.substr(sent));
+    EXPECT_EQ(Receive(at(50)), "=3450.00N/11801.83W- own");
+}
+
 TEST_F(GpsLine, TellsASentenceThatNeverComesASilentReceiverAndOneUnplugged)
 {
     EXPECT_THAT(Receive(ReceiverBlock("$GNRMC,210000,A,4100.00,N,07200.00,W,30.2,271.0,010100,,*7C")),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -33,6 +34,11 @@ public:
     void Send(std::string_view bytes) const
     {
         EXPECT_EQ(::write(far, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    /// @return how many of the bytes the line had room for
+    std::size_t Offer(std::string_view bytes) const
+    {
+        return static_cast<std::size_t>(std::max<ssize_t>(0, ::write(far, bytes.data(), bytes.size())));
     }
     std::string Take() const
     {
