@@ -21,12 +21,8 @@ set SetUpfrm.LonSigntxt "W"
 set SetUpfrm.SymbolCombo "House VHF /-"
 set SetUpfrm.CommentTXT "Long Island"
 set SetUpfrm.StatusTXT "Listening on 144.390"'
-# In windows of a screen this wide
-on_screen() {
-    QT_QPA_PLATFORM="offscreen$1" "$console" --simulate --windows "$station"
-}
-
-on_screen "" <<SCRIPT
+export QT_QPA_PLATFORM=offscreen
+"$console" --simulate --windows "$station" <<SCRIPT
 now "2026-05-01 12:00:00"
 $who
 picture SetUpfrm "$PWD/data/help/setup-station.png"
@@ -68,7 +64,8 @@ PYTHON
 }
 heard() { printf 'receive MSComm1 "%s"\nwait 1700\n' "$(frame "$1")"; }
 served() { printf 'receive InternetSoc "%s\\r\\n"\nwait 900\n' "$1"; }
-rm "$station/Halvern.INI" 2> /dev/null || true
+echo '{"screens": [{"name": "wider", "width": 1200, "height": 800, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}' \
+    > "$station/screen.json"
 {
     cat <<SCRIPT
 now "2026-05-01 12:00:00"
@@ -100,5 +97,22 @@ SCRIPT
     served "$far:Q8HIK-7  :Bring water{7"
     heard "Q6GAT>APRS,Q3DIG*:}Q9FAR>APRS,TCPIP,Q6GAT*::Q8HIK-7  :Bring water{7"
     served "Q3DIG>APRS,TCPIP*,qAC,T2X::Q2CAR-9  :73{1"
-    printf '%s\n' "click ConMdiFrm.GateMenu" "picture GateFrm \"$PWD/data/help/gate.png\""
-} | on_screen ":configfile=data/demo/screen.json"
+    cat <<SCRIPT
+click ConMdiFrm.GateMenu
+picture GateFrm "$PWD/data/help/gate.png"
+click ConMdiFrm.CreateMyObjectsMenu
+set CreateObjectsFrm.ObjectNameTxt "AIDPOST"
+set CreateObjectsFrm.SymbolCombo "Aid Station /A"
+set CreateObjectsFrm.LatDegtxt "40"
+set CreateObjectsFrm.LatMintxt "47"
+set CreateObjectsFrm.LatDectxt "50"
+set CreateObjectsFrm.LatSigntxt "N"
+set CreateObjectsFrm.LonDegtxt "073"
+set CreateObjectsFrm.LonMintxt "12"
+set CreateObjectsFrm.LonDectxt "25"
+set CreateObjectsFrm.LonSigntxt "W"
+set CreateObjectsFrm.CommentTXT "first aid, kilometre 14"
+picture CreateObjectsFrm "$PWD/data/help/object.png"
+click CreateObjectsFrm.CancelCmd
+SCRIPT
+} | QT_QPA_PLATFORM="offscreen:configfile=$station/screen.json" "$console" --simulate --windows "$station"
