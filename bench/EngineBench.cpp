@@ -10,6 +10,24 @@
 #include "engine/ResetStores.h"
 #include "platform/Text.h"
 
+static long allocations = 0;
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete" // both sides of the pair are ours
+
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    if (void* const memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
 namespace halvern {
 namespace {
 
@@ -61,9 +79,12 @@ void StationsKnown(benchmark::State& state)
     station->halvern.TerminalFrm.RawPacketLst.Clear();
     int next = 0;
     int round = 1;
+    long allocated = 0; // by the station alone, the line itself left aside
     for (auto _ : state) {
         std::string line = Report(static_cast<int>(static_cast<long>(next) * 7919 % known), round);
+        const long before = allocations;
         ProcessPacket(station->halvern, line, "TCPIP");
+        allocated += allocations - before;
         if (++next == known) next = 0, ++round;
         if (station->halvern.TerminalFrm.RawPacketLst.Count() < 30000) continue;
         state.PauseTiming();
@@ -71,6 +92,7 @@ void StationsKnown(benchmark::State& state)
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations());
+    state.counters["allocations"] = static_cast<double>(allocated) / static_cast<double>(state.iterations());
 }
 BENCHMARK(StationsKnown)->Arg(1000)->Arg(10000)->Arg(31990);
 

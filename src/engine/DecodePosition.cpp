@@ -68,9 +68,12 @@ std::string SymbolOf(const Halvern& halvern, const Report& report)
 /// The row for a report, with the time of now where the report has no stamp.
 std::string RowOf(const Halvern& halvern, const Report& report, char state)
 {
-    auto row = report.call + state;
-    if (report.stamped) return row + report.info;
-    return row + report.info[0] + DayHourMinute(halvern.Engine.LastUtc) + "z" + report.info.substr(1);
+    std::string row;
+    row.reserve(positionRow::Latitude.first + report.info.size());
+    row.append(report.call) += state;
+    if (report.stamped) return row.append(report.info);
+    row += report.info[0];
+    return row.append(DayHourMinute(halvern.Engine.LastUtc)).append("z").append(report.info, 1);
 }
 
 void AddStation(Halvern& halvern, const Report& report)

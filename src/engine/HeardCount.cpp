@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/HeardCount.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
 #include "platform/Text.h"
 #include "protocol/UtcTime.h"
 
 namespace halvern {
 namespace {
 
+constexpr std::string_view Title = "Heard Form: Total Stations Heard = ";
+
 /// "dd/hh:mm", the moment at which a column opens.
 std::string ColumnLabel(const Moment& moment)
 {
-    return ZeroFilled(moment.day, 2) + "/" + ZeroFilled(moment.hour, 2) + ":" + ZeroFilled(moment.minute, 2);
+    const auto digits = DayHourMinute(moment);
+    return {digits[0], digits[1], '/', digits[2], digits[3], ':', digits[4], digits[5]};
 }
 
 std::string_view DayOf(std::string_view label)
@@ -66,15 +73,17 @@ void CountHeard(Halvern& halvern)
     const int last = grid.Cols() - 1;
     const int row = grid.FindRow(halvern.Engine.SourceCall, 1);
     if (row == NotFound) {
-        grid.AddRow();
+        grid.AddRow(halvern.Engine.SourceCall);
         const int added = grid.Rows() - 1;
-        grid.SetCell(added, 0, halvern.Engine.SourceCall);
         for (int column = 1; column < last; ++column) grid.SetCell(added, column, "0");
         grid.SetCell(added, last, "1");
     } else if (!IsOwnPacketAsSent(halvern)) {
         grid.SetCell(row, last, std::to_string(static_cast<long>(LeadingNumber(grid.Cell(row, last))) + 1));
     }
-    halvern.HeardFrm.SetCaption("Heard Form: Total Stations Heard = " + std::to_string(grid.Rows() - 1));
+    std::array<char, 64> text; // each packet comes by here: no string is made for it
+    const auto digits = std::ranges::copy(Title, text.begin()).out;
+    const auto end = std::to_chars(digits, text.end(), grid.Rows() - 1).ptr;
+    halvern.HeardFrm.SetCaption({text.begin(), end});
 }
 
 } // namespace halvern

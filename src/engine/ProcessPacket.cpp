@@ -70,8 +70,10 @@ bool TakeIn(Halvern& halvern, const std::string& line)
     if (line.starts_with("#") || !Holds(line, ">")) return false;
     const auto colon = EndOfHeader(line);
     if (colon == 0) return false;
-    const bool timed = IsWeatherOrSentence(Columns(line, colon + 1));
-    FileRaw(halvern, timed ? line + DayHourMinuteSecond(UtcNow(halvern.Outside.clock)) : line);
+    if (IsWeatherOrSentence(Columns(line, colon + 1)))
+        FileRaw(halvern, line + DayHourMinuteSecond(UtcNow(halvern.Outside.clock)));
+    else
+        FileRaw(halvern, line);
     return true;
 }
 

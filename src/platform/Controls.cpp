@@ -300,8 +300,8 @@ void List::NoteRemoved(int index)
 void List::Replace(int index, std::string_view row)
 {
     Require(index, Count());
-    rows[index] = row;
     Keyed(index, row);
+    rows[index] = row;
     if (selected == index) text = row;
     Tell({Change::RowReplaced, index});
 }
@@ -491,6 +491,14 @@ void Grid::SetSize(int newRows, int newColumns)
     for (auto& column : columns) column.resize(newRows);
     while (rows < newRows) keys.Insert(rows++, "");
     while (rows > newRows) keys.Remove(--rows);
+    Tell({});
+}
+
+void Grid::AddRow(std::string_view first)
+{
+    for (auto& column : columns) column.emplace_back();
+    columns[0].back() = first;
+    keys.Insert(rows++, first);
     Tell({});
 }
 

@@ -117,7 +117,7 @@ protected:
     Control(Form& form, std::string_view name);
 
     void Tell(const Change& change) const;
-    template <class Value> void Put(Value& place, const Value& value)
+    template <class Value, class Given> void Put(Value& place, const Given& value)
     {
         if (place == value) return;
         place = value;
@@ -167,7 +167,7 @@ public:
     Form(Controls& directory, std::string name, std::string caption);
 
     const std::string& Caption() const { return caption; }
-    void SetCaption(std::string text) { Put(caption, text); }
+    void SetCaption(std::string_view text) { Put(caption, text); }
     const halvern::Place& Place() const { return place; }
     /// Moves or sizes the window; `OnResize` runs if its size or its state changed.
     void SetPlace(const halvern::Place& where);
@@ -207,7 +207,7 @@ public:
     {
     }
     const std::string& Caption() const { return caption; }
-    void SetCaption(std::string text) { Put(caption, text); }
+    void SetCaption(std::string_view text) { Put(caption, text); }
     PropertyTexts Describe() const override;
 
 private:
@@ -336,7 +336,7 @@ public:
     std::function<void(int& key)> OnKey;
 
 protected:
-    /// The first `width` columns of the rows, as a dense table for searching.
+    /// For a list that finds its rows by a key: a row is about to become another one, has come, is gone.
     virtual void Keyed(int, std::string_view) {}
     virtual void KeyInserted(int, std::string_view) {}
     virtual void KeyRemoved(int) {}
@@ -370,7 +370,10 @@ public:
     int FindAlike(std::string_view row, const std::function<bool(int index)>& visit) const;
 
 protected:
-    void Keyed(int index, std::string_view row) override { keys.Replace(index, keyOf(row)); }
+    void Keyed(int index, std::string_view row) override
+    {
+        if (const auto key = keyOf(row); key != keyOf(Row(index))) keys.Replace(index, key);
+    }
     void KeyInserted(int index, std::string_view row) override { keys.Insert(index, keyOf(row)); }
     void KeyRemoved(int index) override { keys.Remove(index); }
     void KeysCleared() override { keys.Clear(); }
@@ -461,7 +464,7 @@ public:
     const std::string& Cell(int row, int column) const;
     void SetCell(int row, int column, std::string_view text);
     void SetSize(int rows, int columns);
-    void AddRow() { SetSize(rows + 1, Cols()); }
+    void AddRow(std::string_view first);
     void AddColumn() { SetSize(rows, Cols() + 1); }
     /// Empties every cell; the size stays.
     void Clear();

@@ -10,11 +10,9 @@ constexpr std::uint64_t Room = 1u << 20; ///< serials left free between two rows
 
 } // namespace
 
-/// Without removals each row stands where its serial says; the halving is for the others.
 int KeyIndex::PlaceOf(std::uint64_t serial) const
 {
-    if (const auto guess = serial / Room - 1; guess < entries.size() && entries[guess].serial == serial)
-        return static_cast<int>(guess);
+    if (inOrder) return static_cast<int>(serial / Room - 1);
     const auto place = std::ranges::lower_bound(entries, serial, {}, &Entry::serial);
     return static_cast<int>(place - entries.begin());
 }
@@ -59,6 +57,7 @@ void KeyIndex::Part(int index)
 
 void KeyIndex::Insert(int index, std::string_view key)
 {
+    inOrder = inOrder && index == static_cast<int>(entries.size());
     const auto entry = entries.insert(entries.begin() + index, Entry{SerialFor(index), nullptr});
     Join(*entry, key);
 }
@@ -72,6 +71,7 @@ void KeyIndex::Replace(int index, std::string_view key)
 
 void KeyIndex::Remove(int index)
 {
+    inOrder = inOrder && index + 1 == static_cast<int>(entries.size());
     Part(index);
     entries.erase(entries.begin() + index);
 }
@@ -80,6 +80,7 @@ void KeyIndex::Clear()
 {
     entries.clear();
     groups.clear();
+    inOrder = true;
 }
 
 int KeyIndex::Find(std::string_view key, int from) const

@@ -52,6 +52,7 @@ private:
 
     std::vector<Entry> entries;
     Groups groups;
+    bool inOrder = true; ///< rows were added at the end alone: each stands where its serial says
 };
 
 } // namespace halvern

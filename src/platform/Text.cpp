@@ -2,11 +2,19 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace halvern {
+namespace {
+
+constexpr std::array<double, 16> PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                             1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+} // namespace
 
 std::string_view Columns(std::string_view text, std::size_t first, std::size_t count)
 {
@@ -39,13 +47,26 @@ bool Holds(std::string_view text, std::string_view what)
 double LeadingNumber(std::string_view text)
 {
     text = TrimmedLeft(text);
-    std::size_t end = 0;
-    if (end < text.size() && (text[end] == '-' || text[end] == '+')) ++end;
-    bool point = false;
-    while (end < text.size() && (IsDigit(text[end]) || (text[end] == '.' && !point))) point |= text[end++] == '.';
-    if (!text.empty() && text[0] == '+') text.remove_prefix(1), --end;
+    const bool negative = text.starts_with('-');
+    std::size_t end = negative || text.starts_with('+') ? 1 : 0;
+    std::uint64_t whole = 0;
+    std::size_t digits = 0, behindPoint = 0;
+    for (bool point = false; end < text.size() && (IsDigit(text[end]) || (text[end] == '.' && !point)); ++end) {
+        if (text[end] == '.') {
+            point = true;
+            continue;
+        }
+        whole = whole * 10 + static_cast<std::uint64_t>(text[end] - '0');
+        ++digits;
+        if (point) ++behindPoint;
+    }
+    if (digits == 0) return 0;
+    if (digits < PowersOfTen.size()) { // both are exact, so that one division rounds as a full conversion does
+        const double number = static_cast<double>(whole) / PowersOfTen[behindPoint];
+        return negative ? -number : number;
+    }
     double number = 0;
-    std::from_chars(text.data(), text.data() + end, number);
+    std::from_chars(text.data() + (text.front() == '+' ? 1 : 0), text.data() + end, number);
     return number;
 }
 
@@ -133,7 +154,9 @@ std::string LowerCase(std::string_view text)
 
 void RemoveAll(std::string& text, char character)
 {
-    text.erase(std::remove(text.begin(), text.end(), character), text.end());
+    const auto first = text.find(character);
+    if (first == std::string::npos) return;
+    text.erase(std::remove(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(), character), text.end());
 }
 
 std::vector<std::string> SplitAt(std::string_view text, char mark)

@@ -46,13 +46,16 @@ int PathHopCount(std::string_view path)
     if (path == "0" || path == "None") return 0;
     long hops = 0;
     int index = 0;
-    for (const auto& entry : SplitAt(path)) {
+    for (;;) {
+        const auto comma = path.find(',');
+        const auto entry = path.substr(0, comma);
         if (PositionOf(entry, '-') == 1) return Unreadable; // nothing stands before the dash to be read
         const auto [counts, more] = HopsOf(entry, index++);
         if (counts) hops += more;
         if (hops < -MostHops || hops > MostHops) return Unreadable;
+        if (comma == std::string_view::npos) return static_cast<int>(hops);
+        path.remove_prefix(comma + 1);
     }
-    return static_cast<int>(hops);
 }
 
 std::string CheckUnprotoPath(std::string_view path)
