@@ -9,7 +9,8 @@ namespace {
 
 /// Where a point of a dial lies, as parts of its radius.
 constexpr double LongTick = 0.86, ShortTick = 0.92, LabelPlace = 0.74, NeedleTip = 0.66, NeedleTail = 0.14,
-                 NeedleHalf = 0.045, WordsPlace = 0.42;
+                 NeedleHalf = 0.045;
+constexpr double WordLines = 1.5; ///< under the dial, where no needle crosses the words
 
 QPointF At(double angle, double distance)
 {
@@ -29,7 +30,7 @@ Dial::Dial(DialScale scale, QString words, QWidget* parent)
 QSize Dial::sizeHint() const
 {
     constexpr int lines = 12;
-    return QSize(1, 1) * fontMetrics().height() * lines;
+    return QSize(lines, lines + 2) * fontMetrics().height();
 }
 
 void Dial::Point(double next)
@@ -82,17 +83,16 @@ void Dial::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double radius = std::min(width(), height()) / 2.0 - 2;
-    painter.translate(rect().center());
+    const double below = fontMetrics().height() * WordLines;
+    const double radius = std::min<double>(width(), height() - below) / 2 - 2;
+    painter.translate(width() / 2.0, (height() - below) / 2);
     painter.setPen(QPen(palette().color(QPalette::Mid), 1));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawEllipse(QPointF(), radius, radius);
     DrawScale(painter, radius);
     DrawNeedle(painter, radius);
     painter.setPen(palette().color(QPalette::WindowText));
-    QRectF box(0, 0, radius, fontMetrics().height() * 1.5);
-    box.moveCenter({0, radius * WordsPlace});
-    painter.drawText(box, Qt::AlignCenter, words.arg(value));
+    painter.drawText(QRectF(-radius, radius, 2 * radius, below), Qt::AlignCenter, words.arg(value));
 }
 
 } // namespace halvern

@@ -16,7 +16,7 @@ struct DialScale {
 };
 
 /// A round scale with a needle: a compass rose, a speedometer. Drawn in the desktop's colours; its value stands in
-/// words under the needle, and a screen reader hears it.
+/// words under it, and a screen reader hears it.
 class Dial final : public QWidget {
 public:
     /// @param words  what the value is said by, "%1" for the number

@@ -37,6 +37,7 @@ struct ListSize {
 constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
                                    {"ChosePrinter.PrinterLst", 6, 36},
                                    {"FindFoundFrm.CallSignLst", 8, 24},
+                                   {"GraphFrm.GraphLst", 8, 12},
                                    {"MoveMyObjectFrm.ObjectLst", 6, ObjectColumns},
                                    {"KillMyObjectsFrm.ObjectLst", 8, ObjectColumns},
                                    {"StpTransObjectsFrm.ObjectLst", 8, ObjectColumns},

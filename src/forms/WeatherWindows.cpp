@@ -117,9 +117,8 @@ private:
         for (int i = 0; i < form.GraphLst.Count(); ++i) drawn += {i + 1.0, LeadingNumber(form.GraphLst.Row(i))};
         line.replace(drawn);
         points.replace(drawn);
-        chart()->setTitle(Shown(form.Graph1.Caption()));
         reports.setTitleText(Shown(form.BottomTitle));
-        values.setTitleText(Shown(form.LeftTitle));
+        values.setTitleText(form.LeftTitle == "Temperature" ? tr("Temperature, °F") : Shown(form.LeftTitle));
         constexpr double ticks = 8, margin = 0.5; // the first and the last point stand whole within the frame
         const auto count = std::max(2.0, static_cast<double>(drawn.size()));
         reports.setRange(1 - margin, count + margin);
@@ -127,6 +126,10 @@ private:
         if (form.UpperBound > form.LowerBound) values.setRange(form.LowerBound, form.UpperBound);
         values.setTickCount(11);
         if (fitted && !drawn.isEmpty()) FitAxis(drawn);
+        const bool seen = std::ranges::any_of(
+            drawn, [this](const QPointF& point) { return point.y() >= values.min() && point.y() <= values.max(); });
+        chart()->setTitle(Shown(form.Graph1.Caption()) +
+                          (seen ? QString() : tr(" (all values lie outside of these bounds)")));
         setAccessibleDescription(tr("%1 values").arg(drawn.size()));
     }
 
@@ -155,8 +158,8 @@ private:
         }
         line.setPen(QPen(colours.color(QPalette::Highlight), 2));
         points.setColor(colours.color(QPalette::Highlight));
-        points.setBorderColor(ground);
-        points.setMarkerSize(fontMetrics().height() / 2.0);
+        points.setPen(Qt::NoPen); // a rim would hide the line where many reports stand close
+        points.setMarkerSize(fontMetrics().height() / 2.5);
     }
 
     GraphForm& form;
@@ -241,6 +244,7 @@ DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent)
     BindCommon(graph, form.Graph1, QObject::tr("Graph"));
     auto* list = DialogRows(halvern, form.GraphLst, window);
     auto* column = new QVBoxLayout;
+    list->setFixedWidth(list->minimumWidth()); // the room is the graph's
     AddList(column, form.GraphLst, list);
     auto* above = new QHBoxLayout;
     above->addWidget(graph, 1);

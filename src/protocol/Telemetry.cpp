@@ -2,6 +2,7 @@
 #include "protocol/Telemetry.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/Text.h"
 #include "protocol/PacketHeader.h"
@@ -18,6 +19,12 @@ template <std::size_t Count> void Put(std::array<std::string, Count>& places, st
     std::size_t place = 0;
     for (const auto& text : SplitAt(list))
         if (place < Count) places[place++] = Trimmed(text);
+}
+
+bool IsNumber(std::string_view text)
+{
+    return text.find_first_of("0123456789") != std::string_view::npos &&
+           text.find_first_not_of("0123456789+-.") == std::string_view::npos;
 }
 
 bool IsBinary(std::string_view text)
@@ -43,7 +50,9 @@ bool TelemetryBook::TakeReport(std::string_view call, std::string_view info)
     const auto body = info.substr(2);
     auto parts = SplitAt(body.starts_with("MIC") && !body.starts_with("MIC,") ? "MIC," + std::string(body.substr(3))
                                                                               : std::string(body));
-    auto* station = parts.size() < 2 ? nullptr : StationOf(call);
+    const auto said = [](const std::string& part) { return !Trimmed(part).empty(); };
+    const bool empty = parts.size() < 2 || std::none_of(parts.begin() + 1, parts.end(), said);
+    auto* station = empty ? nullptr : StationOf(call);
     if (station == nullptr) return false;
     Report report{.number = std::string(Trimmed(parts[0])), .readings = {}, .switches = {}};
     for (std::size_t i = 0; i < Readings && i + 1 < parts.size(); ++i) report.readings[i] = Trimmed(parts[i + 1]);
@@ -70,7 +79,7 @@ bool TelemetryBook::TakeDefinition(std::string_view info)
     if (what == Scales) {
         const auto numbers = SplitAt(list);
         for (std::size_t i = 0; i < numbers.size() && i < Readings * 3; ++i)
-            station->scales[i / 3][i % 3] = LeadingNumber(numbers[i]);
+            if (IsNumber(Trimmed(numbers[i]))) station->scales[i / 3][i % 3] = LeadingNumber(numbers[i]);
     }
     return true;
 }
@@ -86,6 +95,17 @@ bool TelemetryBook::Take(std::string_view line)
     return header && TakeReport(header->source, info);
 }
 
+/// The scaled value with its unit; the reading as it was sent where it is no number, or no scale makes sense of it.
+std::string TelemetryBook::ValueOf(const Station& station, const Report& report, std::size_t place)
+{
+    constexpr double largest = 1e9;
+    const auto& reading = report.readings[place];
+    const auto& [square, factor, added] = station.scales[place];
+    const double raw = LeadingNumber(reading), value = square * raw * raw + factor * raw + added;
+    if (!IsNumber(reading) || !(std::fabs(value) < largest)) return reading;
+    return PlainFloat(static_cast<float>(value)) + (station.units[place].empty() ? "" : " " + station.units[place]);
+}
+
 std::string TelemetryBook::WordsOf(const Station& station, const Report& report)
 {
     const auto nameOf = [&](std::size_t place, const std::string& otherwise) {
@@ -94,17 +114,16 @@ std::string TelemetryBook::WordsOf(const Station& station, const Report& report)
     std::string words;
     for (std::size_t i = 0; i < Readings; ++i) {
         if (report.readings[i].empty()) continue;
-        const auto& [square, factor, added] = station.scales[i];
-        const double raw = LeadingNumber(report.readings[i]);
-        const auto value = PlainFloat(static_cast<float>(square * raw * raw + factor * raw + added));
-        words += (words.empty() ? "" : ", ") + nameOf(i, std::to_string(i + 1) + ":") + " " + value +
-                 (station.units[i].empty() ? "" : " " + station.units[i]);
+        words +=
+            (words.empty() ? "" : ", ") + nameOf(i, std::to_string(i + 1) + ":") + " " + ValueOf(station, report, i);
     }
     for (std::size_t i = 0; i < report.switches.size(); ++i) {
         const auto& on = station.units[Readings + i];
         const bool active = report.switches[i] == station.sense[i];
-        words += (i == 0 ? "; " : ", ") + nameOf(Readings + i, "B" + std::to_string(i + 1)) + " " +
-                 (active ? (on.empty() ? "on" : on) : "off");
+        words += (words.empty() ? ""
+                  : i == 0      ? "; "
+                                : ", ") +
+                 nameOf(Readings + i, "B" + std::to_string(i + 1)) + " " + (active ? (on.empty() ? "on" : on) : "off");
     }
     return words;
 }

@@ -50,6 +50,7 @@ private:
     Station* StationOf(std::string_view call);
     bool TakeReport(std::string_view call, std::string_view info);
     bool TakeDefinition(std::string_view info);
+    static std::string ValueOf(const Station& station, const Report& report, std::size_t place);
     static std::string WordsOf(const Station& station, const Report& report);
 
     std::map<std::string, Station, std::less<>> stations;
