@@ -6,6 +6,7 @@
 #include <zlib.h>
 
 #include "engine/ProcessPacket.h"
+#include "platform/Text.h"
 #include "platform/simulated/FaultyFiles.h"
 #include "protocol/RecordedLine.h"
 #include "support/MapStation.h"
@@ -127,6 +128,24 @@ TEST_F(History, ASecondViewKeepsTheFirstState)
     EXPECT_THAT(Stations(), ElementsAre("Q0OWN"));
     main.RestoreMenu.Click();
     EXPECT_EQ(Stations(), kept) << "all but the killed object";
+}
+
+TEST_F(History, ALogIsPlayedIntoACrowdAndTheCrowdComesBack)
+{
+    std::string log;
+    station.dialogs.Say = nullptr;
+    for (int i = 0; i < 20000; ++i) {
+        const auto call = "Q" + std::to_string(10000 + i), place = ZeroFilled(1 + i % 179, 3) + "08.41W-";
+        station.Hear(call + ">APRS,WIDE1-1*:!4049.14N/" + place);
+        if (i % 9 == 0) log += call + ">APRS:=4149.14N\\" + place + "\n" + call + "-9>APRS:>a status\n";
+    }
+    const auto before = StoresOf(halvern);
+    folder.Put("crowd.log", log);
+    Import("crowd.log");
+    EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 2224);
+    EXPECT_EQ(halvern.StatusFrm.StatusLst.Count(), 2224);
+    main.RestoreMenu.Click();
+    EXPECT_EQ(StoresOf(halvern), before);
 }
 
 TEST_F(History, TheEndOfTheProgramTakesTheKeyOfTheKeptStateAway)

@@ -62,6 +62,21 @@ TEST_F(ConsoleProgram, ALiveStationLeavesAFolderAloneThatIsInUse)
     EXPECT_THAT(Run("--simulate", "echo \"up\""), ElementsAre("modal SetUpfrm", "echo \"up\"", "closed SetUpfrm"));
 }
 
+TEST_F(ConsoleProgram, WhatWasLoggedIsInTheFileWhenTheProgramIsKilled)
+{
+    work.Put("input", "answer \"" + work.Path() +
+                          "/day.log\"\nclick ConMdiFrm.Log\npacket TNC \"Q1ABC>APRS:>on\"\n"
+                          "echo \"logged\"\n");
+    const auto command = "cd '" + work.Path() +
+                         "' && mkfifo words && exec 3<>words && cat input >&3 && { '" HALVERN_BUILD
+                         "/halvern-console' '" +
+                         folder.Path() +
+                         "' <words >output 2>&1 & } && "
+                         "timeout 60 sh -c 'until grep -q logged output; do sleep 0.1; done'; kill -9 $!";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(DiskFiles().Read(work.Path() + "/day.log").value_or("none"), "Q1ABC>APRS:>on\r\n");
+}
+
 TEST_F(ConsoleProgram, TakesPicturesOfItsWindowsAndOfTheMapWithoutAny)
 {
     folder.Put("Halvern.INI", DiskFiles().Read(DataFolder() + "/demo/Halvern.INI").value_or(""));
