@@ -97,24 +97,21 @@ TEST_F(Setup, PortsThatClashAreToldAndTheGpsGoesOff)
 TEST_F(Setup, ChangedDataGoOutAtOnceWhereAPortIsOpen)
 {
     auto& timer = main.Timer2;
-    const auto accept = [&] {
+    const auto accept = [&](const char* status) {
+        setUp.StatusTXT.SetText(status);
         timer.Stop();
         setUp.TabOkCmd.Click();
         main.SetupMenu.Click();
         return timer.Running();
     };
-    setUp.StatusTXT.SetText("no port is open");
-    EXPECT_FALSE(accept());
+    EXPECT_FALSE(accept("no port is open"));
     main.PortTnc.SetChecked(true);
-    EXPECT_FALSE(accept()) << "nothing has changed";
-    setUp.TncTypeCombo.Select(2);
-    EXPECT_FALSE(accept()) << "own packets don't show it";
-    setUp.StatusTXT.SetText("news");
-    EXPECT_TRUE(accept());
+    setUp.TncTypeCombo.Select(2); // own packets don't show it
+    EXPECT_FALSE(accept("no port is open")) << "nothing has changed";
+    EXPECT_TRUE(accept("news"));
     EXPECT_EQ(timer.Interval(), 1);
     main.WeatherMenu.SetChecked(true);
-    setUp.StatusTXT.SetText("the weather station sends");
-    EXPECT_FALSE(accept());
+    EXPECT_FALSE(accept("the weather station sends"));
 }
 
 TEST_F(Setup, ListsAreKeptByTheirButtons)
@@ -134,6 +131,9 @@ TEST_F(Setup, ListsAreKeptByTheirButtons)
     EXPECT_EQ(setUp.UnPath.Count(), 2);
     EXPECT_THAT(SaidAt(setUp.DeleteCom), ElementsAre(HasSubstr("You must click on an Unproto Path item")));
     EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("You have to chose an Unproto path")));
+    setUp.UnPath.Select(0);
+    halvern.MessageFrm.MailUnPath.Preselect(-1);
+    EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("You have to chose a Mail Unproto path")));
     while (setUp.UnPath.Count() < 20) setUp.UnPath.Add("Q1DIG");
     EXPECT_THAT(SaidAt(setUp.AddCom), ElementsAre(HasSubstr("You may not have more than 20 paths total.")));
 
@@ -167,22 +167,17 @@ TEST_F(Setup, SwitchesEnableWhatBelongsToThem)
     EXPECT_TRUE(setUp.AltNetTxt.Enabled());
     EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr("You have activated the Alternet text box")));
     setUp.AltNetTxt.SetText("QNET");
+    setUp.MyAliasOpt.Select(1);
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("NOTE failure to follow the above recomendations")));
     setUp.TabOkCmd.Click();
-    EXPECT_EQ(halvern.Engine.OwnDest, "QNET");
+    EXPECT_EQ(halvern.Engine.OwnDest + setUp.MyAlias, "QNETWIDE1-1");
     setUp.AprsMode.Select(0);
     EXPECT_TRUE(halvern.Engine.OwnDest == "APHV01" && !setUp.AltNetTxt.Enabled());
-
     setUp.IgateOpt.Select(1);
     setUp.IgateBIOpt.Select(1);
     for (auto* control : setUp.GatingControls()) EXPECT_TRUE(control->Enabled()) << control->Name();
     setUp.IgateOpt.Select(0);
     EXPECT_TRUE(setUp.IgateBIOpt.On(0) && !setUp.IgateBIOpt.Enabled() && !setUp.WxDelCmd.Enabled());
-
-    Said();
-    setUp.MyAliasOpt.Select(1);
-    EXPECT_THAT(Said(), ElementsAre(HasSubstr("NOTE failure to follow the above recomendations")));
-    setUp.TabOkCmd.Click();
-    EXPECT_EQ(setUp.MyAlias, "WIDE1-1");
 }
 
 TEST_F(Setup, TheWeatherFileIsFoundByItsFolders)
@@ -230,15 +225,13 @@ TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
 TEST_F(Setup, AChildWindowIsHiddenByItsCloseBoxAndKeepsItsRows)
 {
     main.FrmMenu(5).OnClick();
-    EXPECT_TRUE(form.Visible() && main.MailMenu.Visible());
+    EXPECT_TRUE(form.Visible() && main.MailMenu.Visible() && main.WindowMenu.Visible());
     form.TrafficLst.Add("a row");
     form.PressCloseBox();
     EXPECT_TRUE(!form.Visible() && !main.MailMenu.Visible() && main.FrmState[5] == "False");
+    EXPECT_EQ(form.TrafficLst.Count(), 1);
     main.FrmMenu(1).OnClick();
     EXPECT_TRUE(!main.WindowMenu.Visible() && !main.RefreshMnu.Visible() && !main.Toolbar1.Visible());
-    main.FrmMenu(5).OnClick();
-    EXPECT_EQ(form.TrafficLst.Count(), 1);
-    EXPECT_TRUE(main.WindowMenu.Visible());
 }
 
 TEST_F(Setup, TheEndClosesPortsAndLeavesNoSnapshot)
