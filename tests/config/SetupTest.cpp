@@ -222,18 +222,6 @@ TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
     EXPECT_EQ(halvern.HeardFrm.HeardGrid.Font(), (Font{"Sans", 20}));
 }
 
-TEST_F(Setup, AChildWindowIsHiddenByItsCloseBoxAndKeepsItsRows)
-{
-    main.FrmMenu(5).OnClick();
-    EXPECT_TRUE(form.Visible() && main.MailMenu.Visible() && main.WindowMenu.Visible());
-    form.TrafficLst.Add("a row");
-    form.PressCloseBox();
-    EXPECT_TRUE(!form.Visible() && !main.MailMenu.Visible() && main.FrmState[5] == "False");
-    EXPECT_EQ(form.TrafficLst.Count(), 1);
-    main.FrmMenu(1).OnClick();
-    EXPECT_TRUE(!main.WindowMenu.Visible() && !main.RefreshMnu.Visible() && !main.Toolbar1.Visible());
-}
-
 TEST_F(Setup, TheEndClosesPortsAndLeavesNoSnapshot)
 {
     Put("Pos.txt", "rows");

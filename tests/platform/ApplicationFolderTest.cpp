@@ -13,49 +13,31 @@ namespace {
 TEST(ApplicationFolderTest, AProgramAmongItsDataStaysThere)
 {
     const TemporaryFolder folder;
+    EXPECT_EQ(ApplicationFolder(folder.Path() + "/bin", folder.Path() + "/user"), folder.Path() + "/user/halvern");
     folder.Put("dosmaps/usa.map", "map");
     EXPECT_EQ(ApplicationFolder(folder.Path(), folder.Path() + "/user"), folder.Path());
-    EXPECT_FALSE(fs::exists(folder.Path() + "/user"));
 }
 
 TEST(ApplicationFolderTest, TheUsersFolderIsFilledAndTakesFilesOfTheOperator)
 {
     const TemporaryFolder folder;
-    folder.Put("share/halvern/dosmaps/usa.map", "map");
-    folder.Put("share/halvern/symbols/table1/045.gif", "house");
-    fs::create_directories(folder.Path() + "/bin");
-    const auto get = [&] { return ApplicationFolder(folder.Path() + "/bin", folder.Path() + "/user"); };
-    ASSERT_EQ(get(), folder.Path() + "/user/halvern");
     DiskFiles files;
-    EXPECT_EQ(files.Read(get() + "\\DOSMAPS\\USA.MAP"), "map");
-    EXPECT_EQ(files.Read(get() + "/symbols/table1/045.gif"), "house");
-    EXPECT_EQ(files.Write(get() + "/dosmaps/own.map", "own"), "");
+    folder.Put("share/halvern/dosmaps/usa.map", "map");
+    folder.Put("share/halvern/APRSDomain.INI", "servers");
+    const auto get = [&](const std::string& program) {
+        return ApplicationFolder(folder.Path() + program, folder.Path() + "/user");
+    };
+    ASSERT_EQ(get("/bin"), folder.Path() + "/user/halvern");
+    EXPECT_EQ(files.Read(get("/bin") + "\\DOSMAPS\\USA.MAP"), "map");
+    EXPECT_EQ(files.Write(get("/bin") + "/dosmaps/own.map", "own"), "");
     EXPECT_FALSE(fs::exists(folder.Path() + "/share/halvern/dosmaps/own.map"));
     folder.Put("share/halvern/dosmaps/new.map", "new");
-    EXPECT_EQ(files.Read(get() + "/dosmaps/new.map"), "new") << "a new version brings more";
-    EXPECT_EQ(files.Read(get() + "/dosmaps/own.map"), "own");
-}
-
-TEST(ApplicationFolderTest, LinksFollowDataThatMoved)
-{
-    const TemporaryFolder folder;
-    folder.Put("here/data/dosmaps/usa.map", "map");
-    folder.Put("here/data/APRSDomain.INI", "servers");
-    const auto get = [&](const char* place) {
-        return ApplicationFolder(folder.Path() + place + "/build/release", folder.Path() + "/user");
-    };
-    get("/here");
-    fs::rename(folder.Path() + "/here", folder.Path() + "/there");
-    DiskFiles files;
+    EXPECT_EQ(files.Read(get("/bin") + "/dosmaps/new.map"), "new") << "a new version brings more";
+    fs::rename(folder.Path() + "/share/halvern", folder.Path() + "/data");
     EXPECT_FALSE(files.Exists(folder.Path() + "/user/halvern/dosmaps/usa.map"));
-    EXPECT_EQ(files.Read(get("/there") + "/dosmaps/usa.map"), "map");
-    EXPECT_EQ(files.Read(get("/there") + "/APRSDomain.INI"), "servers");
-}
-
-TEST(ApplicationFolderTest, WithoutAnyDataItIsStillTheUsersFolder)
-{
-    const TemporaryFolder folder;
-    EXPECT_EQ(ApplicationFolder(folder.Path() + "/bin", folder.Path() + "/user"), folder.Path() + "/user/halvern");
+    EXPECT_EQ(files.Read(get("/build/release") + "/dosmaps/usa.map"), "map") << "links follow data that moved";
+    EXPECT_EQ(files.Read(get("/build/release") + "/APRSDomain.INI"), "servers");
+    EXPECT_EQ(files.Read(get("/build/release") + "/dosmaps/own.map"), "own");
 }
 
 TEST(DiskFilesTest, ALogTakesItsLinesAnewWhereItCanBeOpened)

@@ -33,6 +33,15 @@ TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
         Item(item).Click();
         EXPECT_EQ(main.StatusBar1.Caption(), words + " Closed");
     }
+    main.GpsMenu.SetChecked(true);
+    for (const auto& [item, words, beaconInterval] : cases) Item(item).Click();
+    EXPECT_FALSE(main.Timer2.Running() || main.PortIp.Checked());
+    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You cannot open the TCP/IP port while the GPS Port is open.")));
+    for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) {
+        EXPECT_TRUE(main.GpsMenu.Checked()) << item;
+        Item(item).Click();
+    }
+    EXPECT_FALSE(main.GpsMenu.Checked()) << "it goes with the last radio port";
     EXPECT_EQ(main.MSComm1.Settings + " " + std::to_string(main.MSComm1.PortNumber), "9600,n,8,1 12");
 }
 
@@ -59,44 +68,23 @@ TEST_F(PortRules, OnlyTheLastPortStopsTheTimers)
     }
 }
 
-TEST_F(PortRules, AGpsPortKeepsTheBeaconsStill)
-{
-    main.GpsMenu.SetChecked(true);
-    for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) Item(item).Click();
-    EXPECT_FALSE(main.Timer2.Running());
-    Item("PortIp").Click();
-    EXPECT_FALSE(main.PortIp.Checked());
-    EXPECT_THAT(Said(), ElementsAre(HasSubstr("You cannot open the TCP/IP port while the GPS Port is open.")));
-    for (const auto* item : {"PortTnc", "SoundCardMenu", "Psk63Menu"}) {
-        EXPECT_TRUE(main.GpsMenu.Checked()) << item;
-        Item(item).Click();
-    }
-    EXPECT_FALSE(main.GpsMenu.Checked()) << "it goes with the last radio port";
-}
-
 TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
 {
-    const struct {
-        const char *server, *port;
-        int refusal;
-        const char *words, *status;
-    } cases[] = {
+    const std::string failed = "Internet connection failed.", status = "Not connected to feed.example:";
+    const std::tuple<const char*, const char*, int, std::string, std::string> cases[] = {
         {"", "", 0, "You have to select a APRServer name first. ", ""},
         {"feed.example", "", 0, "You have to select a APRServer Port number first. ", ""},
-        {"feed.example", "14580", 10061, "Internet connection failed.", "Not connected to feed.example:14580: busy"},
-        {"feed.example", "80116", 0, "Internet connection failed.",
-         "Not connected to feed.example:80116: a port is a number from 1 to 65535"},
-        {"feed.example", "14580.4", 0, "Internet connection failed.",
-         "Not connected to feed.example:14580.4: a port is a number from 1 to 65535"},
-    };
-    for (const auto& each : cases) {
-        setUp.IntDomainCombo.SetText(each.server);
-        setUp.APRServePortTxt.SetText(each.port);
-        if (each.refusal != 0) station.ports.Line(main.InternetSoc)->Refuse(each.refusal, "busy");
+        {"feed.example", "14580", 10061, failed, status + "14580: busy"},
+        {"feed.example", "80116", 0, failed, status + "80116: a port is a number from 1 to 65535"},
+        {"feed.example", "14580.4", 0, failed, status + "14580.4: a port is a number from 1 to 65535"}};
+    for (const auto& [server, port, refusal, words, shown] : cases) {
+        setUp.IntDomainCombo.SetText(server);
+        setUp.APRServePortTxt.SetText(port);
+        if (refusal != 0) station.ports.Line(main.InternetSoc)->Refuse(refusal, "busy");
         main.PortIp.Click();
-        EXPECT_THAT(Said(), ElementsAre(StartsWith("message critical \"Halvern\" \"" + std::string(each.words))));
+        EXPECT_THAT(Said(), ElementsAre(StartsWith("message critical \"Halvern\" \"" + words)));
         EXPECT_FALSE(main.PortIp.Checked() || main.InternetSoc.Connected());
-        EXPECT_EQ(main.StatusBar1.Caption(), each.status);
+        EXPECT_EQ(main.StatusBar1.Caption(), shown);
     }
 }
 

@@ -6,11 +6,7 @@ namespace halvern::test {
 namespace {
 
 const std::string Packet = "Q1ABC>APRS:>one";
-
-std::string OnAir(const std::string& text)
-{
-    return "SSSSS" + text + "EEEEE";
-}
+const auto OnAir = [](const std::string& text) { return "SSSSS" + text + "EEEEE"; };
 
 struct Psk63Port : StationTest {
     void Open(const char* port)

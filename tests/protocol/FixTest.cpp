@@ -8,9 +8,7 @@ namespace {
 
 TEST(FixTest, IsFoundInABlockThatBeginsAndEndsAnywhere)
 {
-    const struct {
-        const char *name, *block, *fix;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"GPGGA", ",,*4A\r\n$GPGGA,210000,4049.14235,N,07308.41781,W,1,08,0.9,12,M,-34,M,,*47\r\n$GPG",
          "4049.14N 07308.41W "},
         {"GPGGA", "$GPGGA,210000,4049.14,N,07308.41,W,0,08,0.9,12,M,-34,M,,*47", "none"},
@@ -34,9 +32,9 @@ TEST(FixTest, IsFoundInABlockThatBeginsAndEndsAnywhere)
         {"", "$GPGLL,4049.14,N,07308.41,W,210000,A*1C", "none"},
         {"GPGLL", "", "none"},
     };
-    for (const auto& each : cases) {
-        const auto fix = FixInBlock(each.block, each.name);
-        EXPECT_EQ(fix ? fix->latitude + " " + fix->longitude + " " + fix->motion : "none", each.fix) << each.block;
+    for (const auto& [name, block, expected] : cases) {
+        const auto fix = FixInBlock(block, name);
+        EXPECT_EQ(fix ? fix->latitude + " " + fix->longitude + " " + fix->motion : "none", expected) << block;
     }
 }
 

@@ -41,17 +41,16 @@ TEST(Ultimeter, EveryFieldHasItsForm)
 
 TEST(Ultimeter, ARecordEndsAtItsReturnWhateverStandsAround)
 {
-    const struct {
-        std::string waiting, record, left;
-    } cases[] = {{"noise $UL", "", " $UL"},
-                 {"noise\r$ULTW00", "", "$ULTW00"},
-                 {"0000\r\n$ULTW12\r$ULTW", "$ULTW12", ""},
-                 {"$ULTW1$ULTW2\r", "$ULTW1$ULTW2", ""},
-                 {"$ULTW" + std::string(100, '0'), "", "$ULTW" + std::string(53, '0')}};
-    for (const auto& each : cases) {
-        auto buffer = each.waiting;
-        EXPECT_EQ(TakeUltimeterRecord(buffer).value_or(""), each.record);
-        EXPECT_EQ(buffer, each.left);
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {"noise $UL", "", " $UL"},
+        {"noise\r$ULTW00", "", "$ULTW00"},
+        {"0000\r\n$ULTW12\r$ULTW", "$ULTW12", ""},
+        {"$ULTW1$ULTW2\r", "$ULTW1$ULTW2", ""},
+        {"$ULTW" + std::string(100, '0'), "", "$ULTW" + std::string(53, '0')}};
+    for (const auto& [waiting, record, left] : cases) {
+        auto buffer = waiting;
+        EXPECT_EQ(TakeUltimeterRecord(buffer).value_or(""), record);
+        EXPECT_EQ(buffer, left);
     }
 }
 

@@ -9,30 +9,25 @@ namespace {
 
 TEST(Paths, AreCheckedAndCounted)
 {
-    const struct {
-        const char *path, *checked;
-        int hops;
-    } cases[] = {
+    const std::tuple<const char*, const char*, int> own[] = {
         {"RELAY", "RELAY*", 1},           {"WIDE1-1", "WIDE1*", 2},
-        {"WIDE2-2", "WIDE2*", 3},         {"WIDE3-3", "WIDE3*", 4},
+        {"WIDE2-2", "WIDE2*", 3},         {"Q0ABC-7", "Q0ABC-7*", 1},
         {"RELAY,WIDE", "RELAY,WIDE*", 2}, {"WIDE1-1,WIDE2-1", "WIDE1,WIDE2*", 5},
-        {"Q0ABC-7", "Q0ABC-7*", 1},       {"Q0ABC-7,WIDE2-1", "Q0ABC-7,WIDE2*", 4},
-        {"WIDE10-1", "WIDE10*", 1}, // only the last digit counts
-        {"A-1", "Path No Good", 0},       {"-1", "Path No Good", 0},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(CheckUnprotoPath(each.path), each.checked);
-        EXPECT_EQ(PathHopCount(each.checked), each.hops) << each.checked;
+        {"WIDE10-1", "WIDE10*", 1},       {"Q0ABC-7,WIDE2-1", "Q0ABC-7,WIDE2*", 4}, // only the last digit counts
+        {"A-1", "Path No Good", 0},       {"-1", "Path No Good", 0}};
+    for (const auto& [path, checked, hops] : own) {
+        EXPECT_EQ(CheckUnprotoPath(path), checked);
+        EXPECT_EQ(PathHopCount(checked), hops) << checked;
     }
     const std::pair<const char*, int> heard[] = {{"None", 0},
                                                  {"0", 0},
+                                                 {"", 0},
+                                                 {"WIDE2-2", 0},
                                                  {"Q0ABC,WIDE2-1", 1},
                                                  {"Q0ABC*,WIDE2-1", 2},
-                                                 {"WIDE2-2", 0},
                                                  {"Q0ABC,Q0DEF-5*", 2},
                                                  {"-5", 100},
-                                                 {"WIDE2-99999999999", 100},
-                                                 {"", 0}};
+                                                 {"WIDE2-99999999999", 100}};
     for (const auto& [path, hops] : heard) EXPECT_EQ(PathHopCount(path), hops) << path;
 }
 
@@ -66,19 +61,20 @@ TEST_F(Beacons, TheDialectOfMarksSpeaksCharacterByCharacter)
     setUp.UnPath.Preselect(1);
     halvern.Engine.Psk63Reply = "DONE";
     main.Psk63Soc.Connect();
-    main.Timer2.Start(8000);
-    station.time.Wait(8000);
-    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(Marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE\r"),
-                                                           Marked("SSSSSQ0OWN>APHV01:>hereEEEEE"), "\x1ATX\x1B"));
+    const auto sent = [&](bool busy) {
+        halvern.Engine.Psk63Busy = busy;
+        main.Timer2.Start(8000);
+        station.time.Wait(8000);
+        return station.SentBy(main.Psk63Soc);
+    };
+    const auto position = "SSSSSQ0OWN>APHV01:" + Position + "EEEEE";
+    EXPECT_THAT(sent(false),
+                ElementsAre(Marked(position + "\r"), Marked("SSSSSQ0OWN>APHV01:>hereEEEEE"), "\x1ATX\x1B"));
     EXPECT_EQ(halvern.Engine.Psk63Reply, "");
-    halvern.Engine.Psk63Busy = true;
-    main.Timer2.Start(8000);
-    station.time.Wait(8000);
-    EXPECT_THAT(station.SentBy(main.Psk63Soc), IsEmpty());
+    EXPECT_THAT(sent(true), IsEmpty());
     halvern.Engine.Psk63Busy = false;
     main.BeaconMenu.Click();
-    EXPECT_THAT(station.SentBy(main.Psk63Soc),
-                ElementsAre(Marked("SSSSSQ0OWN>APHV01:" + Position + "EEEEE"), "\x1ATX\x1B"));
+    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(Marked(position), "\x1ATX\x1B"));
 }
 
 TEST_F(Beacons, FollowThePathInTheirRate)
@@ -129,16 +125,12 @@ TEST_F(Beacons, ABadPathClosesThePortsOnce)
 
 TEST_F(Beacons, AWeatherSymbolStopsTheSchedule)
 {
-    const auto& symbols = setUp.SymbolCombo;
-    int weather = 0;
-    while (!symbols.Row(weather).ends_with("/_")) ++weather;
-    setUp.SymbolCombo.Preselect(weather);
+    setUp.SymbolCombo.Preselect(setUp.SymbolCombo.IndexOf("Weather Station Home /_"));
     station.OpenTnc();
     station.time.Wait(100000);
     main.BeaconMenu.Click();
-    EXPECT_THAT(station.SentByRadio(), IsEmpty());
-    EXPECT_FALSE(main.Timer2.Enabled());
-    EXPECT_EQ(main.Timer2.Interval(), 1);
+    EXPECT_THAT(Air(), IsEmpty());
+    EXPECT_TRUE(!main.Timer2.Enabled() && main.Timer2.Interval() == 1);
 }
 
 TEST_F(Beacons, BeaconNowSendsTheStoredPositionAlone)
@@ -149,10 +141,9 @@ TEST_F(Beacons, BeaconNowSendsTheStoredPositionAlone)
     main.InternetSoc.Connect();
     main.Psk63Soc.Connect();
     main.BeaconMenu.Click();
-    const auto* const payload = "=4100.00N/07200.00W-moved";
-    EXPECT_THAT(station.SentByRadio(), ElementsAre(std::string("Q0OWN>APHV01:") + payload));
-    EXPECT_THAT(station.SentBy(main.InternetSoc), ElementsAre(std::string("Q0OWN>APHV01,TCPIP*:") + payload + "\r\n"));
-    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(std::string("Q0OWN>APHV01:") + payload + "\r\n"));
+    const std::string payload = ":=4100.00N/07200.00W-moved";
+    EXPECT_THAT(Air(), ElementsAre("radio Q0OWN>APHV01" + payload, "internet Q0OWN>APHV01,TCPIP*" + payload + "\r\n",
+                                   "psk63 Q0OWN>APHV01" + payload + "\r\n"));
     EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 1);
 }
 

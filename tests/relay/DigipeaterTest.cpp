@@ -8,9 +8,7 @@ namespace {
 
 TEST(DigiSubstitute, TakesTheNextEntryOnly)
 {
-    const struct {
-        const char *path, *call, *changed;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {",WIDE1-1", "WIDE1-1", ",Q0OWN*"},
         {",WIDE1-1,WIDE2-1", "WIDE1-1", ",Q0OWN*,WIDE2-1"},
         {",WIDE1-1*,WIDE2-1", "WIDE1-1", nullptr},
@@ -22,14 +20,13 @@ TEST(DigiSubstitute, TakesTheNextEntryOnly)
         {",XQ0OWN", "Q0OWN", nullptr},
         {",Q0ABC,Q0OWN-5*,Q0OWN", "Q0OWN", nullptr},
         {",WIDE1-1", "", nullptr},
-        {",", "Q0OWN", nullptr},
-    };
-    for (const auto& each : cases) {
-        std::string path = each.path;
+        {",", "Q0OWN", nullptr}};
+    for (const auto& [heard, call, changed] : cases) {
+        std::string path = heard;
         std::int16_t count = 3;
-        DigiSubstitute(path, count, each.call, "Q0OWN");
-        EXPECT_EQ(path, each.changed == nullptr ? each.path : each.changed);
-        EXPECT_EQ(count, each.changed == nullptr ? 3 : 4) << each.path;
+        DigiSubstitute(path, count, call, "Q0OWN");
+        EXPECT_EQ(path, changed == nullptr ? heard : changed);
+        EXPECT_EQ(count, changed == nullptr ? 3 : 4) << heard;
     }
 }
 

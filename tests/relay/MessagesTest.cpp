@@ -10,10 +10,9 @@ namespace {
 TEST(OutMsgRecords, AreReadAsTheyWereWritten)
 {
     const MessageTrailer numbered{"{", ".", "12"}, plain{" ", " ", " "};
-    const struct {
-        std::string record;
-        const char *path, *information, *text, *number;
-    } cases[] = {
+    using Text = std::string;
+    const std::tuple<Text, Text, Text, Text, Text> cases[] = {
+        // path, information, text, number
         {OutMsgRecord("Q0AAA-11", "APHV01", "WIDE2-2", "Hello", numbered), "WIDE2-2", ":Q0AAA-11 :Hello{12", "Hello",
          "12"},
         // another destination of own packets leaves the path in its columns
@@ -23,15 +22,11 @@ TEST(OutMsgRecords, AreReadAsTheyWereWritten)
         // damaged ones: what is there
         {":Q0AAA    unproto APHV01 via WIDE2-2", "WIDE2-2", ":Q0AAA    ", "", ""},
         {":Q0", "", ":Q0", "", ""},
-        {"", "", "", "", ""},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(OutMsgPath(each.record), each.path) << each.record;
-        EXPECT_EQ(OutMsgInformation(each.record), each.information);
-        EXPECT_EQ(OutMsgText(each.record), each.text);
-        EXPECT_EQ(OutMsgNumber(each.record), each.number);
-    }
-    EXPECT_EQ(cases[0].record, ":Q0AAA-11 unproto APHV01 via WIDE2-2:Hello{12");
+        {"", "", "", "", ""}};
+    for (const auto& [record, path, information, text, number] : cases)
+        EXPECT_EQ(std::tuple(OutMsgPath(record), OutMsgInformation(record), OutMsgText(record), OutMsgNumber(record)),
+                  std::tuple(path, information, text, number));
+    EXPECT_EQ(std::get<0>(cases[0]), ":Q0AAA-11 unproto APHV01 via WIDE2-2:Hello{12");
 }
 
 struct OwnMessages : StationTest {

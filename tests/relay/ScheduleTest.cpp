@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// All that a station says in a day, beside a timetable that knows nothing of its timers; and ports that come and go.
+// All that a station says in a day, beside a timetable that knows nothing of its timers.
 #include <algorithm>
 
 #include "relay/Objects.h"
@@ -188,39 +188,6 @@ TEST_F(Schedule, OfADayWithEveryPortAndServiceOn)
     std::ranges::sort(day.all);
     std::ranges::sort(air);
     EXPECT_EQ(air, day.all);
-}
-
-TEST_F(Schedule, OfATncThatComesAndGoes)
-{
-    const auto rest = [&] { return !main.Timer2.Running() && !main.NetDecayTmr.Running() && !form.Timer1.Running(); };
-    station.OpenTnc();
-    station.Type("Q0AAA", "are you there");
-    WaitUntil(5 * Minute);
-    main.PortTnc.Click();
-    EXPECT_TRUE(rest());
-    station.ports.Line(main.MSComm1)->Refuse(8002, "no such device");
-    main.PortTnc.Click();
-    EXPECT_TRUE(rest());
-    WaitUntil(20 * Minute);
-    station.OpenTnc();
-    station.Type("Q0BBB", "and now");
-    WaitUntil(45 * Minute);
-    EXPECT_EQ(form.OutMsg.Count(), 2);
-    main.MSComm1.device->Close(); // unplugged, which the next retry finds out
-    WaitUntil(Hour);
-    EXPECT_EQ(form.OutMsg.Count(), 0);
-    EXPECT_TRUE(main.PortTnc.Checked() && main.Timer2.Running() && !form.Timer1.Running());
-    main.PortTnc.Click();
-    EXPECT_TRUE(rest());
-    WaitUntil(2 * Hour);
-
-    // the fast beacons begin anew with each opening, the count of minutes goes on from where it was
-    Times intended{1, 8001, 24001, 56001, 116001}, beacons;
-    for (const auto second : {0, 8, 24, 56, 116 + 6 * 60, 116 + 16 * 60})
-        intended.push_back(20 * Minute + 1 + second * Second);
-    for (const auto& sent : air)
-        if (sent.second.starts_with("radio Q0OWN>APHV01:=")) beacons.push_back(sent.first);
-    EXPECT_EQ(beacons, intended);
 }
 
 } // namespace

@@ -10,32 +10,23 @@ using Kind = WeatherReading::Kind;
 
 TEST(WeatherReading, OfEveryFormAndQuantity)
 {
-    struct {
-        const char* info;
-        Kind kind;
-        double temperature, barometer;
-        int gauge, direction;
-        double speed;
-    } const rows[] = {
-        {"*4095D00", Kind::Missing, 37, 0, 180, 90, 9},
-        {"#40A5D00", Kind::Missing, 37, 0, 180, 90, 6.2137},
-        {"!!00A000B4030501272702----", Kind::Good, 77.3, 998.6, 272, 180, 9.94192},
-        {"$ULTW00A000B4FFF600002702", Kind::Good, -1, 998.6, 272, 180, 9.94192},
-        {"_10090556c220s004g005t077r000p000P000h50b09900wRSW", Kind::Good, 77, 99, 312, 220, 4},
-        {"!4903.50N/07201.75W_300/004g005t077r000b09900", Kind::Good, 77, 99, 32, 300, 4},
-        {"@092345z4903.50N/07201.75W_220/004g005t077r000b09900", Kind::Good, 77, 9900, 312, 220, 4},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.info);
-        EXPECT_TRUE(LooksLikeWeather(row.info));
-        const auto barometer = ReadWeather(row.info, WeatherQuantity::Barometer);
-        const auto wind = ReadWeather(row.info, WeatherQuantity::Wind);
-        EXPECT_FLOAT_EQ(ReadWeather(row.info, WeatherQuantity::Temperature).value, static_cast<float>(row.temperature));
-        EXPECT_EQ(barometer.kind, row.kind);
-        EXPECT_FLOAT_EQ(barometer.value, static_cast<float>(row.barometer));
-        EXPECT_EQ(wind.gauge, row.gauge);
-        EXPECT_EQ(wind.direction, row.direction);
-        EXPECT_FLOAT_EQ(wind.value, static_cast<float>(row.speed));
+    using Row = std::tuple<const char*, Kind, double, double, int, int, double>;
+    for (const auto& [info, kind, temperature, pressure, gauge, direction, speed] :
+         {Row{"*4095D00", Kind::Missing, 37, 0, 180, 90, 9}, Row{"#40A5D00", Kind::Missing, 37, 0, 180, 90, 6.2137},
+          Row{"!!00A000B4030501272702----", Kind::Good, 77.3, 998.6, 272, 180, 9.94192},
+          Row{"$ULTW00A000B4FFF600002702", Kind::Good, -1, 998.6, 272, 180, 9.94192},
+          Row{"_10090556c220s004g005t077r000p000P000h50b09900wRSW", Kind::Good, 77, 99, 312, 220, 4},
+          Row{"!4903.50N/07201.75W_300/004g005t077r000b09900", Kind::Good, 77, 99, 32, 300, 4},
+          Row{"@092345z4903.50N/07201.75W_220/004g005t077r000b09900", Kind::Good, 77, 9900, 312, 220, 4}}) {
+        SCOPED_TRACE(info);
+        EXPECT_TRUE(LooksLikeWeather(info));
+        const auto barometer = ReadWeather(info, WeatherQuantity::Barometer);
+        const auto wind = ReadWeather(info, WeatherQuantity::Wind);
+        EXPECT_FLOAT_EQ(ReadWeather(info, WeatherQuantity::Temperature).value, static_cast<float>(temperature));
+        EXPECT_EQ(barometer.kind, kind);
+        EXPECT_FLOAT_EQ(barometer.value, static_cast<float>(pressure));
+        EXPECT_TRUE(wind.gauge == gauge && wind.direction == direction);
+        EXPECT_FLOAT_EQ(wind.value, static_cast<float>(speed));
     }
     for (const auto* info : {"*4095d00", "_10090556c220s004t-12", "_t...", "!!00A0", "!!00A000B403 501272702", "_1009",
                              "_", "!4903.50N/07201.75W_300/004", "$ULTW"})
@@ -78,17 +69,22 @@ TEST_F(WeatherGraphs, DrawReportsThatAreNotTooClose)
 TEST_F(WeatherGraphs, TellWhatIsMissing)
 {
     const std::string good = "Q1WX>APRS:_10090556c220s004t077b0990001000000", later = "01000100";
+    const std::tuple<int, std::string, Strings, const char*> cases[] = {
+        {0, "Q1WX", {"Q1WX>APRS:>status"}, "No Weather Data available at Q1WX"},
+        {0, "Q1WX", {good}, "Need more than  1 number of reports to make Graph."},
+        {0,
+         "Q1WX",
+         {good, "Q1WX>APRS:_t..." + later},
+         R"(Malformed packets received from Q1WX\r\n Not enough packets left)"},
+        {1,
+         "Q1",
+         {"Q1>APRS:*4095D0001000000", "Q1>APRS:*4095D00" + later},
+         "Q1 Weather station does not have a Barometer."},
+        {0, "Q1", {"Q1>APRS:!x01000000", "Q1>APRS:!x" + later}, "No packets received for Q1"}};
+    for (const auto& [kind, call, raw, words] : cases)
+        EXPECT_THAT(Graph(kind, call, raw), ElementsAre(HasSubstr(words)));
     EXPECT_THAT(Graph(0, "CALL SIGN", {good}),
-                ElementsAre(HasSubstr("critical \"Halvern\" \"You first have to enter a Call Sign"),
-                            HasSubstr("information \"Halvern\" \"CALL SIGN Not Found.\"")));
-    EXPECT_THAT(Graph(0, "Q1WX", {"Q1WX>APRS:>status"}), ElementsAre(HasSubstr("No Weather Data available at Q1WX")));
-    EXPECT_THAT(Graph(0, "Q1WX", {good}), ElementsAre(HasSubstr("Need more than  1 number of reports to make Graph.")));
-    EXPECT_THAT(Graph(0, "Q1WX", {good, "Q1WX>APRS:_t..." + later}),
-                ElementsAre(HasSubstr(R"(Malformed packets received from Q1WX\r\n Not enough packets left)")));
-    EXPECT_THAT(Graph(1, "Q1", {"Q1>APRS:*4095D0001000000", "Q1>APRS:*4095D00" + later}),
-                ElementsAre(HasSubstr("Q1 Weather station does not have a Barometer.")));
-    EXPECT_THAT(Graph(0, "Q1", {"Q1>APRS:!x01000000", "Q1>APRS:!x" + later}),
-                ElementsAre(HasSubstr("No packets received for Q1")));
+                ElementsAre(HasSubstr("You first have to enter a Call Sign"), HasSubstr("\"CALL SIGN Not Found.\"")));
 }
 
 TEST_F(WeatherGraphs, PlayTheWindOnTheCompass)
