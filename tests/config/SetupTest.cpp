@@ -63,23 +63,19 @@ TEST_F(Setup, CancelPutsTheValuesBackAndLeavesTheLists)
 
 TEST_F(Setup, PortsThatClashAreToldAndTheGpsGoesOff)
 {
-    const struct {
-        int wxPort, tncPort, gpsPort;
-        const char* said;
-        bool open;
-    } cases[] = {{0, 0, 1, "Your Weather station com port and your TNC com port", true},
-                 {1, 0, 1, "Your Weather station com port and your GPS com port", false},
-                 {5, 1, 1, "GPS com port and your TNC com port", false},
-                 {5, 0, 1, "You have to open up at least one of the following ports first", false}};
-    for (const auto& c : cases) {
-        setUp.WXPortCombo.Select(c.wxPort);
-        setUp.PortLst.Select(c.tncPort);
-        setUp.GpsPortLst.Select(c.gpsPort);
+    const std::tuple<int, int, int, const char*, bool> cases[] = {
+        {0, 0, 1, "Your Weather station com port and your TNC com port", true},
+        {1, 0, 1, "Your Weather station com port and your GPS com port", false},
+        {5, 1, 1, "GPS com port and your TNC com port", false},
+        {5, 0, 1, "You have to open up at least one of the following ports first", false}};
+    for (const auto& [wxPort, tncPort, gpsPort, words, open] : cases) {
+        setUp.WXPortCombo.Select(wxPort);
+        setUp.PortLst.Select(tncPort);
+        setUp.GpsPortLst.Select(gpsPort);
         setUp.GpsOpt.Select(0);
-        EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr(c.said)));
-        EXPECT_TRUE(setUp.Visible());
-        EXPECT_EQ(setUp.GpsOpt.On(0), c.open) << c.said;
-        EXPECT_FALSE(main.GpsMenu.Enabled());
+        EXPECT_THAT(SaidAt(setUp.TabOkCmd), ElementsAre(HasSubstr(words)));
+        EXPECT_TRUE(setUp.Visible() && !main.GpsMenu.Enabled());
+        EXPECT_EQ(setUp.GpsOpt.On(0), open) << words;
     }
     // saving asks the same and switches nothing off
     setUp.GpsOpt.Select(0);

@@ -176,28 +176,21 @@ TEST(Sentences, AreCutIntoFieldsTheChecksumAmongThem)
 
 TEST(Sentences, TakeTheirSymbolFromTheDestinationOrTheSsid)
 {
-    // an empty report is dropped
-    const std::tuple<const char*, const char*, const char*> cases[] = {{"Q1ABC-9", "GPS", "$4049.14N/07308.41W>"},
-                                                                       {"Q1ABC-15", "APRS", "$4049.14N/07308.41Wv"},
-                                                                       {"Q1ABC-16", "APRS", "$4049.14N07308.41W"},
-                                                                       {"Q1ABC", "APRS", ""},
-                                                                       {"Q1ABC", "GPSMV", "$4049.14N/07308.41W>"},
-                                                                       {"Q1ABC", "GPSBB", "$4049.14N/07308.41W!"},
-                                                                       {"Q1ABC", "GPSBC", ""},
-                                                                       {"Q1ABC", "GPSAP", ""},
-                                                                       {"Q1ABC", "GPSOM", "$4049.14N/07308.41W,"},
-                                                                       {"Q1ABC", "GPSOD", ""},
-                                                                       {"Q1ABC", "GPSOD7", "$4049.14N707308.41W#"},
-                                                                       {"Q1ABC", "GPSNR", "$4049.14N\\07308.41W:"},
-                                                                       {"Q1ABC", "GPSJ4", "$4049.14N/07308.41W~"},
-                                                                       {"Q1ABC", "GPSHX", "$4049.14N/07308.41W`"},
-                                                                       {"Q1ABC", "GPSxx", ""},
-                                                                       {"Q1ABC", "GPS:", ""}};
-    for (const auto& [source, dest, report] : cases) {
+    // table and code; a report without is dropped
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {"Q1ABC-9", "GPS", "/>"}, {"Q1ABC-15", "APRS", "/v"}, {"Q1ABC", "APRS", ""},     {"Q1ABC", "GPSMV", "/>"},
+        {"Q1ABC", "GPSBB", "/!"}, {"Q1ABC", "GPSBC", ""},     {"Q1ABC", "GPSAP", ""},    {"Q1ABC", "GPSOM", "/,"},
+        {"Q1ABC", "GPSOD", ""},   {"Q1ABC", "GPSOD7", "7#"},  {"Q1ABC", "GPSNR", "\\:"}, {"Q1ABC", "GPSJ4", "/~"},
+        {"Q1ABC", "GPSHX", "/`"}, {"Q1ABC", "GPSxx", ""},     {"Q1ABC", "GPS:", ""},     {"Q1ABC", "GPSON", "\\-"}};
+    const auto report = [](const char* source, const char* dest) {
         std::string info = "$GPGLL,4049.1423,N,07308.4178,W,210000,A*1C";
-        const auto result = SentenceToReport(source, dest, info);
-        EXPECT_EQ(result == SentenceResult::Position ? info : "", report) << source << " " << dest;
-    }
+        return SentenceToReport(source, dest, info) == SentenceResult::Position ? info : "";
+    };
+    for (const auto& [source, dest, symbol] : cases)
+        EXPECT_EQ(report(source, dest),
+                  symbol.empty() ? "" : "$4049.14N" + symbol.substr(0, 1) + "07308.41W" + symbol[1])
+            << source << " " << dest;
+    EXPECT_EQ(report("Q1ABC-16", "APRS"), "$4049.14N07308.41W");
 }
 
 TEST_F(Positions, SentencesAreFiledWithCourseAndSpeedWhereTheyHaveThem)

@@ -99,11 +99,9 @@ TEST_F(ControlsTest, WhatIsThrownEndsOneHandlerAndIsToldAsWhoseDoingItIs)
 
 TEST(TextTest, NumbersAreReadAndWrittenAsOperatorsWriteThem)
 {
-    const struct {
-        const char* text;
-        double number;
-    } cases[] = {{" 12.5kn", 12.5}, {"-7", -7},     {"+3", 3}, {".25", 0.25}, {"", 0},
-                 {"abc", 0},        {"1.2.3", 1.2}, {"-", 0},  {"5 Min", 5}};
+    const std::pair<const char*, double> cases[] = {{" 12.5kn", 12.5}, {"-7", -7}, {"+3", 3},
+                                                    {".25", 0.25},     {"", 0},    {"abc", 0},
+                                                    {"1.2.3", 1.2},    {"-", 0},   {"5 Min", 5}};
     for (const auto& [text, number] : cases) EXPECT_EQ(LeadingNumber(text), number) << text;
     EXPECT_EQ(PlainNumber(-0.5), "-0.5");
     EXPECT_EQ(SignedNumber(12), " 12");

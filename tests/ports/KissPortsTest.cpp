@@ -39,11 +39,7 @@ TEST_F(KissPorts, FindTheFrameInWhateverComes)
 {
     const auto frame = FrameOf("Q0AAA>APRS:>one");
     const auto inside = frame.substr(1); // without its opening FEND
-    const struct {
-        const char* what;
-        Strings arrivals;
-        std::size_t heard;
-    } cases[] = {
+    const std::tuple<const char*, Strings, int> cases[] = {
         {"in pieces", {frame.substr(0, 1), frame.substr(1, 20), frame.substr(21)}, 1},
         {"a FEND too many", {Fend + frame, "x"}, 1},
         {"two FENDs too many", {Fend + Fend + frame, "x", "y"}, 1},
@@ -54,13 +50,12 @@ TEST_F(KissPorts, FindTheFrameInWhateverComes)
         {"a frame too long", {Fend + std::string(100000, 'x'), "x" + Fend, frame}, 1},
         {"no frame", {Fend + "\0garbage"s + Fend}, 0},
     };
-    for (const auto& each : cases) {
+    for (const auto& [what, arrivals, heard] : cases) {
         Station fresh;
         fresh.SetUp();
         fresh.OpenTnc();
-        for (const auto& bytes : each.arrivals) fresh.halvern.ConMdiFrm.MSComm1.Arrived(bytes);
-        const auto raw = Rows(fresh.halvern.TerminalFrm.RawPacketLst);
-        EXPECT_EQ(raw, Strings(each.heard, "Q0AAA>APRS:>one")) << each.what;
+        for (const auto& bytes : arrivals) fresh.halvern.ConMdiFrm.MSComm1.Arrived(bytes);
+        EXPECT_EQ(Rows(fresh.halvern.TerminalFrm.RawPacketLst), Strings(heard, "Q0AAA>APRS:>one")) << what;
     }
 }
 

@@ -28,10 +28,7 @@ TEST(Ax25, BuildsTheBytesThatTheStandardDraws)
 {
     const auto head = "\xC0\0"s;
     const auto tail = "\x03\xF0x\xC0"s;
-    const struct {
-        const char *dest, *src, *path;
-        std::string addresses;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, std::string> cases[] = {
         {"APHV01", "N0CALL", "", Frame({{"APHV01", 0xE0}, {"N0CALL", 0x61}}, "")},
         {"APHV01", "N0CALL", "WIDE2-2", Frame({{"APHV01", 0xE0}, {"N0CALL", 0x60}, {"WIDE2", 0x65}}, "")},
         {"AP-3", "A-15", "N0CALL*,WIDE2-1", Frame({{"AP", 0xE6}, {"A", 0x7E}, {"N0CALL", 0xE0}, {"WIDE2", 0x63}}, "")},
@@ -79,9 +76,7 @@ TEST(Ax25, RefusesWhatDoesNotFitInAFixedOrder)
 TEST(Ax25, ReadsWhatItsNeighboursSend)
 {
     const auto info = "\x03\xF0info"s;
-    const struct {
-        std::string frame, text;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {Frame({{"APHV01", 0xE0}, {"N0CALL", 0x61}}, info), "N0CALL>APHV01:info"},
         {Frame({{"AP", 0xFE}, {"A", 0x73}}, info), "A-9>AP-15:info"},
         {Frame({{"AP", 0xE0}, {"A", 0x60}, {"B", 0x61}}, info), "A>AP,B:info"},

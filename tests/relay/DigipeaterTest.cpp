@@ -38,10 +38,8 @@ TEST_F(Digipeater, RepeatsForItsNamesAndMarksWhatIsUsed)
     main.Timer2.Stop();
     // On the air every used entry is marked, in the line the last one. The alias is on from the second case on.
     const std::string repeated = "Q0AAA>APRS,Q0OWN*,WIDE2-1:>x";
-    const struct {
-        const char* heard;
-        std::string sent, raw; ///< empty: nothing, or the line as it was heard
-    } cases[] = {
+    // What is sent and what is filed: empty for nothing, and for the line as it was heard.
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", "", ""},
         {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", repeated, repeated},
         {"Q0AAA>APRS,WIDE1-1,WIDE2-1:>x", repeated, repeated}, // no list of what went before

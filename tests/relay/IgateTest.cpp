@@ -8,9 +8,7 @@ struct RadioToInternet : GateTest {};
 
 TEST_F(RadioToInternet, PassesLinesAsTheyStandAndTellsWhyNot)
 {
-    const struct {
-        const char *line, *outcome;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"Q0AAA>APRS:>x", "passed"},
         {"Q0AAA>APRS,WIDE1-1,Q0DIG*,WIDE2-1:!4049.14N/07308.41W-a\x80\xFF{|}~\xC0\xDB ", "passed"},
         {"Q0AAA>S32U6T,Q0DIG*:`(_fn\"Oj/", "passed"},
@@ -81,10 +79,8 @@ TEST_F(InternetToRadio, PassesMessagesBuddiesAndWeatherCalls)
     for (const char* buddy : {"Q0BUD", "NINELONG1", "FAIR"}) setUp.IgateBudsCombo.Add(buddy);
     for (const char* call : {"NWS", "WXS"}) setUp.WxMessCombo.Add(call);
     const std::string message = ":hello{1";
-    const struct {
-        std::string from, info;
-        const char *path, *outcome; ///< a path goes out on radio
-    } cases[] = {
+    // from, information, the path by which it goes out on radio if it does, outcome
+    const std::tuple<std::string, std::string, const char*, const char*> cases[] = {
         {"Q0FAR>APRS", "::Q0NIL    :hello{1", ",WIDE2-2", "passed"},
         {"Q0FAR>APRS", "::Q0ONE    :hello{1", ",WIDE2-2", "passed"},
         {"Q0FAR>APRS", "::Q0TWO    :hello{1", nullptr, "too many hops: 2, limit 1"},

@@ -65,27 +65,24 @@ TEST_F(OwnMessages, WaitForTheOlderOneToTheSameStation)
 
 TEST_F(OwnMessages, TakeTheRoadOnWhichTheStationWasHeard)
 {
-    const std::string byNet = "Q0OWN>APHV01,TCPIP*::Q0AAA    :hi\r\n";
-    const struct {
-        const char *heard, *mailPath;
-        bool radio;
-        Strings byRadio, byInternet;
-    } cases[] = {{"Q0AAA     WIDE1*", "WIDE2-2", true, {"Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi\r\n"}, {}},
-                 {"Q0AAA     TCPIP*", "WIDE2-2", true, {}, {byNet}},
-                 {"Q0AAA     TCPXX*", "NONE", true, {}, {byNet}},
-                 {"Q0BBB     TCPIP*", "NONE", true, {"Q0OWN>APHV01::Q0AAA    :hi\r\n"}, {}},
-                 {"Q0AAA     WIDE1*", "WIDE2-2", false, {}, {byNet}}};
+    const std::string byNet = "internet Q0OWN>APHV01,TCPIP*::Q0AAA    :hi\r\n";
+    const std::tuple<const char*, const char*, bool, std::string> cases[] = {
+        // the radio is up in all but the last
+        {"Q0AAA     WIDE1*", "WIDE2-2", true, "radio Q0OWN>APHV01,WIDE2-2::Q0AAA    :hi\r\n"},
+        {"Q0AAA     TCPIP*", "WIDE2-2", true, byNet},
+        {"Q0AAA     TCPXX*", "NONE", true, byNet},
+        {"Q0BBB     TCPIP*", "NONE", true, "radio Q0OWN>APHV01::Q0AAA    :hi\r\n"},
+        {"Q0AAA     WIDE1*", "WIDE2-2", false, byNet}};
     OpenTnc();
     main.InternetSoc.Connect();
     setUp.MsgGroupLst.Add("Q0AAA"); // sent once, so that each case stands for itself
-    for (const auto& each : cases) {
+    for (const auto& [heard, mailPath, radio, sent] : cases) {
         halvern.DigiFrm.DigiLst.Clear();
-        halvern.DigiFrm.DigiLst.Add(each.heard);
-        if (!each.radio) main.PortTnc.Click();
-        form.MailUnPath.SetText(each.mailPath);
+        halvern.DigiFrm.DigiLst.Add(heard);
+        if (!radio) main.PortTnc.Click();
+        form.MailUnPath.SetText(mailPath);
         Type("Q0AAA", "hi");
-        EXPECT_EQ(station.SentByRadio(), each.byRadio);
-        EXPECT_EQ(station.SentBy(main.InternetSoc), each.byInternet);
+        EXPECT_THAT(Air(), ElementsAre(sent));
     }
 }
 

@@ -42,51 +42,44 @@ TEST(MyObjectRecords, AreWrittenAndReadBack)
 
 TEST(MyObjectRecords, TakeAPlaceFromWhatWasHeard)
 {
-    const struct {
-        const char* tail;
-        int course, speed;
-        const char* comment;
-    } cases[] = {{"088/036up front <Q2XYZ>", 88, 36, "up front "},
-                 {".../...up <Q2XYZ>", 0, 0, "up "},
-                 {"PHG5130 a < b <Q2XYZ>", 0, 0, "PHG5130 a "},
-                 {"<Q2XYZ>", 0, 0, ""},
-                 {"", 0, 0, ""}};
-    for (const auto& each : cases) {
-        const auto place = HeardObjectPlace(std::string("<Q>       ;011212z4012.00N\\07200.25W<") + each.tail);
+    const std::tuple<std::string, int, int, const char*> cases[] = {{"088/036up front <Q2XYZ>", 88, 36, "up front "},
+                                                                    {".../...up <Q2XYZ>", 0, 0, "up "},
+                                                                    {"PHG5130 a < b <Q2XYZ>", 0, 0, "PHG5130 a "},
+                                                                    {"<Q2XYZ>", 0, 0, ""},
+                                                                    {"", 0, 0, ""}};
+    for (const auto& [tail, course, speed, comment] : cases) {
+        const auto place = HeardObjectPlace("<Q>       ;011212z4012.00N\\07200.25W<" + tail);
         EXPECT_EQ(place.position, (PositionTexts{"40", "12", "00", "N", "072", "00", "25", "W"}));
-        EXPECT_EQ(place.course, each.course) << each.tail;
-        EXPECT_EQ(place.speed, each.speed) << each.tail;
-        EXPECT_EQ(place.comment, each.comment);
+        EXPECT_TRUE(place.course == course && place.speed == speed && place.comment == comment) << tail;
     }
 }
 
 TEST(PositionTexts, ComeFromDegrees)
 {
-    const struct {
-        double latitude, longitude;
-        PositionTexts texts;
-    } cases[] = {{40.819, 73.14016, {"40", "49", "14", "N", "073", "08", "41", "W"}},
-                 {-0.00005, -0.5, {"00", "00", "00", "S", "000", "30", "00", "E"}},
-                 {59.99999, -9.99999, {"60", "00", "00", "N", "010", "00", "00", "E"}},
-                 {90.5, 190, {"90", "00", "00", "N", "170", "00", "00", "E"}},
-                 {-91, -181.25, {"90", "00", "00", "S", "178", "45", "00", "W"}}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(PositionTextsOf(each.latitude, each.longitude), each.texts);
-        EXPECT_EQ(PositionFault(each.texts, ""), "");
+    const std::tuple<double, double, PositionTexts> cases[] = {
+        {40.819, 73.14016, {"40", "49", "14", "N", "073", "08", "41", "W"}},
+        {-0.00005, -0.5, {"00", "00", "00", "S", "000", "30", "00", "E"}},
+        {59.99999, -9.99999, {"60", "00", "00", "N", "010", "00", "00", "E"}},
+        {90.5, 190, {"90", "00", "00", "N", "170", "00", "00", "E"}},
+        {-91, -181.25, {"90", "00", "00", "S", "178", "45", "00", "W"}}};
+    for (const auto& [latitude, longitude, texts] : cases) {
+        EXPECT_EQ(PositionTextsOf(latitude, longitude), texts);
+        EXPECT_EQ(PositionFault(texts, ""), "");
     }
 }
 
 TEST(ObjectSchedule, TellsWhenAnObjectGoesOut)
 {
-    const std::tuple<const char*, int, int, int, int> cases[] = {{" ", 1, 0, 1, 1},
-                                                                 {"A", 8000, 0, 500, 500},
-                                                                 {"C", 1, 7, 1, 56001},
-                                                                 {"D", 32000, 0, 100, 60100},
-                                                                 {"D", 60000, 1, 100, 1740100},
-                                                                 {"D", 60000, 29, 100, 60100},
-                                                                 {"B", 60000, 0, 100, -1},
-                                                                 {"A", 0, 0, 0, -1},
-                                                                 {"", 1, 0, 1, -1}};
+    using Row = std::tuple<const char*, int, int, int, int>;
+    const Row cases[] = {{" ", 1, 0, 1, 1},
+                         {"A", 8000, 0, 500, 500},
+                         {"C", 1, 7, 1, 56001},
+                         {"D", 32000, 0, 100, 60100},
+                         {"D", 60000, 1, 100, 1740100},
+                         {"D", 60000, 29, 100, 60100},
+                         {"B", 60000, 0, 100, -1},
+                         {"A", 0, 0, 0, -1},
+                         {"", 1, 0, 1, -1}};
     for (const auto& [stage, interval, cycle, rest, until] : cases)
         EXPECT_EQ(UntilObjectGoesOut(stage, interval, cycle, rest).value_or(-1), until) << stage << " at " << interval;
 }
