@@ -130,22 +130,12 @@ TEST_F(History, ALogIsPlayedIntoACrowdAndTheCrowdComesBack)
         if (i % 9 == 0) log += call + ">APRS:=4149.14N\\" + place + "\n" + call + "-9>APRS:>a status\n";
     }
     const auto before = StoresOf(halvern);
-    folder.Put("crowd.log", log);
+    Put("crowd.log", log);
     Import("crowd.log");
     EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), 2224);
     EXPECT_EQ(halvern.StatusFrm.StatusLst.Count(), 2224);
     main.RestoreMenu.Click();
     EXPECT_EQ(StoresOf(halvern), before);
-}
-
-TEST_F(History, TheEndOfTheProgramTakesTheKeyOfTheKeptStateAway)
-{
-    HearAll(BusyHour);
-    Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
-    Import("one.log");
-    EXPECT_TRUE(Kept());
-    main.EndApp.Click();
-    EXPECT_FALSE(Kept());
 }
 
 TEST_F(History, AFullDiskLeavesTheListsAsTheyAre)
