@@ -110,12 +110,13 @@ TEST(MapData, TheProgramReadsWhatTheToolWroteAndDrawsItQuickly)
     EXPECT_LT(packed, static_cast<int>(Maps().size()));
 }
 
+// A checkout, an archive and a package each carry it: fine shores and names are worth 45 megabytes, not more.
 TEST(MapData, AllOfItStaysSmall)
 {
     std::uintmax_t bytes = 0;
     for (const auto& file : std::filesystem::recursive_directory_iterator(Data))
         if (file.is_regular_file()) bytes += file.file_size();
-    EXPECT_LE(bytes, 25'000'000u);
+    EXPECT_LE(bytes, 45'000'000u);
 }
 
 TEST(MapData, TheListNamesOnlyMapsThatShipAndLeavesNoneOut)
