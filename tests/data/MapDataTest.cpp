@@ -2,6 +2,7 @@
 #include "mapmaker/MapFile.h"
 #include "mapmaker/MapList.h"
 #include "mapmaker/Output.h"
+#include "support/Crossings.h"
 #include "support/DrawnLines.h"
 
 #include <gtest/gtest.h>
@@ -155,6 +156,30 @@ TEST(MapData, TheChosenMapCoversTheViewWhereverLandIsAndShowsSomething)
         }
         EXPECT_EQ(outside, 0) << "of " << tries << " views at step " << ListSteps[row];
         EXPECT_EQ(empty, 0) << "of " << looks << " views at step " << ListSteps[row];
+    }
+}
+
+TEST(MapData, ShoresNearTownsAreFineAndDoNotCross)
+{
+    constexpr std::size_t NarrowestRow = 11;
+    for (const auto& town : {Vertex{40.71, 74}, {47.62, 122.36}, {59.33, -18.1}, {22.3, -114.17}, {-33.86, -151.21}}) {
+        const auto& map = Chosen(NarrowestRow, town);
+        ASSERT_EQ(map.plan.format, BodyFormat::Ascii) << town.lat;
+        std::vector<Path> shores;
+        for (const auto& line : map.lines)
+            if (line.name == "coast" || line.name == "lake") shores.push_back(line.vertices);
+        EXPECT_EQ(halvern::test::Crossings(shores, map.plan.unitsPerDegree), 0) << town.lat;
+        // Within ten miles a shore of this detail has hundreds of stretches, most of them shorter than 300 m.
+        const Box near{town.lat + 0.17, town.lon + 0.2, town.lat - 0.17, town.lon - 0.2};
+        int stretches = 0, brief = 0;
+        for (const auto& shore : shores)
+            for (std::size_t i = 1; i < shore.size(); ++i)
+                if (near.Holds(shore[i])) {
+                    ++stretches;
+                    brief += std::hypot(shore[i].lat - shore[i - 1].lat, shore[i].lon - shore[i - 1].lon) < 0.004;
+                }
+        EXPECT_GT(stretches, 400) << town.lat;
+        EXPECT_GT(brief, stretches / 2) << town.lat;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "mapmaker/Output.h"
 #include "mapmaker/RegionTiles.h"
 #include "mapmaker/Rules.h"
+#include "support/Crossings.h"
 #include "support/DrawnLines.h"
 
 #include <gtest/gtest.h>
@@ -150,6 +151,41 @@ TEST(MapmakerGeometry, ClippingCutsAtTheFrameAndFollowsTheTurnsOfTheGlobe)
          {{{0, 10}, {0, 9}}, {{0, 370}, {0, 369}}}},
     };
     for (const Case& test : cases) EXPECT_EQ(Clip(test.path, test.frame), test.pieces) << test.what;
+}
+
+TEST(MapmakerGeometry, LinesThatAreSimplifiedTogetherDoNotCross)
+{
+    constexpr int Units = 10000;
+    constexpr double Tolerance = 0.03;
+    // Both banks of a winding channel that is narrower than the tolerance, one of them a full turn away, and an islet.
+    std::vector<Path> banks(3);
+    std::mt19937 random(3);
+    for (int i = 0; i < 4000; ++i) {
+        const double lon = 20 - i * 0.0005, lat = 10 + 0.1 * std::sin(i / 40.0) * std::cos(i / 7.0);
+        const double shaken = 0.004 * std::uniform_real_distribution(0.0, 1.0)(random);
+        banks[0].push_back({lat + 0.001 + shaken, lon});
+        banks[1].push_back({lat - 0.001 - shaken, lon - 360});
+        if (i < 100) banks[2].push_back({lat + 0.0002 * std::sin(i), lon});
+    }
+    const auto inOneTurn = [](std::vector<Path> lines) {
+        for (Vertex& vertex : lines[1]) vertex.lon += 360;
+        return lines;
+    };
+    auto alone = banks, together = banks;
+    std::vector<Path*> lines;
+    for (std::size_t i = 0; i < banks.size(); ++i) {
+        alone[i] = Simplify(banks[i], Tolerance);
+        lines.push_back(&together[i]);
+    }
+    ASSERT_GT(test::Crossings(inOneTurn(alone), Units), 5);
+    EXPECT_EQ(SimplifyTogether(lines, Units, [&](const Vertex&) { return Tolerance; }), 0u);
+    EXPECT_EQ(test::Crossings(inOneTurn(together), Units), 0);
+    EXPECT_LT(together[0].size(), banks[0].size() / 4);
+
+    // What crosses in the source is counted and stays.
+    Path one{{0, 0}, {1, 1}}, other{{0, 1}, {1, 0}};
+    EXPECT_EQ(SimplifyTogether({&one, &other}, Units, [](const Vertex&) { return 1.0; }), 1u);
+    EXPECT_EQ(one, (Path{{0, 0}, {1, 1}}));
 }
 
 TEST(MapmakerGeometry, SimplifyingKeepsEveryLeftOutVertexWithinTheTolerance)

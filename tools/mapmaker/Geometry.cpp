@@ -100,6 +100,35 @@ void Append(Path& path, const Path& more)
     for (std::size_t i = 1; i < more.size(); ++i) path.push_back({more[i].lat, more[i].lon + turn});
 }
 
+/// The vertex between two others that lies farthest from the stretch between them, in tolerances, if one is farther
+/// than `least`; 0 for none.
+std::size_t Farthest(const Path& path, std::size_t first, std::size_t last, const std::vector<double>& weights,
+                     double least)
+{
+    std::size_t split = 0;
+    for (std::size_t i = first + 1; i < last; ++i)
+        if (const double distance = SquaredDistance(path[i], path[first], path[last]) * weights[i]; distance > least) {
+            least = distance;
+            split = i;
+        }
+    return split;
+}
+
+std::vector<double> WeightsOf(const Path& path, const std::function<double(const Vertex&)>& tolerance)
+{
+    std::vector<double> weights(path.size());
+    for (std::size_t i = 0; i < path.size(); ++i) weights[i] = 1 / std::pow(tolerance(path[i]), 2);
+    return weights;
+}
+
+Path Kept(const Path& path, const std::vector<bool>& kept)
+{
+    Path simple;
+    for (std::size_t i = 0; i < path.size(); ++i)
+        if (kept[i]) simple.push_back(path[i]);
+    return simple;
+}
+
 } // namespace
 
 Box BoundsOf(const Path& path)
@@ -137,34 +166,28 @@ double Coarseness(const Vertex& place)
     return place.lat < -60 ? PolarSeas : std::clamp(Elsewhere + (place.lat - 67) * 0.1, Elsewhere, PolarSeas);
 }
 
-Path Simplify(const Path& path, double tolerance, double (*coarseness)(const Vertex&))
+std::vector<bool> KeptVertices(const Path& path, const std::function<double(const Vertex&)>& tolerance)
 {
-    if (path.size() < 3) return path;
-    std::vector<double> weights(path.size());
-    for (std::size_t i = 0; i < path.size(); ++i) weights[i] = 1 / std::pow(tolerance * coarseness(path[i]), 2);
-    std::vector<bool> kept(path.size(), false);
+    std::vector<bool> kept(path.size(), path.size() < 3);
+    if (path.size() < 3) return kept;
+    const auto weights = WeightsOf(path, tolerance);
     kept.front() = kept.back() = true;
     std::vector<std::pair<std::size_t, std::size_t>> spans{{0, path.size() - 1}};
     while (!spans.empty()) {
         const auto [first, last] = spans.back();
         spans.pop_back();
-        double farthest = 1;
-        std::size_t split = 0;
-        for (std::size_t i = first + 1; i < last; ++i)
-            if (const double distance = SquaredDistance(path[i], path[first], path[last]) * weights[i];
-                distance > farthest) {
-                farthest = distance;
-                split = i;
-            }
+        const std::size_t split = Farthest(path, first, last, weights, 1);
         if (split == 0) continue;
         kept[split] = true;
         spans.emplace_back(first, split);
         spans.emplace_back(split, last);
     }
-    Path simple;
-    for (std::size_t i = 0; i < path.size(); ++i)
-        if (kept[i]) simple.push_back(path[i]);
-    return simple;
+    return kept;
+}
+
+Path Simplify(const Path& path, double tolerance, double (*coarseness)(const Vertex&))
+{
+    return Kept(path, KeptVertices(path, [&](const Vertex& vertex) { return tolerance * coarseness(vertex); }));
 }
 
 void TakeShortWays(Path& path)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,19 @@ inline double EvenCoarseness(const Vertex&)
 /// Leaves out the vertices that lie nearer than `tolerance` (degrees of latitude; longitude counts by its true length)
 /// to the line without them, times the coarseness there. The first and the last vertex stay.
 Path Simplify(const Path& path, double tolerance, double (*coarseness)(const Vertex&) = EvenCoarseness);
+
+/// Which vertices that leaves in. `tolerance` is told for each of them.
+std::vector<bool> KeptVertices(const Path& path, const std::function<double(const Vertex&)>& tolerance);
+
+/// The same for lines that lie side by side, which may not cross one another nor themselves afterwards: where two
+/// stretches do, each gets back the vertex that it misses most, until none does. Vertices are first brought to whole
+/// units, at `unitsPerDegree`, so that a map file of these units holds exactly what was looked at. Lines that cross in
+/// the source, or that whole units make cross, stay as they are.
+///
+/// @param tolerance  for each vertex, in degrees of latitude
+/// @return how many pairs of stretches still cross
+std::size_t SimplifyTogether(const std::vector<Path*>& lines, int unitsPerDegree,
+                             const std::function<double(const Vertex&)>& tolerance);
 
 /// Lets a path that jumps by more than half a turn, as sources write one that crosses the date line, go on past 180
 /// instead. A jump of just one full turn is a parallel around the globe and stays.

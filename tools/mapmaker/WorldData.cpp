@@ -2,6 +2,7 @@
 #include "WorldData.h"
 
 #include "Cells.h"
+#include "Gshhg.h"
 #include "Levels.h"
 #include "MapFile.h"
 #include "MapList.h"
@@ -9,6 +10,7 @@
 #include "Picture.h"
 #include "RegionTiles.h"
 #include "Sources.h"
+#include "Towns.h"
 
 #include <algorithm>
 #include <array>
@@ -65,6 +67,30 @@ std::vector<Feature> FeaturesFor(const Level& level, const std::vector<Feature>&
         if (Wanted(feature, level))
             shown.push_back(
                 {feature.what, feature.rank, feature.area, Simplify(feature.vertices, level.tolerance, Coarseness)});
+    return shown;
+}
+
+/// Units a degree of the finest maps: whole numbers of the four decimals in which a map's corner is written.
+constexpr int FineUnits = 10000;
+
+/// What the finest level shows: shores from the source anew, to 50 m (what whole units add included) where people live,
+/// and elsewhere as coarsely as the other lines.
+std::vector<Feature> FinestFeatures(const Level& level, const std::vector<Feature>& features, const Towns& towns,
+                                    const std::filesystem::path& shores)
+{
+    constexpr double NearTowns = 0.00038;
+    std::vector<Feature> shown;
+    std::vector<Path*> lines;
+    for (Feature& shore : LoadShores(shores))
+        if (Wanted(shore, level)) shown.push_back(std::move(shore));
+    for (Feature& shore : shown) lines.push_back(&shore.vertices);
+    const std::size_t crossings = SimplifyTogether(lines, FineUnits, [&](const Vertex& vertex) {
+        return towns.Near(vertex) ? NearTowns : level.tolerance * Coarseness(vertex);
+    });
+    std::printf("shores that cross in the source: %zu\n", crossings);
+    std::erase_if(shown, [](const Feature& shore) { return shore.vertices.size() < 2; });
+    for (Feature& feature : FeaturesFor(level, features))
+        if (feature.what != Kind::Coast && feature.what != Kind::Lake) shown.push_back(std::move(feature));
     return shown;
 }
 
@@ -184,16 +210,35 @@ MapFigures WriteSea(const Level& level, const std::vector<Stretch>& stretches, c
     return WriteMap(file, {BodyFormat::Ascii, globe, Units, level.widest, level.narrowest}, lines);
 }
 
-/// LineFormat where it is fine enough.
-MapPlan PlanFor(const Level& level, const Box& frame)
+/// Whether a frame holds shores that are drawn finely.
+bool HasFineShores(const Towns* towns, const Box& frame, const std::vector<Stretch>& stretches)
 {
+    if (towns == nullptr) return false;
+    for (const Stretch& stretch : stretches)
+        for (const double turn : {-360.0, 0.0, 360.0, 720.0}) {
+            const Box& at = stretch.bounds;
+            if ((stretch.what != Kind::Coast && stretch.what != Kind::Lake) ||
+                !Touch({at.top, at.left + turn, at.bottom, at.right + turn}, frame))
+                continue;
+            for (const Vertex& vertex : stretch.vertices)
+                if (frame.Holds({vertex.lat, vertex.lon + turn}) && towns->Near(vertex)) return true;
+        }
+    return false;
+}
+
+/// LineFormat where it is fine enough.
+MapPlan PlanFor(const Level& level, const Box& frame, const Towns* towns, const std::vector<Stretch>& stretches)
+{
+    if (HasFineShores(towns, frame, stretches))
+        return {BodyFormat::Ascii, frame, FineUnits, level.widest, level.narrowest};
     const bool packed = LineFormatScale(frame) >= std::max(1, level.unitsPerDegree);
     return {packed ? BodyFormat::LineFormat : BodyFormat::Ascii, frame, level.unitsPerDegree, level.widest,
             level.narrowest};
 }
 
-void MakeLevel(const Level& level, const std::vector<Feature>& features, const std::filesystem::path& maps,
-               MapList& list)
+/// @param towns  near which shores are fine; none at the coarser levels
+void MakeLevel(const Level& level, const std::vector<Feature>& features, const Towns* towns,
+               const std::filesystem::path& maps, MapList& list)
 {
     const std::vector<Stretch> stretches = Stretches(features);
     const std::string title = std::to_string(level.widest) + " to " + std::to_string(level.narrowest);
@@ -206,7 +251,7 @@ void MakeLevel(const Level& level, const std::vector<Feature>& features, const s
         const bool sea = IsSea(level, cell, stretches);
         seaUsed = seaUsed || sea;
         if (!sea)
-            totals.Count(WriteFitting(maps / (cell.name + ".map"), PlanFor(level, cell.frame),
+            totals.Count(WriteFitting(maps / (cell.name + ".map"), PlanFor(level, cell.frame, towns, stretches),
                                       GridLines(cell.frame, level.gridLat, level.gridLon), stretches, level.tolerance));
         for (int step = level.widest; step >= level.narrowest; step /= 2)
             list.Add(step, {sea ? seaName : cell.name, cell.centre.lat, cell.centre.lon});
@@ -243,14 +288,18 @@ void MakeSamplePicture(const std::vector<Feature>& features, const std::filesyst
 void MakeWorld(const WorldSources& sources, const std::filesystem::path& data)
 {
     std::vector<Feature> features = LoadSources(sources, Levels.back().tolerance);
+    const Towns towns(data / "places" / "places.dat");
     const std::filesystem::path maps = data / "dosmaps";
     MakeRegionTiles(features, data / "mapdata");
     MakeSamplePicture(features, data / "bitmap");
     MapList list;
     // From the finest level to the coarsest: each is drawn from the lines of the one before.
     for (auto level = Levels.rbegin(); level != Levels.rend(); ++level) {
-        const std::vector<Feature> shown = FeaturesFor(*level, features);
-        MakeLevel(*level, shown, maps, list);
+        if (level == Levels.rbegin())
+            MakeLevel(*level, FinestFeatures(*level, features, towns, sources.gshhg / "binned_GSHHS_f.nc"), &towns,
+                      maps, list);
+        else
+            MakeLevel(*level, FeaturesFor(*level, features), nullptr, maps, list);
         for (Feature& feature : features) feature.vertices = Simplify(feature.vertices, level->tolerance, Coarseness);
     }
     for (const SingleMap& map : SingleMaps) MakeSingle(map, features, maps);
