@@ -4,6 +4,8 @@
 #include "mapmaker/Geometry.h"
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
 
 namespace halvern::test {
 
