@@ -2,10 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace halvern {
@@ -19,6 +18,8 @@ inline constexpr int NotFound = -100;
 /// between them, so that the place of a row is found by halving.
 class KeyIndex {
 public:
+    KeyIndex();
+    ~KeyIndex();
     void Add(std::string_view key) { Insert(static_cast<int>(entries.size()), key); }
     void Insert(int index, std::string_view key);
     void Replace(int index, std::string_view key);
@@ -31,27 +32,19 @@ public:
     int Count(std::string_view key) const;
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>()(key); }
-    };
-    struct Group {
-        std::uint64_t first = 0; ///< serial of its first row
-        int count = 0;
-    };
-    using Groups = std::unordered_map<std::string, Group, Hash, std::equal_to<>>;
+    struct Groups; ///< by its key: the serial of its first row, and how many it has
     struct Entry {
         std::uint64_t serial;
-        Groups::value_type* group; ///< stays where it is while others come and go
+        std::string key;
     };
 
     int PlaceOf(std::uint64_t serial) const;
     std::uint64_t SerialFor(int index);
-    void Join(Entry& entry, std::string_view key);
+    void Join(const Entry& entry);
     void Part(int index);
 
     std::vector<Entry> entries;
-    Groups groups;
+    std::unique_ptr<Groups> groups;
     bool inOrder = true; ///< rows were added at the end alone: each stands where its serial says
 };
 
