@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <utility>
 
 #include "platform/Controls.h"
@@ -57,24 +59,47 @@ class Pacer final : public QObject {
 public:
     static constexpr int SoonMs = 30, PeriodMs = 220;
 
-    Pacer(QObject* owner, std::function<void()> act) : QObject(owner)
+    Pacer(QObject* owner, std::function<void()> act) : QObject(owner), act(std::move(act))
     {
         timer.setSingleShot(true);
-        connect(&timer, &QTimer::timeout, this, [this, act = std::move(act)] {
-            last.start();
-            act();
-        });
+        connect(&timer, &QTimer::timeout, this, [this] { Run(); });
     }
+    ~Pacer() override { waiting.erase(this); }
     void Ask()
     {
         const auto rest = OperatorActs::Running() || !last.isValid() ? 0 : PeriodMs - last.elapsed();
         const int wait = std::max(SoonMs, static_cast<int>(rest));
         if (!timer.isActive() || timer.remainingTime() > wait) timer.start(wait);
+        waiting.insert(this);
+    }
+    /// Runs at once what any pacer has been asked for and waits to do.
+    static void RunWaiting()
+    {
+        while (!waiting.empty()) (*waiting.begin())->Run();
     }
 
 private:
+    void Run()
+    {
+        timer.stop();
+        waiting.erase(this);
+        last.start();
+        act();
+    }
+    static inline std::set<Pacer*> waiting;
+    const std::function<void()> act;
     QTimer timer;
     QElapsedTimer last; ///< since it ran
 };
+
+/// Brings the windows in step with the state and paints them, without the wait for their pace. What the operator does
+/// and what the ports hear comes later.
+inline void ShowNow()
+{
+    for (int round = 0; round < 2; ++round) { // a window's first size asks for more
+        Pacer::RunWaiting();
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    }
+}
 
 } // namespace halvern

@@ -115,12 +115,7 @@ std::string Windows::SavePicture(const Form& form, const std::string& file) cons
 {
     auto* window = WindowOf(form);
     if (window == nullptr) return form.Name() + " has no window";
-    QElapsedTimer clock; // what is collected is announced, and then painted
-    clock.start();
-    while (clock.elapsed() < Pacer::PeriodMs + Pacer::SoonMs) {
-        QThread::msleep(Pacer::SoonMs);
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
-    }
+    ShowNow();
     return window->grab().save(Shown(file), "PNG") ? std::string{} : "can't write " + file;
 }
 

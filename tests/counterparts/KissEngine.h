@@ -82,13 +82,10 @@ struct KissEngine : testing::Test {
         engine.start(Engine, {"-c", "engine.conf", "-p", "-t", "0", "-r", "44100", "-b", "16", "-n", "1", "-"});
         ASSERT_TRUE(engine.waitForStarted());
         QTcpSocket probe;
-        ASSERT_TRUE(RunUntil(
-            [&] {
-                if (probe.state() == QAbstractSocket::UnconnectedState) probe.connectToHost("127.0.0.1", 4000);
-                return probe.state() == QAbstractSocket::ConnectedState && std::filesystem::exists(EngineLine);
-            },
-            15000))
-            << Log();
+        ASSERT_TRUE(RunUntil([&] {
+            if (probe.state() == QAbstractSocket::UnconnectedState) probe.connectToHost("127.0.0.1", 4000);
+            return probe.state() == QAbstractSocket::ConnectedState && std::filesystem::exists(EngineLine);
+        })) << Log();
     }
     std::string Log() const
     {

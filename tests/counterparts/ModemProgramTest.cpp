@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The PSK63 port on real sockets, in both dialects of modem programs.
-#include <random>
-
-#include "counterparts/Counterpart.h"
 #include "counterparts/ModemProgram.h"
+#include "counterparts/Counterpart.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "support/qt/Application.h"
 
@@ -50,25 +48,6 @@ struct Psk63 : StationTest, testing::WithParamInterface<quint16> {
     ModemProgram modem{GetParam()};
     QtSocketDevice socket{main.Psk63Soc};
 };
-
-TEST_P(Psk63, HearsTheSameInWhateverPiecesItComes)
-{
-    std::mt19937 dice(63);
-    Station byHand;
-    byHand.SetUp();
-    auto lines = LinesFrom(DataFolder() + "/demo/world.tnc2");
-    std::erase_if(lines, [](const std::string& line) { return line.ends_with('E') || line.size() > 245; });
-    lines.resize(300);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const bool lost = Marks() && i % 10 == 5; // its start marker
-        if (!lost) byHand.Hear(lines[i], "PSK63");
-        std::string noise;
-        while (Marks() && noise.size() < i % 20) noise += static_cast<char>(dice() % 'E');
-        modem.Hear(noise + OnAir(lines[i]).substr(lost ? 1 : 0) + (Marks() ? "" : "\r\n"), 1 + dice() % 9);
-    }
-    EXPECT_TRUE(Hears(Rows(byHand.halvern.TerminalFrm.RawPacketLst).size()));
-    EXPECT_EQ(StoresOf(halvern), StoresOf(byHand.halvern));
-}
 
 TEST_P(Psk63, CarriesAllThatTheStationSays)
 {

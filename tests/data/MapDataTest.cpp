@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "map/UsgsMapFile.h"
 #include "mapmaker/MapFile.h"
 #include "mapmaker/MapList.h"
 #include "mapmaker/Output.h"
+#include "mapmaker/RegionTiles.h"
 #include "support/Crossings.h"
 #include "support/DrawnLines.h"
 
@@ -183,23 +185,18 @@ TEST(MapData, ShoresNearTownsAreFineAndDoNotCross)
     }
 }
 
-TEST(MapData, TilesHoldWholePointsInTheirRegions)
+TEST(MapData, EveryRegionHasItsTilesWithinTheCountry)
 {
+    const halvern::ViewFrame country{125, 50, 66, 24};
     for (int region = 1; region <= 15; ++region)
         for (const char* layer : {"PB", "RDI", "RDL", "WB"}) {
-            const std::string name = (region < 10 ? "S0" : "S") + std::to_string(region) + "_" + layer + ".GRF";
-            std::istringstream rows(ReadWhole(Data + "/mapdata/" + name));
-            int points = 0;
-            for (std::string row; std::getline(rows, row);) {
-                ASSERT_TRUE(row.size() > 16 && row.size() % 15 == 1 && std::isdigit(row[0])) << name << ": " << row;
-                for (std::size_t i = 1; i < row.size(); i += 15, ++points) {
-                    const double lon = std::stod(row.substr(i, 3) + "." + row.substr(i + 3, 4));
-                    const double lat = std::stod(row.substr(i + 8, 2) + "." + row.substr(i + 10, 4));
-                    ASSERT_TRUE(row[i + 7] == 'W' && row[i + 14] == 'N') << name << ": " << row;
-                    ASSERT_TRUE(lon > 66 && lon < 125 && lat > 24 && lat < 50) << name << ": " << row;
-                }
-            }
-            EXPECT_GT(points, 10) << name;
+            const auto bytes = ReadWhole(Data + "/mapdata/" + TileName(static_cast<std::size_t>(region - 1), layer));
+            halvern::test::DrawnLines drawn;
+            halvern::ReadTileLines(bytes, country, drawn);
+            std::size_t points = 0;
+            for (const auto& line : drawn.lines) points += line.vertices.size();
+            EXPECT_GT(points, 10u) << region << layer;
+            EXPECT_EQ(points, static_cast<std::size_t>(std::ranges::count(bytes, 'N'))) << region << layer;
         }
 }
 

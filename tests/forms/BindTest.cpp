@@ -43,17 +43,30 @@ TEST_F(Operator, TypesIntoAFieldAndLeavesIt)
     Find<QLineEdit>(setUp.CommentTXT)->setFocus();
     EXPECT_EQ(setUp.CallSignTxt.Text(), "Q0ABCD") << "leaving raises the case";
     EXPECT_EQ(call->text(), "Q0ABCD");
-}
-
-TEST_F(Operator, SeesTheCharacterThatARuleMadeOfHisKey)
-{
-    OpenSetUp();
     auto* sign = Find<QLineEdit>(setUp.LatSigntxt);
     setUp.LatSigntxt.SetText("");
     QTest::keyClicks(sign, "s");
-    EXPECT_EQ(setUp.LatSigntxt.Text(), "S");
-    EXPECT_EQ(sign->text(), "S");
+    EXPECT_EQ(sign->text(), "S") << "the character that a rule made of the key";
     EXPECT_TRUE(setUp.Latlbl.Caption().ends_with('S'));
+}
+
+TEST_F(Operator, KeepsHisPlaceInALineAndHearsNoEchoOfHisTyping)
+{
+    int changes = 0;
+    auto& text = halvern.MessageFrm.MsgTxt;
+    text.SetText("helo");
+    text.OnChange = [&] { ++changes; };
+    text.OnKey = [&](int& key) {
+        if (key == 13) text.SetText("");
+    };
+    auto* line = Find<QLineEdit>(text);
+    line->setCursorPosition(3);
+    QTest::keyClicks(line, "l");
+    EXPECT_EQ(text.Text(), "hello");
+    EXPECT_EQ(line->cursorPosition(), 4);
+    EXPECT_EQ(changes, 1);
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(line->text(), "");
 }
 
 TEST_F(Operator, TypesUtf8ThatFitsAsBytes)
@@ -68,41 +81,6 @@ TEST_F(Operator, TypesUtf8ThatFitsAsBytes)
     Type(comment, QString(60, QChar(0xFC)));
     EXPECT_EQ(setUp.CommentTXT.Text().size(), 42U) << "43 bytes, less the half of a character";
     EXPECT_EQ(comment->text(), QString(21, QChar(0xFC)));
-}
-
-TEST_F(Operator, HearsNoEchoOfHisOwnTyping)
-{
-    int changes = 0;
-    halvern.MessageFrm.SendCallTxt.OnChange = [&] { ++changes; };
-    QTest::keyClicks(Find<QLineEdit>(halvern.MessageFrm.SendCallTxt), "Q0ABC");
-    EXPECT_EQ(changes, 5);
-}
-
-TEST_F(Operator, KeepsHisPlaceInALineThatHeEditsInTheMiddle)
-{
-    halvern.MessageFrm.MsgTxt.OnKey = nullptr;
-    halvern.MessageFrm.MsgTxt.SetText("helo");
-    auto* line = Find<QLineEdit>(halvern.MessageFrm.MsgTxt);
-    line->setCursorPosition(3);
-    QTest::keyClicks(line, "l");
-    EXPECT_EQ(halvern.MessageFrm.MsgTxt.Text(), "hello");
-    EXPECT_EQ(line->cursorPosition(), 4);
-}
-
-TEST_F(Operator, SendsWithEnter)
-{
-    int enters = 0;
-    auto& text = halvern.MessageFrm.MsgTxt;
-    text.OnKey = [&](int& key) {
-        if (key != 13) return;
-        ++enters;
-        text.SetText("");
-    };
-    auto* line = Find<QLineEdit>(text);
-    QTest::keyClicks(line, "hi");
-    QTest::keyClick(line, Qt::Key_Return);
-    EXPECT_EQ(enters, 1);
-    EXPECT_EQ(line->text(), "");
 }
 
 TEST_F(Operator, PicksFromChoicesTabsNumbersAndCombos)
@@ -147,7 +125,7 @@ TEST_F(Operator, MarksSeveralRows)
     auto& list = halvern.KillMsgFrm.KillLst;
     for (const char* row : {"one", "two", "three"}) list.Add(row);
     halvern.KillMsgFrm.SetVisible(true);
-    Screen::Settle();
+    ShowNow();
     auto* view = Find<QTableView>(list);
     for (const int row : {0, 2})
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
@@ -156,7 +134,7 @@ TEST_F(Operator, MarksSeveralRows)
     EXPECT_FALSE(list.Marked(1));
     EXPECT_TRUE(list.Marked(2));
     list.ClearMarks();
-    Screen::Settle();
+    ShowNow();
     EXPECT_FALSE(view->selectionModel()->hasSelection());
 }
 

@@ -24,9 +24,9 @@ struct ObjectWindow : testing::Test {
         halvern.MapFrm.SetVisible(true);
         halvern.ConMdiFrm.DosMapMenu.SetChecked(true);
         halvern.PositionFrm.SetVisible(true);
-        Screen::Settle();
+        ShowNow();
         ShowView(halvern, 40, -75, 128);
-        Screen::Settle();
+        ShowNow();
     }
 };
 
@@ -83,7 +83,7 @@ TEST_F(ObjectWindow, TellsBesideEachObjectWhenItGoesOut)
     list.Add("gone");
     const auto* view = screen.Find<QTableView>("KillMyObjectsFrm.ObjectLst");
     const auto text = [&](int row, int column) { return view->model()->index(row, column).data().toString(); };
-    Screen::Settle();
+    ShowNow();
     EXPECT_EQ(text(0, 0), "in 1 s");
     EXPECT_EQ(text(0, 1), QString::fromStdString(record));
     EXPECT_EQ(text(1, 0), "");

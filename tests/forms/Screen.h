@@ -22,10 +22,8 @@ public:
         windows = std::make_unique<Windows>(station.halvern);
         if (dialogs != nullptr) windows->Serve(*dialogs);
         station.halvern.ConMdiFrm.SetVisible(true);
-        Settle();
+        ShowNow();
     }
-    /// Lets what is collected be announced and painted.
-    static void Settle(int milliseconds = Pacer::PeriodMs + 60) { QTest::qWait(milliseconds); }
 
     /// The widget of a control, by its name.
     template <class Widget> Widget* Find(const char* name) const

@@ -90,7 +90,7 @@ TEST_F(Unattended, NoticesComeUpWithoutTakingTheKeysAndTheStatusBarCountsThem)
     EXPECT_FALSE(mark->isVisible());
     const int high = main.statusBar()->height();
     halvern.Note({"TCP/IP port", "Connection refused"});
-    Screen::Settle();
+    ShowNow();
     EXPECT_TRUE(window->isVisible());
     EXPECT_FALSE(window->isModal());
     EXPECT_TRUE(window->testAttribute(Qt::WA_ShowWithoutActivating));
@@ -99,7 +99,7 @@ TEST_F(Unattended, NoticesComeUpWithoutTakingTheKeysAndTheStatusBarCountsThem)
     EXPECT_TRUE(main.geometry().contains(window->geometry()));
     window->close();
     halvern.Note({"TCP/IP port", "Connection refused"});
-    Screen::Settle();
+    ShowNow();
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(mark->text(), "1 notice, 1 new");
     mark->click();

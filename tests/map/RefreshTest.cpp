@@ -7,22 +7,13 @@ namespace {
 
 TEST(DeadReckoning, FollowsTheCourseInFourQuartersAndChangesSidesAt45)
 {
-    struct Case {
+    const struct {
         int course;
         double latitude, longitude; ///< of one mile at range 1
-    };
-    for (const auto& [course, latitude, longitude] : {Case{0, 1, 0},
-                                                      {360, 1, 0},
-                                                      {30, 0.866, -0.5},
-                                                      {45, 0.707, -0.707},
-                                                      {46, 0.719, -0.695},
-                                                      {90, 1, 0},
-                                                      {91, -1, -0.017},
-                                                      {180, -1, 0},
-                                                      {181, -1, 0.017},
-                                                      {270, -1, 0},
-                                                      {271, 1, 0.017},
-                                                      {300, 0.866, 0.5}}) {
+    } cases[] = {{0, 1, 0},           {360, 1, 0},  {30, 0.866, -0.5}, {45, 0.707, -0.707},
+                 {46, 0.719, -0.695}, {90, 1, 0},   {91, -1, -0.017},  {180, -1, 0},
+                 {181, -1, 0.017},    {270, -1, 0}, {271, 1, 0.017},   {300, 0.866, 0.5}};
+    for (const auto& [course, latitude, longitude] : cases) {
         const auto step = AlongCourse(course, 1, 1);
         EXPECT_NEAR(step.latitude, latitude, 1e-3) << course;
         EXPECT_NEAR(step.longitude, longitude, 1e-3) << course;

@@ -6,6 +6,7 @@
 #include "mapmaker/Rules.h"
 #include "support/Crossings.h"
 #include "support/DrawnLines.h"
+#include "support/Station.h"
 
 #include <gtest/gtest.h>
 
@@ -18,17 +19,9 @@ namespace {
 using namespace halvern;
 using namespace halvern::mapmaker;
 
-/// A folder of the test's own that goes when the test does.
-class MapmakerFiles : public testing::Test {
-protected:
-    MapmakerFiles()
-        : folder_(std::filesystem::temp_directory_path() / ("mapmaker-" + std::to_string(std::random_device()())))
-    {
-        std::filesystem::create_directories(folder_);
-    }
-    ~MapmakerFiles() override { std::filesystem::remove_all(folder_); }
-
-    std::filesystem::path folder_;
+struct MapmakerFiles : testing::Test {
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path folder = temporary.Path();
 };
 
 TEST_F(MapmakerFiles, AMapReadsBackToWithinHalfAUnitInBothFormats)
@@ -42,7 +35,7 @@ TEST_F(MapmakerFiles, AMapReadsBackToWithinHalfAUnitInBothFormats)
     path.push_back({-5, 180.5});
     for (const BodyFormat format : {BodyFormat::Ascii, BodyFormat::LineFormat}) {
         const MapPlan plan{format, frame, 500, 64, 16};
-        const std::filesystem::path file = folder_ / "a.map";
+        const std::filesystem::path file = folder / "a.map";
         const MapFigures figures = WriteMap(file, plan, {{11, "coast", path}});
         test::DrawnLines drawn;
         std::string word;
@@ -70,13 +63,15 @@ TEST_F(MapmakerFiles, AMapReadsBackToWithinHalfAUnitInBothFormats)
 
 TEST_F(MapmakerFiles, WhatIsNoMapIsNamedAndRefused)
 {
+    const MapPlan tooLarge{BodyFormat::LineFormat, {90, 3700, -90, 0}, 0, 0, 0};
+    EXPECT_THROW(WriteMap(folder / "a.map", tooLarge, {}), std::runtime_error);
     const std::string head = "10\n20\n100\n5\n15\n8\n1\n";
     for (const std::string& text : std::vector<std::string>{
              "", head, head + "Binary\n", head + "ASCII\n0,0,3,\n5,5\n", head + "ASCII\n5,5\n0,-1\n",
              head + "ASCII\n0,0,3,\n5\n0,-1\n", head + "LineFormat\n3\n", "x\n20\n100\n5\n15\n8\n1\nASCII\n0,-1\n"}) {
-        WriteWhole(folder_ / "bad.map", text);
+        WriteWhole(folder / "bad.map", text);
         try {
-            ReadMap(folder_ / "bad.map");
+            ReadMap(folder / "bad.map");
             ADD_FAILURE() << text;
         } catch (const std::runtime_error& error) {
             EXPECT_NE(std::string(error.what()).find("bad.map"), std::string::npos);
@@ -86,27 +81,21 @@ TEST_F(MapmakerFiles, WhatIsNoMapIsNamedAndRefused)
 
 TEST_F(MapmakerFiles, AFileOfOursTakesTheLinksPlaceAndFailureLeavesTheOldOne)
 {
-    WriteWhole(folder_ / "shared", "all read this");
-    std::filesystem::create_symlink(folder_ / "shared", folder_ / "own");
-    WriteWhole(folder_ / "own", "changed");
-    EXPECT_EQ(ReadWhole(folder_ / "shared"), "all read this");
-    EXPECT_EQ(ReadWhole(folder_ / "own"), "changed");
-    std::filesystem::create_directory(folder_ / "own.new"); // stands in the new file's way
-    EXPECT_THROW(WriteWhole(folder_ / "own", "half"), std::runtime_error);
-    EXPECT_EQ(ReadWhole(folder_ / "own"), "changed");
-    EXPECT_THROW(ReadWhole(folder_), std::runtime_error);
-}
-
-TEST_F(MapmakerFiles, AFrameTooLargeForTheFormatIsRefused)
-{
-    EXPECT_THROW(WriteMap(folder_ / "a.map", {BodyFormat::LineFormat, {90, 3700, -90, 0}, 0, 0, 0}, {}),
-                 std::runtime_error);
+    WriteWhole(folder / "shared", "all read this");
+    std::filesystem::create_symlink(folder / "shared", folder / "own");
+    WriteWhole(folder / "own", "changed");
+    EXPECT_EQ(ReadWhole(folder / "shared"), "all read this");
+    EXPECT_EQ(ReadWhole(folder / "own"), "changed");
+    std::filesystem::create_directory(folder / "own.new"); // stands in the new file's way
+    EXPECT_THROW(WriteWhole(folder / "own", "half"), std::runtime_error);
+    EXPECT_EQ(ReadWhole(folder / "own"), "changed");
+    EXPECT_THROW(ReadWhole(folder), std::runtime_error);
     EXPECT_THROW(WriteMap("/dev/null/a.map", {BodyFormat::Ascii, {1, 1, 0, 0}, 10, 0, 0}, {}), std::exception);
 }
 
 TEST_F(MapmakerFiles, TheListKeepsWhatItIsToldAndRefusesWhatItCantHold)
 {
-    const std::filesystem::path file = folder_ / "maplist1.hvn";
+    const std::filesystem::path file = folder / "maplist1.hvn";
     MapList list;
     EXPECT_THROW(list.Write(file), std::runtime_error); // no step has a map
     for (const int step : ListSteps) list.Add(step, {"a" + std::to_string(step), 38.53333, -139.99999});
@@ -233,11 +222,8 @@ TEST(MapmakerGeometry, PiecesJoinWhereJustTwoOfAKindMeet)
 TEST(MapmakerGeometry, AnAreaHasHolesAndEdges)
 {
     const Area area({{{0, 0}, {0, 10}, {10, 10}, {10, 0}, {0, 0}}, {{4, 4}, {4, 6}, {6, 6}, {6, 4}, {4, 4}}});
-    EXPECT_TRUE(area.Holds({2, 2}));
-    EXPECT_TRUE(area.Holds({5, 7}));
-    EXPECT_FALSE(area.Holds({5, 5}));
-    EXPECT_FALSE(area.Holds({5, 11}));
-    EXPECT_FALSE(area.Holds({-1, 5}));
+    for (const Vertex inside : {Vertex{2, 2}, {5, 7}}) EXPECT_TRUE(area.Holds(inside));
+    for (const Vertex outside : {Vertex{5, 5}, {5, 11}, {-1, 5}}) EXPECT_FALSE(area.Holds(outside));
 }
 
 TEST(MapmakerTiles, RowsAreShortDenseAndWithinTheRegion)
@@ -255,32 +241,26 @@ TEST(MapmakerTiles, RowsAreShortDenseAndWithinTheRegion)
 
 TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
 {
-    const Rules rules = Rules::Parse("# layer condition colour name\n"
+    const Rules rules = Rules::Parse("\xEF\xBB\xBF# layer condition colour name\r\n"
                                      "lines highway=motorway 14 ref\n"
                                      "\n"
                                      "*     highway=*        skip   # all other roads\n"
                                      "*     waterway=river   9  -\n"
+                                     "\"my roads\" \"type=Major Highway\" 12 \"full name\"\r\n"
                                      "sea   *                3\n");
     const auto look = [&](const std::string& layer, const std::string& field, const std::string& value) {
         const std::optional<Look> found =
             rules.LookOf(layer, [&](const std::string& name) { return name == field ? value : std::string(); });
         return found ? std::to_string(found->colour) + found->nameField : "none";
     };
-    EXPECT_EQ(look("lines", "highway", "motorway"), "14ref");
-    EXPECT_EQ(look("areas", "highway", "motorway"), "none");
-    EXPECT_EQ(look("sea", "highway", "path"), "none");
-    EXPECT_EQ(look("lines", "waterway", "river"), "9");
-    EXPECT_EQ(look("sea", "waterway", "dock"), "3");
-    EXPECT_EQ(look("lines", "waterway", "dock"), "none");
-}
-
-TEST(MapmakerRules, WhatHoldsABlankStandsInQuotes)
-{
-    const Rules rules = Rules::Parse("\xEF\xBB\xBF\"my roads\" \"type=Major Highway\" 12 \"full name\"\r\n");
-    const auto field = [](const std::string&) { return std::string("Major Highway"); };
-    ASSERT_TRUE(rules.LookOf("my roads", field));
-    EXPECT_EQ(rules.LookOf("my roads", field)->nameField, "full name");
-    EXPECT_FALSE(rules.LookOf("roads", field));
+    const struct {
+        const char *layer, *field, *value, *found;
+    } cases[] = {{"lines", "highway", "motorway", "14ref"},  {"areas", "highway", "motorway", "none"},
+                 {"sea", "highway", "path", "none"},         {"lines", "waterway", "river", "9"},
+                 {"sea", "waterway", "dock", "3"},           {"lines", "waterway", "dock", "none"},
+                 {"roads", "type", "Major Highway", "none"}, {"my roads", "type", "Major Highway", "12full name"}};
+    for (const auto& [layer, field, value, found] : cases)
+        EXPECT_EQ(look(layer, field, value), found) << layer << value;
 }
 
 TEST(MapmakerRules, ATagIsFoundAmongTheOthers)

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include "platform/qt/EndSignals.h"
+#include "platform/qt/FolderLock.h"
 #include "support/Console.h"
 #include "support/StationTest.h"
 #include "support/qt/Application.h"
@@ -24,6 +25,28 @@ bool Catches(qint64 program, int signal)
     return (mask.toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
 }
 
+/// The desktop program in a folder, once it takes an end signal.
+struct Desktop : QProcess {
+    explicit Desktop(const TemporaryFolder& folder)
+    {
+        setProcessChannelMode(ForwardedErrorChannel);
+        start(HALVERN_BUILD "/halvern", {QString::fromStdString(folder.Path())});
+        EXPECT_TRUE(waitForStarted() && RunUntil([&] { return Catches(processId(), SIGHUP); }));
+    }
+    /// @return its exit code, -1 where the signal killed it
+    int EndBy(int signal)
+    {
+        ::kill(static_cast<pid_t>(processId()), signal);
+        EXPECT_TRUE(waitForFinished(60000));
+        return exitStatus() == NormalExit ? exitCode() : -1;
+    }
+};
+
+void Configure(const TemporaryFolder& folder)
+{
+    folder.Put("Halvern.INI", DiskFiles().Read(DataFolder() + "/demo/Halvern.INI").value_or(""));
+}
+
 /// The desktop program ends in its own order whatever it is waiting for.
 TEST(EndSignals, EndTheDesktopProgramAsItsMenuItemDoes)
 {
@@ -38,18 +61,29 @@ TEST(EndSignals, EndTheDesktopProgramAsItsMenuItemDoes)
         const TemporaryFolder folder;
         if (maps) LinkData(folder);
         folder.Put("Pos.txt", "a row of this run's");
-        if (configured) folder.Put("Halvern.INI", DiskFiles().Read(DataFolder() + "/demo/Halvern.INI").value_or(""));
-        QProcess program;
-        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program.start(HALVERN_BUILD "/halvern", {QString::fromStdString(folder.Path())});
-        ASSERT_TRUE(program.waitForStarted()) << what;
-        ASSERT_TRUE(RunUntil([&] { return Catches(program.processId(), signal); }, 30000)) << what;
-        ::kill(static_cast<pid_t>(program.processId()), signal);
-        EXPECT_TRUE(program.waitForFinished(30000)) << what;
-        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << what;
-        EXPECT_EQ(program.exitCode(), 0) << what;
+        if (configured) Configure(folder);
+        EXPECT_EQ(Desktop(folder).EndBy(signal), 0) << what;
         EXPECT_FALSE(DiskFiles().Exists(folder.Path() + "/Pos.txt")) << what;
     }
+}
+
+/// A program that is killed leaves its lock behind; the next one takes it over and loses no setting.
+TEST(EndSignals, ADesktopProgramThatWasKilledStartsAgainAsItWas)
+{
+    const TemporaryFolder folder;
+    LinkData(folder);
+    Configure(folder);
+    const auto settings = [&] { return DiskFiles().Read(folder.Path() + "/Halvern.INI").value_or("none"); };
+    Desktop first(folder);
+    const auto before = settings();
+    EXPECT_EQ(first.EndBy(SIGKILL), -1);
+    EXPECT_EQ(settings(), before);
+    EXPECT_TRUE(DiskFiles().Exists(folder.Path() + "/Halvern.lock"));
+    Desktop again(folder);
+    EXPECT_THAT(FolderLock(folder.Path()).Take(), HasSubstr("process " + std::to_string(again.processId())));
+    EXPECT_EQ(again.EndBy(SIGTERM), 0);
+    EXPECT_EQ(settings(), before);
+    EXPECT_FALSE(DiskFiles().Exists(folder.Path() + "/Halvern.lock"));
 }
 
 TEST(EndSignals, AFullLimitIsToldLikeAFullDisk)

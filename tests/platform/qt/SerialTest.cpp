@@ -21,7 +21,6 @@ namespace {
 
 using test::Cable;
 using test::NoTerminal;
-using test::RunFor;
 using test::RunUntil;
 
 struct SerialForm : Form {
@@ -78,11 +77,11 @@ TEST_F(SerialTest, FramesComeOneAnEventAndBytesGoOutUntouched)
     EXPECT_TRUE(RunUntil([&] { return (out += cable.Take()).size() >= bytes.size(); }));
     EXPECT_EQ(out, bytes);
 
-    cable.Send(std::string("\xC0\0fra", 5));
-    RunFor(50);
-    cable.Send("me\xC0 second\xC0");
-    EXPECT_TRUE(RunUntil([&] { return events.size() >= 2; }));
-    EXPECT_EQ(events, (std::vector<std::string>{std::string("\xC0\0frame\xC0", 8), "\xC0 second\xC0"}));
+    cable.Send("\xC0 first\xC0 sec");
+    EXPECT_TRUE(RunUntil([&] { return events.size() == 1; }));
+    cable.Send(std::string("ond\xC0\0third\xC0", 11));
+    EXPECT_TRUE(RunUntil([&] { return events.size() >= 3; }));
+    EXPECT_EQ(events, (std::vector<std::string>{"\xC0 first\xC0", "\xC0 second\xC0", {"\xC0\0third\xC0", 8}}));
 }
 
 TEST_F(SerialTest, BytesBelowTheThresholdWaitInThePort)
@@ -132,15 +131,17 @@ TEST_F(SerialTest, ARefusedOpenSaysWhatToDo)
     EXPECT_TRUE(Holds(busy.description, "Another program")) << busy.description;
     form.Gps.Close();
 
-    EXPECT_TRUE(Holds(Refused("/dev/no-such-device").description, "plugged in"));
-    EXPECT_TRUE(Holds(Refused("").description, "comports.txt"));
-    EXPECT_TRUE(Holds(Refused("/dev/null").description, "serial device"));
-    EXPECT_TRUE(Holds(Refused(cable.Device(), "fast,n,8,1").description, "another speed"));
-    EXPECT_TRUE(Holds(Refused(cable.Device(), "9600").description, "another speed"));
-}
+    const auto good = "9600,n,8,1";
+    const struct {
+        std::string device, settings, why;
+    } cases[] = {{"/dev/no-such-device", good, "plugged in"},
+                 {"", good, "comports.txt"},
+                 {"/dev/null", good, "serial device"},
+                 {cable.Device(), "fast,n,8,1", "another speed"},
+                 {cable.Device(), "9600", "another speed"}};
+    for (const auto& [device, settings, why] : cases)
+        EXPECT_TRUE(Holds(Refused(device, settings).description, why)) << why;
 
-TEST_F(SerialTest, AMissingPermissionNamesTheGroupToJoin)
-{
     ASSERT_EQ(::chmod(cable.Device().c_str(), 0), 0);
     const bool root = ::geteuid() == 0;
     const int lowered = root ? ::seteuid(65534) : 0;
@@ -173,7 +174,7 @@ TEST(QtPlatformTest, EquipsAStationsPortsAndTimers)
     Controls all;
     struct TimedForm : SerialForm {
         using SerialForm::SerialForm;
-        Timer Clock{*this, "Clock"};
+        Timer Clock{*this, "Clock"}, Later{*this, "Later"};
     } form{all};
     const QtPlatform platform(all, folder.Path());
 
@@ -186,18 +187,25 @@ TEST(QtPlatformTest, EquipsAStationsPortsAndTimers)
         if (++ticks == 3) form.Clock.Stop();
         if (ticks == 1) throw RuntimeFailure(failure::Overflow, "ends this tick only");
     };
+    bool later = false;
+    form.Later.OnTick = [&] { later = true; };
+    const auto longer = [&] {
+        later = false;
+        form.Later.Start(30);
+        return RunUntil([&] { return later; });
+    };
     form.Clock.SetInterval(10);
-    RunFor(50);
+    EXPECT_TRUE(longer());
     EXPECT_EQ(ticks, 0) << "not enabled yet";
     form.Clock.SetEnabled(true);
-    RunFor(300);
+    EXPECT_TRUE(RunUntil([&] { return ticks == 3; }) && longer());
     EXPECT_EQ(ticks, 3);
-    form.Clock.Start(100);
-    for (int i = 0; i < 10; ++i) {
-        RunFor(20);
-        form.Clock.SetInterval(101 - i % 2); // each change starts the wait anew
-    }
+    form.Clock.Start(10);
+    form.Clock.SetInterval(3600000); // each change starts the wait anew
+    EXPECT_TRUE(longer());
     EXPECT_EQ(ticks, 3);
+    form.Clock.SetInterval(10);
+    EXPECT_TRUE(RunUntil([&] { return ticks > 3; }));
 }
 
 } // namespace

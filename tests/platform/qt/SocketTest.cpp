@@ -13,14 +13,14 @@
 namespace halvern {
 namespace {
 
-using test::RunFor;
 using test::RunUntil;
 using Events = std::vector<std::string>;
 
 struct PortForm : Form {
     explicit PortForm(Controls& all) : Form(all, "PortFrm", "Ports") {}
-    Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, {.mark = '\n', .longest = 2000, .greetingMs = 50}};
-    Socket Other{*this, "Other", "127.0.0.1", 0, 10000, TextLines};
+    Socket Lines{*this, "Lines", "127.0.0.1", 0, 1000, Greeting};
+    Socket Other{*this, "Other", "127.0.0.1", 0, 10000, Greeting};
+    static constexpr Framing Greeting{.mark = '\n', .longest = 2000, .greetingMs = 50};
 };
 
 /// A server on this machine, and a port of ours that notes its events.
@@ -63,12 +63,17 @@ TEST_F(SocketTest, AQuietEndsTheGreetingAndNothingElse)
     Send("# no line end");
     EXPECT_EQ(Received(1), Events{"# no line end"});
     Send("ha");
-    RunFor(200);
+    auto first = std::move(peer);
+    Open(form.Other);
+    Send("# a later quiet");
+    EXPECT_EQ(Received(1), Events{"# a later quiet"}) << "the first port has been quiet for longer";
+    peer = std::move(first);
+    events = {"# no line end"};
     Send("lf\nhal");
     EXPECT_EQ(Received(2), (Events{"# no line end", "half\n"}));
     peer->close();
     EXPECT_TRUE(RunUntil([&] { return !form.Lines.Connected(); }));
-    RunFor(100);
+    QApplication::processEvents();
     EXPECT_EQ(events.size(), 2U) << "what is unfinished at a close belongs to nobody";
 }
 
@@ -133,7 +138,7 @@ TEST_F(SocketTest, NothingIsDeliveredOnceThePortIsClosed)
         form.Lines.Disconnect();
     };
     Send("one\ntwo\nthree\nre");
-    RunFor(100);
+    EXPECT_TRUE(RunUntil([&] { return peer->state() == QAbstractSocket::UnconnectedState; }));
     EXPECT_EQ(events, Events{"one\n"});
     Open(form.Lines);
     Send("st\n");

@@ -31,15 +31,16 @@ TEST(Ultimeter, EachRecordOfALineBecomesOneReportHoweverTheLineIsCut)
         cable.Send({&byte, 1});
         QApplication::processEvents();
     }
+    Strings winds;
+    const auto heard = [&](const char* last) {
+        for (const auto& line : station.SentByRadio()) winds.push_back(line.substr(line.find('_') + 1, 3));
+        return !winds.empty() && winds.back() == last;
+    };
     cable.Send(Record(2) + Record(3) + Record(4) + "$ULTW0000--00\r" + Record(5).substr(0, 30));
-    RunFor(50);
+    EXPECT_TRUE(RunUntil([&] { return heard("004"); }));
     cable.Send(Record(5).substr(30) + std::string(3000, '0') + "\xFF\xC0 noise \r" + "noise" + Record(6) + "$ULTW00" +
                Record(7) + Record(8));
-    Strings winds;
-    RunUntil([&] {
-        for (const auto& line : station.SentByRadio()) winds.push_back(line.substr(line.find('_') + 1, 3));
-        return !winds.empty() && winds.back() == "008";
-    });
+    EXPECT_TRUE(RunUntil([&] { return heard("008"); }));
     EXPECT_THAT(winds, ElementsAre("001", "002", "003", "004", "005", "006", "008"));
 }
 

@@ -8,8 +8,8 @@
 
 namespace halvern::test {
 
-/// Runs the event loop until something holds. @return false if it does not within the time.
-inline bool RunUntil(const std::function<bool()>& holds, int milliseconds = 5000)
+/// Runs the event loop until something holds. @return false if it does not within a time that no slow machine needs.
+inline bool RunUntil(const std::function<bool()>& holds, int milliseconds = 60000)
 {
     const QDeadlineTimer deadline(milliseconds);
     while (!holds()) {
@@ -17,12 +17,6 @@ inline bool RunUntil(const std::function<bool()>& holds, int milliseconds = 5000
         QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
     }
     return true;
-}
-
-/// Runs the event loop for a while.
-inline void RunFor(int milliseconds)
-{
-    RunUntil([] { return false; }, milliseconds);
 }
 
 } // namespace halvern::test
