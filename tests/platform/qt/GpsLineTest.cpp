@@ -49,7 +49,7 @@ struct GpsLine : StationTest {
     void Wait(const std::string& bytes)
     {
         cable.Send(bytes);
-        EXPECT_TRUE(RunUntil([&] { return main.GpsCom.Waiting() >= static_cast<int>(bytes.size()); }));
+        EXPECT_TRUE(RunUntil([&] { return main.GpsCom.Waiting() >= bytes.size(); }));
     }
 
     Cable cable;
