@@ -59,10 +59,10 @@ public:
         Follow();
     }
 
-    /// Number, time and value of each report, a line each.
+    /// Number, time and value of each report, a line each; the values' heading may hold a comma.
     QString Table() const
     {
-        QString text = tr("Report,Time,%1\n").arg(values.titleText());
+        QString text = tr("Report,Time,\"%1\"\n").arg(values.titleText());
         for (int i = 0; i < form.GraphLst.Count(); ++i)
             text += QString("%1,%2,%3\n").arg(i + 1).arg(TimeOf(i), Shown(form.GraphLst.Row(i)));
         return text;

@@ -149,5 +149,52 @@ TEST_F(Desk, TheMapIsTheLargestWindowAtFirst)
     EXPECT_FALSE(map.intersects(rows));
 }
 
+/// The graph's own buttons: each kind of file holds what the window shows, and one that can't be written is told.
+TEST_F(Desk, AGraphIsSavedAsPictureDrawingAndTable)
+{
+    const TemporaryFolder folder;
+    auto& form = halvern.GraphFrm;
+    form.LeftTitle = "Temperature";
+    form.UpperBound = 130;
+    form.Times = {"09 12:00:01", "09 12:10:02"};
+    for (const auto* value : {"77", "78.5"}) form.GraphLst.Add(value);
+    form.SetVisible(true);
+    ShowNow();
+    const auto buttons = screen.windows->WindowOf(form)->findChildren<QPushButton*>();
+    const auto press = [&](const QString& text) {
+        const auto is = [&](const QPushButton* button) { return button->text() == text; };
+        const auto found = std::ranges::find_if(buttons, is);
+        ASSERT_NE(found, buttons.end()) << text.toStdString();
+        (*found)->click();
+    };
+    const auto save = [&](const std::string& name) {
+        std::string said;
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, [&] {
+            auto* const box = QApplication::activeModalWidget();
+            if (auto* const dialog = qobject_cast<QFileDialog*>(box)) {
+                auto* const edit = dialog->findChild<QLineEdit*>("fileNameEdit");
+                edit->setText(QString::fromStdString(folder.Path() + "/" + name));
+                QMetaObject::invokeMethod(dialog, "accept");
+            } else if (auto* const message = qobject_cast<QMessageBox*>(box)) {
+                said = message->text().toStdString();
+                message->accept();
+            }
+        });
+        answer.start(0);
+        press("&Save...");
+        return said;
+    };
+    for (const auto* name : {"a.png", "a.svg", "a.csv"}) EXPECT_EQ(save(name), "") << name;
+    EXPECT_EQ(QImage(QString::fromStdString(folder.Path() + "/a.png")).size().isEmpty(), false);
+    EXPECT_THAT(*DiskFiles().Read(folder.Path() + "/a.svg"), HasSubstr("<svg"));
+    EXPECT_EQ(*DiskFiles().Read(folder.Path() + "/a.csv"), "Report,Time,\"Temperature, \xC2\xB0"
+                                                           "F\"\n1,09 12:00:01,77\n2,09 12:10:02,78.5\n");
+    EXPECT_THAT(save("none/a.csv"), HasSubstr("could not be written"));
+    QApplication::clipboard()->clear();
+    press("Cop&y");
+    EXPECT_FALSE(QApplication::clipboard()->pixmap().isNull());
+}
+
 } // namespace
 } // namespace halvern::test
