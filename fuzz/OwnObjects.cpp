@@ -75,7 +75,11 @@ private:
     {
         auto& form = halvern.AddPathFrm;
         auto call = fields[15];
-        std::erase_if(call, [](char each) { return !IsDigit(each) && each != '-' && (each < 'A' || each > 'z'); });
+        // A call of other characters makes an address that no receiver can read.
+        std::erase_if(call, [](char each) {
+            const char letter = UpperCase(each);
+            return !IsDigit(each) && each != '-' && (letter < 'A' || letter > 'Z');
+        });
         for (const char step : fields[14]) {
             form.PathOpt.Select(static_cast<unsigned char>(step) % 5);
             Type(form.PathCallTxt, call);
