@@ -88,7 +88,8 @@ void AddToBar(QToolBar* bar, QWidget* widget, Control& control)
 
 } // namespace
 
-MainWindow::MainWindow(Halvern& halvern) : halvern(halvern), area(new QMdiArea(this))
+MainWindow::MainWindow(Halvern& halvern, Looks& looks)
+    : halvern(halvern), looks(looks), area(new QMdiArea(this))
 {
     setObjectName(Shown(halvern.ConMdiFrm.Name()));
     setCentralWidget(area);
@@ -193,6 +194,8 @@ void MainWindow::MakeViewMenu(QMenu* menu)
     notices->setCheckable(true);
     notices->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_N);
     menu->addAction(notices);
+    menu->addSeparator();
+    menu->addActions(looks.Actions());
     menu->addSeparator();
     menu->addAction(ActionFor(form.RefreshMnu));
 }

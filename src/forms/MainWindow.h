@@ -5,6 +5,7 @@
 #include <QMdiArea>
 #include <QToolButton>
 
+#include "forms/Looks.h"
 #include "state/Halvern.h"
 
 namespace halvern {
@@ -13,7 +14,7 @@ namespace halvern {
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainWindow(Halvern& halvern);
+    MainWindow(Halvern& halvern, Looks& looks);
     QMdiArea& Area() const { return *area; }
     /// The pop-up menu of a station on the map.
     QMenu& StationMenu() const { return *stationMenu; }
@@ -35,6 +36,7 @@ private:
     QAction* ActionFor(MenuItem& item);
 
     Halvern& halvern;
+    Looks& looks;
     QMdiArea* area;
     QMenu* stationMenu = nullptr;
     QToolButton* notices = nullptr;

@@ -23,8 +23,8 @@ MouseButton ButtonOf(const QMouseEvent* event)
 
 } // namespace
 
-MapView::MapView(Halvern& halvern, QWidget* parent)
-    : QWidget(parent), halvern(halvern), form(halvern.MapFrm), sprites(halvern.MapFrm)
+MapView::MapView(Halvern& halvern, const Looks& looks, QWidget* parent)
+    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm)
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };

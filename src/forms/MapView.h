@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "forms/Looks.h"
 #include "forms/SpriteLayer.h"
 #include "platform/qt/screen/MapPainter.h"
 #include "state/Halvern.h"
@@ -16,7 +17,7 @@ namespace halvern {
 class MapView final : public QWidget {
     Q_OBJECT
 public:
-    explicit MapView(Halvern& halvern, QWidget* parent = nullptr);
+    MapView(Halvern& halvern, const Looks& looks, QWidget* parent = nullptr);
     QSize sizeHint() const override { return {800, 600}; }
     /// What stands on one of the map's surfaces, without stations, fine enough for paper; nothing for another control.
     QImage PictureOf(const Control& surface) const;
@@ -47,6 +48,7 @@ private:
     QString TextAt(QPoint place) const;
 
     Halvern& halvern;
+    const Looks& looks;
     MapForm& form;
     struct Drawn {
         Surface* surface;

@@ -37,7 +37,8 @@ QRect OverMap(const QRect& area)
 
 } // namespace
 
-Windows::Windows(Halvern& halvern) : halvern(halvern), main(std::make_unique<MainWindow>(halvern))
+Windows::Windows(Halvern& halvern, const std::string& looksFile)
+    : halvern(halvern), looks(Shown(looksFile)), main(std::make_unique<MainWindow>(halvern, looks))
 {
     QApplication::setWindowIcon(ProgramIcon());
     windows.emplace(&halvern.ConMdiFrm, main.get());
@@ -50,7 +51,7 @@ Windows::~Windows() = default;
 
 void Windows::AddChildren()
 {
-    map = new MapView(halvern);
+    map = new MapView(halvern, looks);
     AddChild(halvern.MapFrm, map, MapPlace);
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), BesideMap(0, 3, 0));
     AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), BesideMap(1, 3, 1));

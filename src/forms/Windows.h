@@ -6,6 +6,7 @@
 
 #include "forms/FormWindow.h"
 #include "forms/HelpWindow.h"
+#include "forms/Looks.h"
 #include "forms/MainWindow.h"
 #include "forms/MapView.h"
 #include "platform/qt/screen/QtDialogs.h"
@@ -15,7 +16,8 @@ namespace halvern {
 /// All windows of a station. Needs a QApplication; the station outlives it.
 class Windows {
 public:
-    explicit Windows(Halvern& halvern);
+    /// @param looksFile  where `Looks` are kept
+    explicit Windows(Halvern& halvern, const std::string& looksFile = {});
     ~Windows();
 
     MainWindow& Main() const { return *main; }
@@ -32,6 +34,7 @@ private:
     void AddChild(Form& form, QWidget* content, const FirstPlace& place);
 
     Halvern& halvern;
+    Looks looks;
     std::unique_ptr<MainWindow> main;
     MapView* map = nullptr;
     HelpWindow* help = nullptr;

@@ -96,7 +96,7 @@ int RunStation(QApplication& application, const Options& options)
     });
     QtPlatform platform(halvern.All, options.directory);
     ConnectHandlers(halvern);
-    Windows windows(halvern);
+    Windows windows(halvern, options.directory + "/view.ini");
     windows.Serve(dialogs);
     halvern.ConMdiFrm.Watch([&](const Change&) {
         if (!halvern.Engine.Ended) return;
