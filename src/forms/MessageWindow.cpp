@@ -2,6 +2,7 @@
 #include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
+#include "forms/Mail.h"
 #include "forms/StoreWindows.h"
 #include "forms/Watching.h"
 
@@ -65,6 +66,20 @@ QWidget* SendPage(Halvern& halvern, QWidget* parent)
     return page;
 }
 
+/// A dot on every tab that has something unread.
+void ShowNews(QTabWidget* tabs, const Mail& mail)
+{
+    const auto show = [tabs](int tab, int rows) {
+        auto palette = tabs->palette();
+        palette.setColor(QPalette::Active, QPalette::ButtonText, palette.color(QPalette::Highlight));
+        tabs->setTabIcon(tab, rows > 0 ? LineIcon("Unread", palette) : QIcon());
+        tabs->setTabToolTip(tab, rows > 0 ? QObject::tr("%1 unread").arg(rows) : QString());
+        const auto name = tabs->tabText(tab);
+        tabs->tabBar()->setAccessibleTabName(tab, rows > 0 ? QObject::tr("%1, %2 unread").arg(name).arg(rows) : name);
+    };
+    QObject::connect(&mail, &Mail::NewsChanged, tabs, show);
+}
+
 } // namespace
 
 QWidget* MakeMessageWindow(Halvern& halvern)
@@ -76,6 +91,7 @@ QWidget* MakeMessageWindow(Halvern& halvern)
                               ListPage(form.BullLst, "From > bulletin : text", tabs)};
     for (int i = 0; i < form.SSTab2.Count(); ++i) tabs->addTab(pages[i], Shown(form.SSTab2.Entry(i)));
     BindTabs(tabs, form.SSTab2);
+    ShowNews(tabs, *new Mail(halvern, tabs));
     return tabs;
 }
 

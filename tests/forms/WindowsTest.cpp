@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/Mail.h"
 #include "forms/Screen.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "platform/qt/QtTimers.h"
@@ -147,6 +148,35 @@ TEST_F(Desk, TheMapIsTheLargestWindowAtFirst)
     const auto rows = screen.windows->WindowOf(halvern.PositionFrm)->geometry();
     EXPECT_GT(map.width() * map.height(), 2 * rows.width() * rows.height());
     EXPECT_FALSE(map.intersects(rows));
+}
+
+/// News stand on their tab until it is looked at; own rows and what is brought back are none.
+TEST_F(Desk, MailIsUnreadUntilItsTabIsSeen)
+{
+    const Mail mail(halvern, nullptr);
+    const auto* tabs = screen.Find<QTabWidget>("MessageFrm.SSTab2");
+    const auto hear = [&](const std::string& line) { screen.station.Hear("Q0ABC>APRS::" + line); };
+    const auto dots = [&] {
+        std::string shown;
+        for (int tab = 0; tab < tabs->count(); ++tab) shown += tabs->tabIcon(tab).isNull() ? '-' : 'o';
+        return shown + std::to_string(mail.Unread());
+    };
+    halvern.MessageFrm.MsgToYouLst.Add("Q0ABC>Q0OWN:1.from a file");
+    EXPECT_EQ(dots(), "---0");
+    for (const auto* line : {"Q0OWN    :hello{1", "Q0OWN    :hello{1", "Q0OWN    :again{2", "Q9XYZ    :to others"})
+        hear(line);
+    EXPECT_EQ(dots(), "oo-2") << "a repeat is heard once";
+    halvern.MessageFrm.SetVisible(true); // on Traffic
+    QApplication::setActiveWindow(&screen.windows->Main());
+    ShowNow();
+    EXPECT_EQ(dots(), "-o-2");
+    halvern.MessageFrm.SSTab2.Select(SendTab);
+    hear("Q0OWN    :seen{3");
+    hear("BLN1     :for all");
+    EXPECT_EQ(dots(), "--o0");
+    halvern.MessageFrm.Hide();
+    hear("Q0OWN    :unseen{4");
+    EXPECT_EQ(dots(), "-oo1");
 }
 
 /// The graph's own buttons: each kind of file holds what the window shows, and one that can't be written is told.
