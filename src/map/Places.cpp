@@ -2,9 +2,10 @@
 #include "map/Places.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
+
+#include "view/Ground.h"
 
 namespace halvern {
 namespace {
@@ -14,7 +15,7 @@ constexpr int CellSize = 2, CellRows = 180 / CellSize,
               CellColumns = 360 / CellSize; ///< degrees; from the north-west corner
 constexpr double UnitsInCell = 65536;
 constexpr std::size_t HeadLength = Magic.size() + 4 * CellRows * CellColumns, FixedLength = 10;
-constexpr double Radian = std::numbers::pi / 180, EarthRadius = 6371, FarFromAll = 1000; ///< kilometres
+constexpr double Radian = std::numbers::pi / 180, FarFromAll = 1000; ///< kilometres
 constexpr int WidestStep = 13;
 
 /// A little-endian number. The caller sees to it that its bytes are there.
@@ -84,24 +85,6 @@ int RowOf(double lat)
     return std::clamp(static_cast<int>(std::floor((90 - lat) / CellSize)), 0, CellRows - 1);
 }
 
-/// Kilometres over the ground.
-double Distance(double lat1, double lon1, double lat2, double lon2)
-{
-    const double sinLat = std::sin((lat2 - lat1) * Radian / 2), sinLon = std::sin((lon2 - lon1) * Radian / 2);
-    const double chord = sinLat * sinLat + std::cos(lat1 * Radian) * std::cos(lat2 * Radian) * sinLon * sinLon;
-    return 2 * EarthRadius * std::asin(std::min(1.0, std::sqrt(chord)));
-}
-
-/// Degrees from north over east in which the second position is seen from the first.
-double Bearing(double lat1, double lon1, double lat2, double lon2)
-{
-    const double east = (lon1 - lon2) * Radian;
-    const double y = std::sin(east) * std::cos(lat2 * Radian);
-    const double x = std::cos(lat1 * Radian) * std::sin(lat2 * Radian) -
-                     std::sin(lat1 * Radian) * std::cos(lat2 * Radian) * std::cos(east);
-    return std::fmod(std::atan2(y, x) / Radian + 360, 360);
-}
-
 /// Looks for the nearest place from a position outwards, cells at a time, as far as a nearer one could lie.
 class Search {
 public:
@@ -115,7 +98,7 @@ public:
             if (RowReachable(own - away)) LookAlong(own - away);
             if (RowReachable(own + away)) LookAlong(own + away);
         }
-        if (found) found->bearing = Bearing(found->place.lat, found->place.lon, lat, lon);
+        if (found) found->bearing = GroundBearing({found->place.lat, found->place.lon}, {lat, lon});
         return found;
     }
 
@@ -152,7 +135,7 @@ private:
         while (records.Next()) {
             const auto& place = records.place;
             if (!Reachable(std::abs(place.lat - lat) * Radian * EarthRadius)) continue;
-            const double distance = Distance(place.lat, place.lon, lat, lon);
+            const double distance = GroundDistance({place.lat, place.lon}, {lat, lon}) * NauticalMile;
             if (Reachable(distance)) found = NearPlace{place, distance};
         }
     }
@@ -235,13 +218,11 @@ std::string PlaceNames::Trouble()
 
 std::string WhereIs(PlaceNames& places, double lat, double lon)
 {
-    static constexpr std::array<const char*, 8> Points{"N", "NE", "E", "SE", "S", "SW", "W", "NW"};
     const auto near = places.Nearest(lat, lon);
     if (!near || near->kilometres > FarFromAll) return {};
     const std::string name(near->place.name);
     if (near->kilometres < 1) return "in " + name;
-    const auto point = static_cast<std::size_t>(std::lround(near->bearing / 45)) % Points.size();
-    return std::to_string(std::lround(near->kilometres)) + " km " + Points[point] + " of " + name;
+    return std::to_string(std::lround(near->kilometres)) + " km " + CompassPoint(near->bearing) + " of " + name;
 }
 
 } // namespace halvern
