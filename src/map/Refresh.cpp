@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "platform/Text.h"
 #include "protocol/PositionText.h"
@@ -20,22 +19,6 @@ constexpr double Radian = 3.14159 / 180;
 int Whole(std::string_view digits)
 {
     return static_cast<int>(LeadingNumber(digits));
-}
-
-struct Motion {
-    int course = 0; ///< degrees
-    int speed = 0;  ///< knots
-};
-
-/// The course and speed that a row of a moving station or an object bears, "ccc/sss".
-std::optional<Motion> MotionOf(std::string_view row)
-{
-    if (ColumnAt(row, positionRow::State) == mark::Killed) return {};
-    if (ColumnAt(row, positionRow::Type) != ';' && !IsMobile(ColumnAt(row, positionRow::Code))) return {};
-    const auto course = Columns(row, 38, 3), speed = Columns(row, 42, 3);
-    const auto digits = [](std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); };
-    if (row.size() < 44 || ColumnAt(row, 41) != '/' || !digits(course) || !digits(speed) || Whole(speed) < 1) return {};
-    return Motion{Whole(course), Whole(speed)};
 }
 
 /// Hours since a report. A report of yesterday makes it 24 o'clock for the rest of the pass, so that the stations
@@ -71,6 +54,16 @@ void MoveStations(Halvern& halvern, const Moment& now)
 }
 
 } // namespace
+
+std::optional<Motion> MotionOf(std::string_view row)
+{
+    if (ColumnAt(row, positionRow::State) == mark::Killed) return {};
+    if (ColumnAt(row, positionRow::Type) != ';' && !IsMobile(ColumnAt(row, positionRow::Code))) return {};
+    const auto course = Columns(row, 38, 3), speed = Columns(row, 42, 3);
+    const auto digits = [](std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); };
+    if (row.size() < 44 || ColumnAt(row, 41) != '/' || !digits(course) || !digits(speed) || Whole(speed) < 1) return {};
+    return Motion{Whole(course), Whole(speed)};
+}
 
 Displacement AlongCourse(int course, double distance, double range)
 {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "state/Halvern.h"
 
 namespace halvern {
@@ -8,6 +11,14 @@ namespace halvern {
 /// Brings the copies for display up to date, and where `DeadOnOpt` is on moves every moving station along its last
 /// course and speed. Its rows stay: the next report puts the station back.
 void Refresh(Halvern& halvern);
+
+/// The course and speed that a row of a moving station or an object bears behind its symbol, "ccc/sss"; nothing for one
+/// that stands.
+struct Motion {
+    int course = 0; ///< degrees
+    int speed = 0;  ///< knots
+};
+std::optional<Motion> MotionOf(std::string_view row);
 
 /// One step of dead reckoning, in degrees to add, west positive.
 struct Displacement {

@@ -31,6 +31,7 @@ struct WeatherForm {
     ColumnRange tested{}; ///< of the wind's direction: these columns must be digits, the last ones of them are read
     Field direction, speed;
     bool byCompassTable = false; ///< the direction is an index into the table
+    Field gust{}, humidity{}, rain{};
 };
 
 constexpr double MilesAKilometre = 0.62137;
@@ -82,10 +83,20 @@ WeatherForm UltimeterForm(bool (*fits)(std::string_view), std::size_t shift)
             Hex(at(ultimeterRow::WindPeak), 0.1 * MilesAKilometre)};
 }
 
+/// What the forms of letters and digits have besides.
+WeatherForm WithLetters(WeatherForm form)
+{
+    form.gust = Behind('g', 3);
+    form.humidity = Behind('h', 2);
+    form.rain = Behind('r', 3, 0.01);
+    return form;
+}
+
 WeatherForm PositionForm(bool (*fits)(std::string_view), std::size_t code, double barometerFactor)
 {
     const ColumnRange direction{code + 1, 3}, speed{code + 5, 3};
-    return {fits, Behind('t', 3), Behind('b', 5, barometerFactor), direction, Digits(direction), Digits(speed)};
+    return WithLetters(
+        {fits, Behind('t', 3), Behind('b', 5, barometerFactor), direction, Digits(direction), Digits(speed)});
 }
 
 /// In the order in which they are tried. A stamped report's barometer is shown as the raw number that it is.
@@ -94,12 +105,12 @@ const std::array<WeatherForm, 7> Forms{{
     PeetPacket([](std::string_view info) { return info.starts_with("#"); }, MilesAKilometre),
     UltimeterForm([](std::string_view info) { return info.starts_with("!!"); }, 3),
     UltimeterForm([](std::string_view info) { return info.starts_with("$ULTW"); }, 0),
-    {[](std::string_view info) { return info.starts_with("_"); },
-     Behind('t', 3),
-     Behind('b', 5, 0.01),
-     {},
-     Behind('c', 3),
-     Behind('s', 3)},
+    WithLetters({[](std::string_view info) { return info.starts_with("_"); },
+                 Behind('t', 3),
+                 Behind('b', 5, 0.01),
+                 {},
+                 Behind('c', 3),
+                 Behind('s', 3)}),
     PositionForm([](std::string_view info) { return ColumnAt(info, weatherRow::Code) == '_'; }, weatherRow::Code, 0.01),
     PositionForm([](std::string_view info) { return ColumnAt(info, weatherRow::StampedCode) == '_'; },
                  weatherRow::StampedCode, 1),
@@ -182,7 +193,9 @@ WeatherReading ReadWeather(std::string_view info, WeatherQuantity quantity)
     const auto form = std::ranges::find_if(Forms, [&](const WeatherForm& each) { return each.fits(info); });
     if (form == Forms.end()) return {};
     if (quantity == WeatherQuantity::Wind) return ReadWind(info, *form);
-    const auto& field = quantity == WeatherQuantity::Temperature ? form->temperature : form->barometer;
+    const Field&
+        field = *std::array{&form->temperature, &form->barometer, &form->direction,
+                            &form->gust,        &form->humidity,  &form->rain}[static_cast<std::size_t>(quantity)];
     if (!field.Given()) return {Kind::Missing};
     const auto value = Read(info, field);
     return value ? WeatherReading{Kind::Good, static_cast<float>(*value)} : WeatherReading{Kind::Malformed};

@@ -8,7 +8,7 @@
 /// reference, chapter 12; the records of Peet Brothers' stations.
 namespace halvern {
 
-enum class WeatherQuantity { Temperature, Barometer, Wind };
+enum class WeatherQuantity { Temperature, Barometer, Wind, Gust, Humidity, Rain };
 
 /// What a report says of one quantity.
 struct WeatherReading {
@@ -19,7 +19,8 @@ struct WeatherReading {
         Good
     };
     Kind kind = Kind::None;
-    float value = 0; ///< degrees Fahrenheit; the barometer's number in the unit of its form; wind in miles an hour
+    float value = 0; ///< degrees Fahrenheit; the barometer's number in the unit of its form; wind and gust in miles an
+                     ///< hour; humidity in per cent, 0 for all hundred; rain of the last hour in inches
     std::int16_t gauge = 0;     ///< of the wind: where the needle of the compass gauge stands, 0 to 360
     std::int16_t direction = 0; ///< of the wind: degrees
 };

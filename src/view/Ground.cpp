@@ -5,6 +5,10 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
+
+#include "protocol/PositionText.h"
+#include "state/Rows.h"
 
 namespace halvern {
 namespace {
@@ -39,21 +43,31 @@ const char* CompassPoint(double bearing)
 std::string Maidenhead(GroundPoint point)
 {
     if (!(std::abs(point.lat) <= 90) || !std::isfinite(point.lon)) return {};
-    struct Level {
-        int count; ///< parts that each side is cut into
-        char first;
-    };
-    static constexpr Level levels[] = {{18, 'A'}, {10, '0'}, {24, 'a'}};
-    double east = std::fmod(std::remainder(-point.lon, 360) + 180, 360) / 360;
-    double north = (point.lat + 90) / 180;
+    constexpr double crumb = 1e-6;   // what is exactly on an edge stays there, whatever its last bit says
+    constexpr int around = 18 * 240; // fields of 240 sub-squares each way
+    const double eastward = std::remainder(-point.lon, 360) + 180, northward = point.lat + 90;
+    int east = static_cast<int>(eastward * 12 + crumb) % around; // sub-squares are 5 by 2.5 minutes
+    int north = std::min(static_cast<int>(northward * 24 + crumb), around - 1);
+    const auto part = [](int& count, int size) { return std::exchange(count, count % size) / size; };
     std::string locator;
-    for (const auto& [count, first] : levels)
-        for (double* side : {&east, &north}) {
-            const int part = std::min(static_cast<int>(*side * count), count - 1); // the pole itself is in the last one
-            *side = *side * count - part;
-            locator += static_cast<char>(first + part);
-        }
+    for (const auto& [size, first] : {std::pair{240, 'A'}, {24, '0'}, {1, 'a'}}) {
+        locator += static_cast<char>(first + part(east, size));
+        locator += static_cast<char>(first + part(north, size));
+    }
     return locator;
+}
+
+GroundPoint PlaceOfRow(std::string_view row)
+{
+    return {LatTextToDegrees(positionRow::Latitude(row)), LonTextToDegrees(positionRow::Longitude(row))};
+}
+
+std::optional<GroundPoint> OwnPlace(const Halvern& halvern)
+{
+    const auto& stations = halvern.PositionFrm.PosLst;
+    const int own = stations.Find(CallField(halvern.Engine.OwnCall));
+    if (own == NotFound) return {};
+    return PlaceOfRow(stations.Row(own));
 }
 
 } // namespace halvern

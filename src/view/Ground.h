@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
+
+#include "state/Halvern.h"
 
 /// Distances and directions over the ground, a sphere of the earth's mean radius.
 namespace halvern {
@@ -27,5 +31,11 @@ const char* CompassPoint(double bearing);
 /// The Maidenhead locator: field, square, sub-square, as in "FN30hr". Empty where a pole is passed or nothing is
 /// finite. Source: IARU Region 1 VHF managers' handbook.
 std::string Maidenhead(GroundPoint point);
+
+/// Where a row of `PosLst` says that its station is.
+GroundPoint PlaceOfRow(std::string_view row);
+
+/// Where the own station was heard last; nothing as long as it was not.
+std::optional<GroundPoint> OwnPlace(const Halvern& halvern);
 
 } // namespace halvern
