@@ -37,6 +37,7 @@ void SaveMap(Halvern& halvern)
         dialogs.Question("Do you want Symbols Saved? Answer Yes if you want your saved BitMap to contain the APRS "
                          "Symbols. Answer No if you want the Map Saved without the APRS Symbols.",
                          "Halvern Save Map Bitmap");
+    if (answer == Answer::Left) return;
     CopyMap(form, form.Pic2);
     if (answer == Answer::Yes) dialogs.CaptureScreen(form.Pic2);
     const auto file = dialogs.File({.save = true,
@@ -60,6 +61,7 @@ void PrintMap(Halvern& halvern)
     const auto answer = dialogs.Question("Do you want a White Background? Answer Yes if you want a White Background. "
                                          "Answer No if you want the print out to use the maps background.",
                                          "Halvern Print Map");
+    if (answer == Answer::Left) return;
     CopyMap(form, form.PrintPicBox);
     if (answer == Answer::Yes) form.PrintPicBox.WhitenGround();
     const auto trouble = dialogs.Print(halvern.ChosePrinter.Printer, form.PrintPicBox);

@@ -13,7 +13,8 @@
 namespace halvern {
 
 enum class Icon { None, Critical, Stop, Question, Information };
-enum class Answer { Yes, No, Cancel };
+/// Left: by Escape or the close box. It counts as No where the question does not offer to stop what it belongs to.
+enum class Answer { Yes, No, Cancel, Left };
 
 /// The title of every box that has no title of its own.
 inline constexpr const char* ProgramTitle = "Halvern";

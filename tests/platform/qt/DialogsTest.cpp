@@ -62,7 +62,7 @@ TEST_F(DialogsTest, AMessageShowsItsFixedWordsAndABytesText)
 TEST_F(DialogsTest, AQuestionOffersTheHarmlessAnswer)
 {
     const std::pair<QMessageBox::StandardButton, Answer> presses[] = {
-        {QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::NoButton, Answer::No}};
+        {QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::NoButton, Answer::Left}};
     for (const auto& [button, answer] : presses) {
         Then<QMessageBox>([button = button](QMessageBox& box) {
             EXPECT_EQ(box.windowTitle(), "Halvern Print Map");

@@ -10,6 +10,8 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrinter>
@@ -72,6 +74,25 @@ QString SuffixOf(const std::string& filter)
     return extension.match(Shown(filter)).captured(1);
 }
 
+/// A box that knows whether it was left without an answer.
+class QuestionBox final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+    bool left = false;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        left |= event->key() == Qt::Key_Escape;
+        QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override
+    {
+        left = true;
+        QMessageBox::closeEvent(event);
+    }
+};
+
 void FitOnPage(QPainter& painter, const QImage& picture)
 {
     const QRectF page(QPointF(), QSizeF(painter.viewport().size()));
@@ -95,11 +116,12 @@ void QtDialogs::Message(Icon icon, const std::string& text, const std::string& t
 Answer QtDialogs::Question(const std::string& text, const std::string& title)
 {
     if (NobodyThere()) return Answer::No;
-    QMessageBox box(QMessageBox::Question, Shown(title), Shown(text), QMessageBox::Yes | QMessageBox::No, Above());
+    QuestionBox box(QMessageBox::Question, Shown(title), Shown(text), QMessageBox::Yes | QMessageBox::No, Above());
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+    const int button = box.exec();
+    return button == QMessageBox::Yes ? Answer::Yes : box.left ? Answer::Left : Answer::No;
 }
 
 std::optional<std::string> QtDialogs::Input(const std::string& prompt, const std::string& title,
@@ -110,6 +132,12 @@ std::optional<std::string> QtDialogs::Input(const std::string& prompt, const std
     dialog.setWindowTitle(Shown(title));
     dialog.setLabelText(Shown(prompt));
     dialog.setTextValue(Shown(offered));
+    if (auto* label = dialog.findChild<QLabel*>(); label != nullptr) {
+        constexpr int lineLength = 60;
+        const int line = label->fontMetrics().averageCharWidth() * lineLength;
+        label->setWordWrap(label->sizeHint().width() > line);
+        label->setMinimumWidth(line);
+    }
     if (dialog.exec() != QDialog::Accepted) return {};
     return Typed(dialog.textValue());
 }
