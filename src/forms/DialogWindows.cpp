@@ -4,6 +4,7 @@
 #include "forms/Glyphs.h"
 #include "forms/SendTimes.h"
 #include "forms/StoreWindows.h"
+#include "forms/Watching.h"
 #include "forms/Words.h"
 
 namespace halvern {
@@ -31,17 +32,21 @@ struct ListSize {
     std::string_view list;
     int rows, columns;
     const std::vector<RowColumn>* header = nullptr;
+    bool picker = false; ///< from as many stations as there are
 };
 
 /// Lists of which is known how much they hold, and what.
 constexpr ListSize KnownLists[] = {{"InformationFrm.InformationLst", 3, 66},
                                    {"ChosePrinter.PrinterLst", 6, 36},
-                                   {"FindFoundFrm.CallSignLst", 8, 24},
+                                   {"FindFoundFrm.CallSignLst", 8, 24, nullptr, true},
+                                   {"PosAlarmFrm.AlarmLst", 12, DialogColumns, nullptr, true},
+                                   {"PosTrackFrm.TrackLst", 12, DialogColumns, nullptr, true},
+                                   {"QueryFrm.CallSignLst", 12, DialogColumns, nullptr, true},
                                    {"GraphFrm.GraphLst", 8, 12},
                                    {"MoveMyObjectFrm.ObjectLst", 6, ObjectColumns},
                                    {"KillMyObjectsFrm.ObjectLst", 8, ObjectColumns},
                                    {"StpTransObjectsFrm.ObjectLst", 8, ObjectColumns},
-                                   {"TakeTransObjFrm.OthersObjLst", 8, ObjectColumns, &PositionColumns},
+                                   {"TakeTransObjFrm.OthersObjLst", 8, ObjectColumns, &PositionColumns, true},
                                    {"GraphFrm.GraphLst", 12, 10},
                                    {"CompassFrm.CompassLst", 6, 10},
                                    {"CompassFrm.DirectionLst", 6, 10},
@@ -69,6 +74,7 @@ QList<Button*> AddControls(QVBoxLayout* layout, Halvern& halvern, Form& form, QW
         } else if (auto* widget = BindAny(*control, parent)) {
             if (lines == nullptr) layout->addLayout(lines = new QFormLayout);
             if (auto* field = qobject_cast<QLineEdit*>(widget)) WideFor(DialogColumns, field);
+            if (auto* label = qobject_cast<QLabel*>(widget)) WideFor(DialogColumns, label)->setWordWrap(true);
             AddRow(lines, *control, widget, {});
         }
     }
@@ -82,6 +88,21 @@ int HeightOf(int lines, const QPlainTextEdit* text)
     return lines * (text->fontMetrics().lineSpacing() + 1) + around;
 }
 
+/// Selects the whole text of a line when it gets the keys, by the mouse too.
+class SelectsWhenEntered final : public QObject {
+public:
+    explicit SelectsWhenEntered(QLineEdit* line) : QObject(line), line(line) {}
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        // the press that brought the keys sets the cursor first
+        if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, line, &QLineEdit::selectAll);
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    QLineEdit* const line;
+};
+
 /// A row that is picked twice is picked for good.
 void PressOkByDoubleClick(QWidget* window)
 {
@@ -89,6 +110,16 @@ void PressOkByDoubleClick(QWidget* window)
         for (auto* view : window->findChildren<RowsView*>())
             if (button->objectName().endsWith(".OkCmd"))
                 QObject::connect(view, &QAbstractItemView::doubleClicked, button, [button] { button->click(); });
+}
+
+/// Comes up with its first row picked, so that Enter takes it.
+void PickFirst(Form& form, List& list, const RowsView* view)
+{
+    const auto pick = [&form, &list, view] {
+        const int first = view->StoreRow(view->model()->index(0, 0));
+        if (form.Visible() && list.Selected() < 0 && first >= 0) FromScreen(list, [&] { list.Click(first); });
+    };
+    WatchFor(view->window(), form, [view, pick](const Change&) { QTimer::singleShot(0, view, pick); });
 }
 
 /// The one that acts is what Enter presses, so it comes first.
@@ -106,7 +137,8 @@ RowsView* DialogRows(Halvern& halvern, List& list, QWidget* parent)
     for (const auto& known : KnownLists)
         if (known.list == list.Name()) size = known;
     const bool ownObjects = list.Name().ends_with(".ObjectLst");
-    const RowsLook look{size.header != nullptr ? *size.header : std::vector<RowColumn>{}};
+    RowsLook look{size.header != nullptr ? *size.header : std::vector<RowColumn>{}};
+    look.picker = size.picker;
     auto* view = ownObjects ? MakeMyObjectRows(halvern, list, parent) : new RowsView(list, look, parent);
     BindCommon(view, list);
     view->WantRows(size.rows);
@@ -117,6 +149,7 @@ void AddList(QVBoxLayout* layout, List& list, RowsView* view)
 {
     layout->addWidget(LabelFor(view, list));
     layout->addWidget(view, 1);
+    if (view->Picker()) view->ShowFilter();
 }
 
 DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
@@ -125,6 +158,8 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
     auto* layout = new QVBoxLayout(window);
     layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, halvern, form, window))));
     PressOkByDoubleClick(window);
+    if (&form == &halvern.FindFoundFrm)
+        PickFirst(form, halvern.FindFoundFrm.CallSignLst, window->findChild<RowsView*>());
     if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
     return window;
 }
@@ -228,7 +263,8 @@ QWidget* MakeWeatherWindow(Halvern& halvern)
     auto& form = halvern.WeatherFrm;
     auto* window = new QWidget;
     auto* layout = new QVBoxLayout(window);
-    auto* call = FixedFor(12, BindField(form.CallSignTxt, window));
+    auto* call = BindField(form.CallSignTxt, window);
+    FixedFor(12, call)->installEventFilter(new SelectsWhenEntered(call));
     auto* compute = BindButton(form.ComputeCmd, window);
     layout->addWidget(Beside({LabelFor(call, form.CallSignTxt), call, compute}, window));
     layout->addWidget(BindChoice(form.GraphOpt, 3, window));

@@ -3,6 +3,7 @@
 
 #include <QtWidgets>
 
+#include "forms/FilterLine.h"
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
 
@@ -187,12 +188,13 @@ void DialogWindow::ComeBack()
     activateWindow();
 }
 
-/// The keys go to the first field or list, and not to the tabs above it.
+/// The keys go to the first field or list, and not to the tabs or the filter above it.
 void DialogWindow::FocusFirst()
 {
     for (auto* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain())
         if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled() &&
-            widget->focusProxy() == nullptr && qobject_cast<QTabBar*>(widget) == nullptr)
+            widget->focusProxy() == nullptr && qobject_cast<QTabBar*>(widget) == nullptr &&
+            qobject_cast<FilterLine*>(widget) == nullptr)
             return widget->setFocus();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QtWidgets>
 
+#include "forms/FilterLine.h"
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
 
@@ -60,15 +61,25 @@ void PlainTable::Fit()
 RowsView::RowsView(List& list, const RowsLook& look, QWidget* parent)
     : PlainTable(parent), list(list),
       storeModel(new StoreModel(list, look.columns, StoreModel::Pace::Collected, look.markNews, this)),
-      followEnd(look.followEnd), clickByEnter(look.clickByEnter)
+      sorted(new SortedRows(*storeModel, this)), followEnd(look.followEnd), clickByEnter(look.clickByEnter),
+      picker(look.picker), following(look.followEnd)
 {
-    setModel(storeModel);
-    setSelectionMode(list.style == ListStyle::MultiRows ? MultiSelection : SingleSelection);
+    setModel(sorted);
+    setSelectionMode(ManyRows() ? ExtendedSelection : SingleSelection);
     if (look.columns.empty()) horizontalHeader()->hide();
+    horizontalHeader()->setSortIndicatorClearable(true);
+    horizontalHeader()->setSortIndicator(picker && look.columns.empty() ? 0 : -1, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    const auto isCall = [](const RowColumn& column) { return std::string_view(column.name) == "Call"; };
+    const auto call = std::ranges::find_if(look.columns, isCall);
+    if (call != look.columns.end()) searchColumn = static_cast<int>(call - look.columns.begin());
+    if (picker) sorted->Stays = [&list](int row) { return list.Selected() == row || list.Marked(row); };
     connect(storeModel, &StoreModel::AboutToApply, this, &RowsView::KeepPlace);
     connect(storeModel, &StoreModel::Applied, this, &RowsView::RestorePlace);
+    connect(storeModel, &StoreModel::LooksChanged, viewport(), QOverload<>::of(&QWidget::update));
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &RowsView::FollowOrNot);
     connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        if (this->list.style != ListStyle::MultiRows) ClickRow(index.row());
+        if (!ManyRows()) ClickRow(StoreRow(index));
     });
     UseFont(list.Font());
     WatchFor(this, list, [this](const Change& change) {
@@ -104,22 +115,29 @@ void RowsView::resizeEvent(QResizeEvent* event)
 {
     PlainTable::resizeEvent(event);
     FitTail();
+    if (following) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
+/// The operator scrolled.
+void RowsView::FollowOrNot()
+{
+    const auto* bar = verticalScrollBar();
+    following = followEnd && bar->sliderPosition() == bar->maximum();
+}
+
+/// In a sorted list the reader who stands at its head stays there; else he stays at his row.
 void RowsView::KeepPlace()
 {
     writing = true;
-    const auto* bar = verticalScrollBar();
-    topValue = bar->value();
-    atEnd = followEnd && topValue == bar->maximum();
-    topRow = storeModel->index(topValue, 0);
+    topValue = verticalScrollBar()->value();
+    topRow = topValue == 0 && sorted->sortColumn() >= 0 ? QModelIndex() : sorted->index(topValue, 0);
 }
 
 void RowsView::RestorePlace()
 {
     updateGeometries();
     auto* bar = verticalScrollBar();
-    bar->setValue(atEnd ? bar->maximum() : topRow.isValid() ? topRow.row() : topValue);
+    bar->setValue(following ? bar->maximum() : topRow.isValid() ? topRow.row() : topValue);
     FitTail();
     writing = false;
     ShowSelection();
@@ -129,12 +147,15 @@ void RowsView::ShowSelection()
 {
     const bool outer = std::exchange(writing, true);
     auto* selection = selectionModel();
-    if (list.style == ListStyle::MultiRows) {
-        for (int row = 0; row < storeModel->rowCount() && row < list.Count(); ++row)
-            if (list.Marked(row) != selection->isRowSelected(row))
-                selection->select(storeModel->index(row, 0), QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
-    } else if (list.Selected() != currentIndex().row() || !selection->hasSelection()) {
-        const auto index = storeModel->index(list.Selected(), 0);
+    if (ManyRows()) {
+        for (int row = 0; row < sorted->rowCount(); ++row) {
+            const auto index = sorted->index(row, 0);
+            const int stored = StoreRow(index);
+            if (stored >= 0 && list.Marked(stored) != selection->isRowSelected(row))
+                selection->select(index, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+        }
+    } else if (list.Selected() != StoreRow(currentIndex()) || !selection->hasSelection()) {
+        const auto index = sorted->ShownRow(list.Selected());
         const auto flags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
         selection->setCurrentIndex(index, index.isValid() ? flags : QItemSelectionModel::Clear);
     }
@@ -143,7 +164,7 @@ void RowsView::ShowSelection()
 
 void RowsView::ClickRow(int row)
 {
-    if (row >= list.Count()) return;
+    if (row < 0) return;
     FromScreen(
         list, writing, [&] { list.Click(row); }, [this] { ShowSelection(); });
 }
@@ -153,12 +174,55 @@ void RowsView::PassMarksOn()
     FromScreen(
         list, writing,
         [this] {
-            for (int row = 0; row < std::min(storeModel->rowCount(), list.Count()); ++row) {
+            for (int row = 0; row < sorted->rowCount(); ++row) {
                 const bool marked = selectionModel()->isRowSelected(row);
-                if (list.Marked(row) != marked) list.Mark(row, marked);
+                const int stored = StoreRow(sorted->index(row, 0));
+                if (stored >= 0 && list.Marked(stored) != marked) list.Mark(stored, marked);
             }
         },
         [] {});
+}
+
+QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex& index, const QEvent* event) const
+{
+    const bool key = event != nullptr && event->type() == QEvent::KeyPress;
+    if (ManyRows() && key && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Space)
+        return QItemSelectionModel::Toggle | QItemSelectionModel::Rows;
+    return PlainTable::selectionCommand(index, event);
+}
+
+/// A letter typed again and again goes on to the next call that begins with it.
+void RowsView::keyboardSearch(const QString& search)
+{
+    const bool fresh = !sinceTyped.isValid() || sinceTyped.elapsed() > QApplication::keyboardInputInterval();
+    sinceTyped.start();
+    if (search.trimmed().isEmpty() || sorted->rowCount() == 0) return; // Space picks
+    typed = fresh ? search : typed + search;
+    const bool again = typed.count(search) == typed.size();
+    const int from = std::max(0, currentIndex().row()) + (again && currentIndex().isValid() ? 1 : 0);
+    const auto found = sorted->match(sorted->index(from % sorted->rowCount(), searchColumn), Qt::DisplayRole,
+                                     again ? search : typed, 1, Qt::MatchStartsWith | Qt::MatchWrap);
+    if (found.isEmpty()) return;
+    const bool moveOnly = ManyRows() || clickByEnter;
+    const auto flags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    selectionModel()->setCurrentIndex(found.constFirst(), moveOnly ? QItemSelectionModel::NoUpdate : flags);
+    scrollTo(found.constFirst());
+}
+
+FilterLine* RowsView::ShowFilter()
+{
+    if (filter == nullptr) {
+        filter = new FilterLine(this, picker);
+        connect(filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+            storeModel->Apply();
+            const bool outer = std::exchange(writing, true);
+            sorted->FilterBy(text);
+            writing = outer;
+            ShowSelection();
+        });
+    }
+    filter->show();
+    return filter;
 }
 
 void RowsView::mousePressEvent(QMouseEvent* event)
@@ -172,8 +236,15 @@ void RowsView::keyPressEvent(QKeyEvent* event)
     storeModel->Apply();
     if (event->matches(QKeySequence::Copy)) return Copy(false);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (clickByEnter && enter && currentIndex().isValid()) return ClickRow(currentIndex().row());
+    if (clickByEnter && enter && currentIndex().isValid()) return ClickRow(StoreRow(currentIndex()));
+    if (event->text() == "/" || event->keyCombination() == (Qt::ControlModifier | Qt::ShiftModifier | Qt::Key_F)) {
+        ShowFilter()->setFocus();
+        return filter->selectAll();
+    }
     PlainTable::keyPressEvent(event);
+    if (event->key() == Qt::Key_Home && currentIndex().isValid())
+        scrollTo(currentIndex()); // it may have been there before
+    FollowOrNot();
 }
 
 void RowsView::focusInEvent(QFocusEvent* event)
@@ -186,21 +257,21 @@ void RowsView::focusInEvent(QFocusEvent* event)
 void RowsView::selectionChanged(const QItemSelection& now, const QItemSelection& before)
 {
     PlainTable::selectionChanged(now, before);
-    if (!writing && list.style == ListStyle::MultiRows) PassMarksOn();
+    if (!writing && ManyRows()) PassMarksOn();
 }
 
 void RowsView::currentChanged(const QModelIndex& now, const QModelIndex& before)
 {
     PlainTable::currentChanged(now, before);
     const bool byKey = !writing && !clickByEnter && QGuiApplication::mouseButtons() == Qt::NoButton;
-    if (byKey && now.isValid() && list.style != ListStyle::MultiRows) ClickRow(now.row());
+    if (byKey && now.isValid() && !ManyRows()) ClickRow(StoreRow(now));
 }
 
 void RowsView::contextMenuEvent(QContextMenuEvent* event)
 {
     storeModel->Apply();
-    const int row = rowAt(event->pos().y());
-    const auto text = row >= 0 && row < list.Count() ? Shown(list.Row(row)) : QString();
+    const int row = StoreRow(indexAt(event->pos()));
+    const auto text = row >= 0 ? Shown(list.Row(row)) : QString();
     QMenu menu(this);
     auto* one = menu.addAction(tr("&Copy Row"), [text] { QGuiApplication::clipboard()->setText(text); });
     one->setEnabled(!text.isEmpty());
@@ -212,8 +283,9 @@ void RowsView::contextMenuEvent(QContextMenuEvent* event)
 void RowsView::Copy(bool all)
 {
     QStringList rows;
-    for (int row = 0; row < std::min(storeModel->rowCount(), list.Count()); ++row)
-        if (all || selectionModel()->isRowSelected(row)) rows += Shown(list.Row(row));
+    for (int row = 0; row < sorted->rowCount(); ++row)
+        if (all || selectionModel()->isRowSelected(row))
+            rows += Shown(storeModel->RowText(sorted->mapToSource(sorted->index(row, 0)).row()));
     if (!rows.isEmpty()) QGuiApplication::clipboard()->setText(rows.join('\n'));
 }
 

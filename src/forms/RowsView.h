@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 
-#include "forms/StoreModel.h"
+#include "forms/SortedRows.h"
 
 namespace halvern {
 
@@ -33,22 +34,35 @@ struct RowsLook {
     bool markNews = false;
     bool followEnd = false;    ///< a reader who stands at the end stays at the end
     bool clickByEnter = false; ///< going along by keys selects nothing: a click does too much for that
+    bool picker = false;       ///< rows to pick from: sorted, with a filter that stays; what is picked stays in sight
 };
 
+class FilterLine;
+
 /// A list on the screen. The reader's place and the selected row stay where they are, whatever comes in.
+///
+/// A click on the header sorts: upwards, downwards, and again in the order of arrival. "/" filters. Typing goes to the
+/// row whose call begins so; where several rows can be picked it picks none, Space does.
 class RowsView final : public PlainTable {
     Q_OBJECT
 public:
     RowsView(List& list, const RowsLook& look, QWidget* parent);
     StoreModel& Rows() const { return *storeModel; }
-    /// Puts rows on the clipboard: the selected ones, or all.
+    /// The row of the store that stands at an index of the view; -1 for none.
+    int StoreRow(const QModelIndex& shown) const { return sorted->StoreRow(shown); }
+    /// Puts rows on the clipboard: the selected ones, or all that are shown.
     void Copy(bool all);
+    bool Picker() const { return picker; }
+    /// Shows the line that filters, above the list.
+    FilterLine* ShowFilter();
+    void keyboardSearch(const QString& search) override;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void selectionChanged(const QItemSelection& now, const QItemSelection& before) override;
     void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
@@ -61,14 +75,21 @@ private:
     void ShowSelection();
     void ClickRow(int row);
     void PassMarksOn();
+    void FollowOrNot();
+    bool ManyRows() const { return list.style == ListStyle::MultiRows; }
 
     List& list;
     StoreModel* storeModel;
-    const bool followEnd, clickByEnter;
+    SortedRows* sorted;
+    FilterLine* filter = nullptr;
+    const bool followEnd, clickByEnter, picker;
+    int searchColumn = 0;
+    QString typed; ///< what is looked for
+    QElapsedTimer sinceTyped;
     bool writing = false; ///< what happens to the selection is not the operator's doing
     QPersistentModelIndex topRow;
     int topValue = 0;
-    bool atEnd = false;
+    bool following = false; ///< the end; only the operator's own scrolling changes that
 };
 
 /// A grid of texts on the screen.

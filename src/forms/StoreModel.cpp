@@ -12,6 +12,12 @@
 
 namespace halvern {
 
+std::string_view StretchOf(const RowColumn& column, std::string_view row)
+{
+    const auto width = column.width == 0 ? std::string_view::npos : static_cast<std::size_t>(column.width);
+    return Columns(row, static_cast<std::size_t>(column.first), width);
+}
+
 StoreModel::StoreModel(List& list, std::vector<RowColumn> rowColumns, Pace pace, bool markNews, QObject* parent)
     : QAbstractTableModel(parent), list(list),
       columns(rowColumns.empty() ? std::vector<RowColumn>{{}} : std::move(rowColumns)), pace(pace), markNews(markNews),
@@ -28,15 +34,15 @@ void StoreModel::Note(const Change& change)
 {
     if (change.what == Change::Property) return;
     if (change.what == Change::RowsCleared) {
-        steps.clear();
         news.clear();
+        held = -1;
         longestTail = 0;
-        allChanged = true;
+        BeginAnew();
     }
     if (change.what == Change::RowAdded || change.what == Change::RowReplaced) Measure(change.row);
     if (change.what == Change::RowReplaced) NoteReplaced(change.row);
-    if (change.what == Change::RowAdded) NoteMoved(true, change.row);
-    if (change.what == Change::RowRemoved) NoteMoved(false, change.row);
+    if (change.what == Change::RowAdded) NoteAdded(change.row);
+    if (change.what == Change::RowRemoved) NoteRemoved(change.row);
     pending = true;
     if (pace == Pace::AtOnce)
         Apply();
@@ -46,33 +52,100 @@ void StoreModel::Note(const Change& change)
 
 void StoreModel::NoteReplaced(int row)
 {
-    replacedFirst = replacedFirst < 0 ? row : std::min(replacedFirst, row);
-    replacedLast = std::max(replacedLast, row);
+    DropHeld();
     AddNews(row);
+    if (manyReplaced) return;
+    replaced.push_back(row);
+    if (replaced.size() > MostReplaced) {
+        manyReplaced = true;
+        replaced.clear();
+    }
 }
 
-void StoreModel::NoteMoved(bool added, int row)
+void StoreModel::NoteRemoved(int row)
 {
-    // a row taken out and put in again at its place is a row that changed
-    if (added && !steps.empty() && !steps.back().added && steps.back().first == row) {
-        if (--steps.back().count == 0) steps.pop_back();
-        return NoteReplaced(row);
-    }
-    for (auto& entry : news)
-        if (entry.row >= row) entry.row += added ? 1 : -1;
-    if (added) AddNews(row);
+    DropHeld();
+    held = row;
+}
+
+/// A row taken out and put in again at its place is a row that changed.
+void StoreModel::NoteAdded(int row)
+{
+    if (std::exchange(held, held == row ? -1 : held) == row) return NoteReplaced(row);
+    DropHeld();
+    Move(row, 1);
+    AddNews(row);
     if (allChanged) return;
-    auto* last = steps.empty() ? nullptr : &steps.back();
-    if (last != nullptr && last->added && added && row >= last->first && row <= last->first + last->count)
-        ++last->count;
-    else if (last != nullptr && !last->added && !added && row == last->first)
-        ++last->count;
+    const auto at = PieceFrom(row);
+    if (at > 0 && pieces[at - 1].fresh)
+        ++pieces[at - 1].count;
+    else if (at < pieces.size() && pieces[at].fresh)
+        ++pieces[at].count;
     else
-        steps.push_back({added, row, 1});
-    if (steps.size() > MostSteps) {
-        steps.clear();
-        allChanged = true;
+        pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(at), {0, 1, true});
+    if (pieces.size() > MostPieces) BeginAnew();
+}
+
+void StoreModel::DropHeld()
+{
+    const int row = std::exchange(held, -1);
+    if (row < 0) return;
+    std::erase(replaced, row);
+    std::erase_if(news, [row](const News& entry) { return entry.row == row; });
+    Move(row, -1);
+    if (allChanged) return;
+    const auto at = PieceFrom(row);
+    PieceFrom(row + 1);
+    pieces.erase(pieces.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
+/// Too much has happened to tell it one by one.
+void StoreModel::BeginAnew()
+{
+    replaced.clear();
+    moved = manyReplaced = false;
+    allChanged = true;
+}
+
+/// What is noted of rows from this one on stands so many further down.
+void StoreModel::Move(int row, int by)
+{
+    for (auto& entry : news)
+        if (entry.row >= row) entry.row += by;
+    for (auto& each : replaced)
+        if (each >= row) each += by;
+}
+
+/// Cuts the pieces so that one begins at a row of the store. @return its place
+std::size_t StoreModel::PieceFrom(int row)
+{
+    if (!std::exchange(moved, true)) pieces = {{0, announced, false}};
+    std::size_t at = 0;
+    for (; at < pieces.size() && row >= pieces[at].count; ++at) row -= pieces[at].count;
+    if (row == 0 || at == pieces.size()) return at;
+    const auto whole = pieces[at];
+    pieces[at].count = row;
+    const Piece rest{whole.fresh ? 0 : whole.first + row, whole.count - row, whole.fresh};
+    pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(at) + 1, rest);
+    return at + 1;
+}
+
+int StoreModel::Now(int row) const
+{
+    int now = moved ? -1 : row, before = 0;
+    for (const auto& piece : pieces) {
+        if (!piece.fresh && row >= piece.first && row < piece.first + piece.count) now = before + row - piece.first;
+        before += piece.count;
     }
+    if (held >= 0 && now >= held) now = now == held ? -1 : now - 1;
+    return now < list.Count() ? now : -1;
+}
+
+const std::string& StoreModel::RowText(int row) const
+{
+    static const std::string gone;
+    const int now = Now(row);
+    return now < 0 ? gone : list.Row(now);
 }
 
 void StoreModel::Measure(int row)
@@ -87,42 +160,74 @@ void StoreModel::Apply()
 {
     if (!pending) return;
     pending = false;
+    DropHeld();
     emit AboutToApply();
-    if (allChanged)
+    if (allChanged) {
         AnnounceAll();
-    else
-        for (const auto& step : std::exchange(steps, {})) Announce(step);
-    if (replacedFirst >= 0 && announced > 0)
-        emit dataChanged(index(std::min(replacedFirst, announced - 1), 0),
-                         index(std::min(replacedLast, announced - 1), columnCount() - 1));
-    replacedFirst = replacedLast = -1;
+    } else {
+        AnnounceRemoved();
+        AnnounceAdded();
+        moved = false;
+        AnnounceReplaced();
+    }
     emit Applied();
-}
-
-void StoreModel::TextsChanged()
-{
-    if (announced > 0) emit dataChanged(index(0, 0), index(announced - 1, columnCount() - 1));
 }
 
 void StoreModel::AnnounceAll()
 {
     beginResetModel();
-    steps.clear();
     allChanged = false;
     announced = list.Count();
     endResetModel();
 }
 
-void StoreModel::Announce(const Step& step)
+/// From the end on, so that what stands before keeps its number.
+void StoreModel::AnnounceRemoved()
 {
-    if (step.added) {
-        beginInsertRows({}, step.first, step.first + step.count - 1);
-        announced += step.count;
-        endInsertRows();
-    } else {
-        beginRemoveRows({}, step.first, step.first + step.count - 1);
-        announced -= step.count;
-        endRemoveRows();
+    if (!moved) return;
+    int end = announced;
+    for (auto at = pieces.size() + 1; at-- > 0;) {
+        if (at > 0 && pieces[at - 1].fresh) continue;
+        const int from = at == 0 ? 0 : pieces[at - 1].first + pieces[at - 1].count;
+        if (from < end) {
+            beginRemoveRows({}, from, end - 1);
+            for (auto& piece : pieces)
+                if (!piece.fresh && piece.first >= end) piece.first -= end - from;
+            announced -= end - from;
+            endRemoveRows();
+        }
+        end = at == 0 ? 0 : pieces[at - 1].first;
+    }
+}
+
+void StoreModel::AnnounceAdded()
+{
+    if (!moved) return;
+    int row = 0;
+    for (auto& fresh : pieces) {
+        if (fresh.fresh) {
+            beginInsertRows({}, row, row + fresh.count - 1);
+            for (auto& piece : pieces)
+                if (!piece.fresh && piece.first >= row) piece.first += fresh.count;
+            fresh = {row, fresh.count, false};
+            announced += fresh.count;
+            endInsertRows();
+        }
+        row += fresh.count;
+    }
+}
+
+void StoreModel::AnnounceReplaced()
+{
+    auto rows = std::exchange(replaced, {});
+    if (std::exchange(manyReplaced, false) && announced > 0)
+        emit dataChanged(index(0, 0), index(announced - 1, columnCount() - 1));
+    std::ranges::sort(rows);
+    for (auto first = rows.begin(); first != rows.end();) {
+        auto last = first;
+        while (std::next(last) != rows.end() && *std::next(last) <= *last + 1) ++last;
+        emit dataChanged(index(*first, 0), index(*last, columnCount() - 1));
+        first = std::next(last);
     }
 }
 
@@ -146,8 +251,9 @@ void StoreModel::DropOldNews()
     if (news.empty()) newsTimer.stop();
 }
 
-bool StoreModel::IsNews(int row) const
+bool StoreModel::IsNews(int announcedRow) const
 {
+    const int row = news.empty() ? -1 : Now(announcedRow);
     return std::any_of(news.begin(), news.end(), [row](const News& entry) { return entry.row == row; });
 }
 
@@ -167,15 +273,12 @@ QVariant StoreModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) return {};
     if (role == Qt::DisplayRole || role == Qt::EditRole) {
-        if (index.row() >= list.Count()) return QString();
+        const auto& row = RowText(index.row());
         const auto& column = columns[static_cast<std::size_t>(index.column())];
-        const auto& row = list.Row(index.row());
-        if (column.text) return column.text(row);
-        const auto width = column.width == 0 ? std::string_view::npos : static_cast<std::size_t>(column.width);
-        return Shown(Columns(row, static_cast<std::size_t>(column.first), width));
+        return column.text && !row.empty() ? column.text(row) : Shown(StretchOf(column, row));
     }
-    if (role == Qt::DecorationRole && index.column() == 0 && pictureOf && index.row() < list.Count())
-        return PictureOf(list.Row(index.row()));
+    if (role == Qt::DecorationRole && index.column() == 0 && pictureOf && Now(index.row()) >= 0)
+        return PictureOf(RowText(index.row()));
     if (role == Qt::BackgroundRole && IsNews(index.row())) {
         auto tint = QApplication::palette().color(QPalette::Highlight);
         tint.setAlphaF(0.18F);

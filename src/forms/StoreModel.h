@@ -15,20 +15,25 @@
 namespace halvern {
 
 /// A stretch of a row's columns under a name. `first` is 1-based; `width` 0: to the end. With `text` the column shows
-/// what that says of the row instead.
+/// what that says of the row instead. Rows are sorted by the stretch, or by the number that `order` makes of the row;
+/// what has none, infinity, comes last.
 struct RowColumn {
     int first = 1;
     int width = 0;
     const char* name = "";
     const char* tip = "";
     std::function<QString(std::string_view row)> text = {};
+    std::function<double(std::string_view row)> order = {};
 };
+
+/// The columns of a row that a stretch takes.
+std::string_view StretchOf(const RowColumn& column, std::string_view row);
 
 /// The rows of a store as a model; never a copy.
 ///
 /// Changes are collected and announced together, at the pacer's pace, so that a busy store keeps its windows answering.
-/// Between two announcements the store may be shorter than what was announced: cells that are not there any more are
-/// empty.
+/// Between two announcements, and in the middle of one, a row that was announced shows what the store holds of it now;
+/// one that is gone is empty.
 class StoreModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -36,10 +41,14 @@ public:
     /// @param markNews  rows that came or changed in the last seconds stand on a tinted ground
     StoreModel(List& list, std::vector<RowColumn> columns, Pace pace, bool markNews, QObject* parent);
 
-    /// Announces what has been collected.
+    /// Announces what has been collected: first all rows that are gone, then all that came, then those that changed.
     void Apply();
-    /// The columns that have their texts from elsewhere have others now.
-    void TextsChanged();
+    /// Where the store has the row that was announced as `row`; -1 where it is gone.
+    int Now(int row) const;
+    /// What the store has there; empty where it is gone.
+    const std::string& RowText(int row) const;
+    /// The columns that have their texts from elsewhere have others now. That moves no row.
+    void TextsChanged() { emit LooksChanged(); }
     /// What stands before a row. It must depend on the row's text alone: each text is asked for once.
     using Picture = std::function<QIcon(std::string_view row)>;
     void ShowPictures(Picture picture) { pictureOf = std::move(picture); }
@@ -55,24 +64,33 @@ public:
 signals:
     void AboutToApply();
     void Applied();
+    void LooksChanged();
 
 private:
-    struct Step {
-        bool added;
+    /// Rows of the store in a row: those announced from `first` on, or fresh ones.
+    struct Piece {
         int first, count;
+        bool fresh;
     };
     struct News {
         int row;
         qint64 until;
     };
     static constexpr int NewsMs = 8000;
-    static constexpr std::size_t MostSteps = 2000, MostNews = 256;
+    static constexpr std::size_t MostPieces = 2000, MostNews = 256, MostReplaced = 512;
 
     void Note(const Change& change);
-    void NoteMoved(bool added, int row);
+    void NoteAdded(int row);
+    void NoteRemoved(int row);
     void NoteReplaced(int row);
-    void Announce(const Step& step);
+    void DropHeld();
+    void BeginAnew();
+    void Move(int row, int by);
+    std::size_t PieceFrom(int row);
     void AnnounceAll();
+    void AnnounceRemoved();
+    void AnnounceAdded();
+    void AnnounceReplaced();
     void AddNews(int row);
     void DropOldNews();
     bool IsNews(int row) const;
@@ -84,9 +102,10 @@ private:
     const Pace pace;
     const bool markNews;
     int announced = 0;
-    std::vector<Step> steps;
-    int replacedFirst = -1, replacedLast = -1;
-    bool allChanged = false, pending = false;
+    std::vector<Piece> pieces; ///< what the store is made of, once rows have moved
+    int held = -1;             ///< a row that was taken out, perhaps only to be put in again
+    std::vector<int> replaced; ///< rows of the store
+    bool moved = false, manyReplaced = false, allChanged = false, pending = false;
     int longestTail = 0;
     std::vector<News> news;
     Picture pictureOf;

@@ -128,7 +128,7 @@ TEST_F(Operator, MarksSeveralRows)
     ShowNow();
     auto* view = Find<QTableView>(list);
     for (const int row : {0, 2})
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::ControlModifier,
                           view->visualRect(view->model()->index(row, 0)).center());
     EXPECT_TRUE(list.Marked(0));
     EXPECT_FALSE(list.Marked(1));

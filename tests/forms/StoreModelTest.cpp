@@ -2,6 +2,7 @@
 #include <QSignalSpy>
 #include <random>
 
+#include "forms/FilterLine.h"
 #include "forms/RowsView.h"
 #include "forms/Screen.h"
 
@@ -118,6 +119,7 @@ TEST_F(View, KeepsTheReadersPlaceWhileTenThousandRowsArrive)
     EXPECT_EQ(store.Row(Top()), "row 250");
     EXPECT_EQ(store.Row(view->currentIndex().row()), "row 252");
     EXPECT_EQ(store.Selected(), view->currentIndex().row());
+    EXPECT_EQ(store.Selected(), view->StoreRow(view->currentIndex()));
 }
 
 TEST_F(View, FollowsTheEndOnlyForAReaderAtTheEnd)
@@ -129,11 +131,23 @@ TEST_F(View, FollowsTheEndOnlyForAReaderAtTheEnd)
     ShowNow();
     Fill(100, "later ");
     ShowNow();
-    EXPECT_EQ(tail.verticalScrollBar()->value(), tail.verticalScrollBar()->maximum());
-    tail.verticalScrollBar()->setValue(10);
+    auto* bar = tail.verticalScrollBar();
+    for (const int height : {400, 120, 260}) {
+        tail.resize(300, height);
+        Fill(5, "later ");
+        ShowNow();
+        EXPECT_EQ(bar->value(), bar->maximum()) << "only the operator's own scrolling leaves the end";
+    }
+    QTest::keyClick(&tail, Qt::Key_Home, Qt::ControlModifier);
+    bar->triggerAction(QScrollBar::SliderSingleStepAdd);
+    EXPECT_EQ(bar->value(), 1);
     Fill(100, "last ");
     ShowNow();
-    EXPECT_EQ(tail.verticalScrollBar()->value(), 10);
+    EXPECT_EQ(bar->value(), 1);
+    bar->triggerAction(QScrollBar::SliderToMaximum);
+    Fill(100, "last ");
+    ShowNow();
+    EXPECT_EQ(bar->value(), bar->maximum());
 }
 
 TEST_F(View, ClicksAndKeysSelectClickAndCopy)
@@ -158,6 +172,86 @@ TEST_F(View, ClicksAndKeysSelectClickAndCopy)
     EXPECT_EQ(view->currentIndex().row(), 7);
     QTest::keySequence(view.get(), QKeySequence::Copy);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "row 7");
+}
+
+/// Sorted and filtered, the rows that are shown are those of the store, in order, whatever happened to it; the row
+/// picked and the rows marked are the same ones.
+TEST_F(RowsTest, StandInOrderAndInChoiceThroughAnyChanges)
+{
+    std::mt19937 random(11);
+    const auto number = [](std::string_view row) { return std::strtod(std::string(row.substr(4)).c_str(), nullptr); };
+    const auto fresh = [&] { return "row " + std::to_string(random() % 900); };
+    for (int i = 0; i < 300; ++i) store.Add(fresh());
+    StoreModel model(store, {{1, 0, "Row", "", {}, number}}, StoreModel::Pace::Collected, true, nullptr);
+    SortedRows sorted(model, nullptr);
+    sorted.sort(0, Qt::DescendingOrder);
+    for (int round = 0; round < 80; ++round) {
+        sorted.FilterBy(round % 3 == 0 ? "" : "1");
+        for (unsigned step = random() % 40; step-- > 0;) {
+            const int at = static_cast<int>(random() % store.Count());
+            const auto act = random() % 5;
+            if (act < 2) store.Insert(fresh(), at);
+            if (act == 2 && store.Count() > 20) store.Remove(at);
+            if (act == 3) store.Replace(at, fresh());
+            if (act == 4) store.Add(fresh());
+        }
+        model.Apply();
+        std::vector<double> wanted, shown;
+        for (int row = 0; row < store.Count(); ++row)
+            if (round % 3 == 0 || store.Row(row).find('1') != std::string::npos)
+                wanted.push_back(number(store.Row(row)));
+        for (int row = 0; row < sorted.rowCount(); ++row) {
+            const int stored = sorted.StoreRow(sorted.index(row, 0));
+            shown.push_back(number(store.Row(stored)));
+            ASSERT_EQ(sorted.ShownRow(stored).row(), row);
+        }
+        std::ranges::sort(wanted, std::greater());
+        ASSERT_EQ(shown, wanted) << round;
+    }
+}
+
+/// Typing goes to a row and marks none; Space, Shift and Ctrl mark. The filter keeps what is marked in sight.
+TEST_F(RowsTest, ArePickedByWhatMarksAndNeverByTyping)
+{
+    List stations{form, "Stations", ListStyle::MultiRows};
+    for (const auto* call : {"Q8JX", "Q1WT-2", "Q3MSP-1", "Q8GX-14", "Q1AB"}) stations.Add(call);
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    RowsLook look;
+    look.picker = true;
+    auto* view = new RowsView(stations, look, &window);
+    layout->addWidget(view);
+    auto* filter = view->ShowFilter();
+    window.show();
+    QApplication::setActiveWindow(&window);
+    view->setFocus();
+    const auto marks = [&] {
+        std::string marked;
+        for (int row = 0; row < stations.Count(); ++row) marked += stations.Marked(row) ? 'x' : '.';
+        return marked;
+    };
+    const auto click = [&](int row, Qt::KeyboardModifiers keys) {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, keys,
+                          view->visualRect(view->model()->index(row, 0)).center());
+    };
+    click(0, {}); // sorted: Q1AB Q1WT-2 Q3MSP-1 Q8GX-14 Q8JX
+    click(2, Qt::ShiftModifier);
+    EXPECT_EQ(marks(), ".xx.x");
+    click(1, Qt::ControlModifier);
+    EXPECT_EQ(marks(), "..x.x");
+    QTest::keyClicks(view, "q8j");
+    EXPECT_EQ(view->StoreRow(view->currentIndex()), 0);
+    EXPECT_EQ(marks(), "..x.x") << "typing marks nothing";
+    QTest::keyClick(view, Qt::Key_Space);
+    EXPECT_EQ(marks(), "x.x.x");
+    QTest::keyClick(view, Qt::Key_Slash);
+    EXPECT_TRUE(filter->hasFocus());
+    QTest::keyClicks(filter, "gx");
+    EXPECT_EQ(view->model()->rowCount(), 4) << "what is marked stays in sight";
+    EXPECT_EQ(marks(), "x.x.x");
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_EQ(view->model()->rowCount(), 5);
+    EXPECT_EQ(marks(), "x.x.x");
 }
 
 } // namespace

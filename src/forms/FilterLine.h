@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+
+namespace halvern {
+
+/// A line above a list: the list shows only the rows that hold what is typed there. Down and Enter go on to the list,
+/// Escape empties the line.
+class FilterLine final : public QLineEdit {
+    Q_OBJECT
+public:
+    /// Takes its place above the list, in the layout that the list stands in.
+    /// @param stays  whether the line stays on the screen when Escape is pressed
+    FilterLine(QAbstractItemView* list, bool stays);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void GoToList();
+    QAbstractItemView* const list;
+    const bool stays;
+};
+
+} // namespace halvern
