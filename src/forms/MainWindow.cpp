@@ -8,6 +8,7 @@
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/Watching.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {
@@ -88,8 +89,7 @@ void AddToBar(QToolBar* bar, QWidget* widget, Control& control)
 
 } // namespace
 
-MainWindow::MainWindow(Halvern& halvern, Looks& looks)
-    : halvern(halvern), looks(looks), area(new QMdiArea(this))
+MainWindow::MainWindow(Halvern& halvern, Looks& looks) : halvern(halvern), looks(looks), area(new QMdiArea(this))
 {
     setObjectName(Shown(halvern.ConMdiFrm.Name()));
     setCentralWidget(area);
@@ -162,6 +162,7 @@ void MainWindow::MakeMenus()
         BindAction(menu->menuAction(), form.*table.menu);
         menu->setToolTipsVisible(true);
         if (table.menu == &MainForm::ViewMenu) MakeViewMenu(menu);
+        if (table.menu == &MainForm::MapMenu) MakeZoomActions(menu);
         for (const auto item : table.items) {
             if (item == Line) {
                 menu->addSeparator();
@@ -176,6 +177,24 @@ void MainWindow::MakeMenus()
     }
     if (!form.CascadeMenu.OnClick) form.CascadeMenu.OnClick = [this] { area->cascadeSubWindows(); };
     if (!form.TileMenu.OnClick) form.TileMenu.OnClick = [this] { area->tileSubWindows(); };
+}
+
+/// A step on the range selector, about the middle of the map.
+void MainWindow::MakeZoomActions(QMenu* menu)
+{
+    auto& range = halvern.ConMdiFrm.ScaleCombo;
+    const auto add = [&](const QString& words, const QList<QKeySequence>& keys, int closer) {
+        auto* action = menu->addAction(words);
+        action->setShortcuts(keys);
+        connect(action, &QAction::triggered, this,
+                [this, closer, &range] { FromScreen(range, [&] { ZoomAboutMiddle(halvern, closer); }); });
+        const auto follow = [action, &range](const Change& = {}) { action->setEnabled(range.Visible()); };
+        WatchFor(action, range, follow);
+        follow();
+    };
+    add(tr("Zoom I&n"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal}, 1);
+    add(tr("Zoom &Out"), {QKeySequence::ZoomOut}, -1);
+    menu->addSeparator();
 }
 
 void MainWindow::MakeViewMenu(QMenu* menu)
@@ -231,7 +250,8 @@ void MainWindow::MakeToolbars()
     auto* range = addToolBar(tr("Map Range"));
     range->setObjectName("MapRange");
     range->setMovable(false);
-    AddToBar(range, BindCombo(form.ScaleCombo, range), form.ScaleCombo);
+    auto* ladder = BindCombo(form.ScaleCombo, range);
+    AddToBar(range, ladder, form.ScaleCombo);
     auto* scale = BindField(form.ScaleTxt, range);
     auto* map = BindField(form.dMapTxt, range);
     for (auto* field : {scale, map}) {
@@ -243,6 +263,7 @@ void MainWindow::MakeToolbars()
         colours.setColor(QPalette::Base, Qt::transparent);
         field->setPalette(colours);
     }
+    scale->setFixedWidth(ladder->sizeHint().width()); // it takes the selector's place
     AddToBar(range, scale, form.ScaleTxt);
     AddToBar(range, map, form.dMapTxt);
     AddToBar(range, BindCombo(form.BitMapCombo, range), form.BitMapCombo);

@@ -26,6 +26,7 @@ protected:
 private:
     void MakeMenus();
     void MakeViewMenu(QMenu* menu);
+    void MakeZoomActions(QMenu* menu);
     void MakeStationMenu();
     void MakeToolbars();
     void MakeStatusBar();

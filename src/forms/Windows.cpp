@@ -53,6 +53,8 @@ void Windows::AddChildren()
 {
     map = new MapView(halvern, looks);
     AddChild(halvern.MapFrm, map, MapPlace);
+    auto* range = main->findChild<QComboBox*>(Shown(halvern.ConMdiFrm.ScaleCombo.Name()));
+    QObject::connect(range, &QComboBox::activated, map, [this] { map->setFocus(); }); // its keys move the map now
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), BesideMap(0, 3, 0));
     AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), BesideMap(1, 3, 1));
     AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), BesideMap(1, 3, 2));
