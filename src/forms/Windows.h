@@ -31,7 +31,7 @@ public:
 private:
     void AddChildren();
     void AddDialogs();
-    void AddChild(Form& form, QWidget* content, const FirstPlace& place);
+    void AddChild(Form& form, QWidget* content, const MenuItem& item, const FirstPlace& place);
 
     Halvern& halvern;
     Looks looks;
