@@ -126,7 +126,6 @@ void TakeSettings(Halvern& halvern)
     ChoosePath(setUp);
     setUp.SetPlace(SetUpPlace);
     FillInPassword(halvern);
-    if (halvern.Engine.ConfigLoaded) RecordSaved(halvern);
 }
 
 void FillInPassword(Halvern& halvern)
@@ -165,7 +164,6 @@ void SaveSettings(Halvern& halvern)
     setUp.Hide();
     if (!Replace(halvern, SettingsFile, WriteIni(SettingsTable(halvern)))) return;
     if (setUp.IntDomainCombo.Count() > 0 && !Replace(halvern, ServersFile, ServersAsText(setUp))) return;
-    RecordSaved(halvern);
     halvern.Engine.ConfigLoaded = true;
     halvern.ConMdiFrm.PortsMn.SetEnabled(true);
     halvern.ConMdiFrm.FrmMenu(1).SetEnabled(true);

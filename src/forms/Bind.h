@@ -28,8 +28,7 @@ QWidget* BindChoice(Choice& choice, int columns, QWidget* parent);
 /// The tabs are there already, one an entry.
 void BindTabs(QTabWidget* tabs, Choice& choice);
 /// For a menu that opens, `action` is its own.
-/// @param ask  what must be agreed to before a click counts
-void BindAction(QAction* action, MenuItem& item, const std::function<bool()>& ask = {});
+void BindAction(QAction* action, MenuItem& item);
 
 /// The widget that goes with a control's kind.
 QWidget* BindAny(Control& control, QWidget* parent);

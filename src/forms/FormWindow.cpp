@@ -40,46 +40,29 @@ void PressCloseBox(Form& form)
 
 // --- inside the main window ------------------------------------------------------------------------------------------
 
-ChildWindow::ChildWindow(Form& form, QWidget* content, const QString& title)
-    : form(form), title(title), usualCaption(Shown(form.Caption()))
+ChildWindow::ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace)
+    : form(form), firstPlace(std::move(firstPlace))
 {
     setWidget(content);
     setObjectName(Shown(form.Name()));
     setAttribute(Qt::WA_DeleteOnClose, false);
-    ShowTitle();
+    setWindowTitle(Shown(form.Caption()));
+    setAccessibleName(windowTitle());
     hide();
     WatchFor(this, form, [this](const Change&) { Follow(); });
 }
 
-void ChildWindow::ShowTitle()
-{
-    const auto caption = Shown(form.Caption());
-    setWindowTitle(caption == usualCaption ? title : caption);
-    setAccessibleName(windowTitle());
-}
-
-/// Where it is placed it gets all that it needs; where many are tiled, as little as shows a row.
-QSize ChildWindow::minimumSizeHint() const
-{
-    return QSize(14, 6) * fontMetrics().height();
-}
-
 void ChildWindow::Follow()
 {
-    ShowTitle();
+    setWindowTitle(Shown(form.Caption()));
+    setAccessibleName(windowTitle());
     if (placing) return;
-    if (!form.Visible()) {
-        if (isHidden()) return;
-        hide();
-        emit CameOrWent();
-        return;
-    }
+    if (!form.Visible()) return hide();
     const bool fresh = isHidden();
     ApplyPlace();
     if (!fresh) return;
     show();
     if (mdiArea() != nullptr) mdiArea()->setActiveSubWindow(this);
-    emit CameOrWent();
 }
 
 void ChildWindow::ApplyPlace()
@@ -91,8 +74,8 @@ void ChildWindow::ApplyPlace()
     if (place.state == 0) {
         if (isMaximized() || isMinimized()) showNormal();
         const bool first = place == Place{};
-        if (!first && PixelsOf(place) != placed) firstPlace = nullptr;
-        placed = Within(first ? firstPlace(area) : PixelsOf(place), area, QMdiSubWindow::minimumSizeHint());
+        placed = Within(first ? firstPlace(area) : PixelsOf(place), area, minimumSizeHint());
+        if (!first) firstPlace = nullptr;
         setGeometry(placed);
     } else if (place.state == 1) {
         setWindowState(Qt::WindowMinimized);
@@ -103,19 +86,14 @@ void ChildWindow::ApplyPlace()
     NotePlace();
 }
 
+/// As long as nobody has moved the window, it keeps its share of the area.
 void ChildWindow::FollowArea()
 {
     if (firstPlace && isVisible() && geometry() == placed && !isMaximized() && !isMinimized()) {
         const auto area = mdiArea()->viewport()->rect();
-        placed = Within(firstPlace(area), area, QMdiSubWindow::minimumSizeHint());
+        placed = Within(firstPlace(area), area, minimumSizeHint());
         setGeometry(placed);
     }
-}
-
-QRect ChildWindow::OperatorsPlace() const
-{
-    const bool own = !isMaximized() && !isMinimized() && !(firstPlace && geometry() == placed);
-    return own && form.Place() != Place{} ? geometry() : QRect();
 }
 
 bool ChildWindow::eventFilter(QObject* object, QEvent* event)

@@ -18,17 +18,7 @@ class ChildWindow final : public QMdiSubWindow {
     Q_OBJECT
 public:
     /// The content becomes the window's own.
-    /// @param title  stands for the form's caption as long as that is the one it has now
-    ChildWindow(Form& form, QWidget* content, const QString& title);
-    void SetFirstPlace(FirstPlace place) { firstPlace = std::move(place); }
-    /// As long as nobody has moved the window, it keeps its share of the area.
-    void FollowArea();
-    /// Where the operator has put it; an invalid rectangle where he left it alone, or let it fill the area.
-    QRect OperatorsPlace() const;
-    QSize minimumSizeHint() const override;
-
-signals:
-    void CameOrWent();
+    ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -39,12 +29,11 @@ protected:
 
 private:
     void Follow();
-    void ShowTitle();
+    void FollowArea();
     void ApplyPlace();
     void NotePlace();
 
     Form& form;
-    const QString title, usualCaption;
     FirstPlace firstPlace;
     QRect placed; ///< as it was placed last, not by the operator
     bool placing = false;

@@ -31,10 +31,11 @@ public:
 private:
     void AddChildren();
     void AddDialogs();
-    void AddChild(Form& form, QWidget* content, const MenuItem& item, const FirstPlace& place);
+    void AddChild(Form& form, QWidget* content, const FirstPlace& place);
 
     Halvern& halvern;
     Looks looks;
+    PlaceNames places;
     std::unique_ptr<MainWindow> main;
     MapView* map = nullptr;
     HelpWindow* help = nullptr;

@@ -17,41 +17,26 @@ std::string Port::ReadAll()
 
 void Port::Keep(std::string_view bytes)
 {
-    ++heard;
     if (waiting.size() < MostWaiting) waiting += bytes; // a full buffer loses what comes, as a port's own does
-}
-
-void Port::Lost(const std::string& why)
-{
-    gone = why;
-    Tell({});
-}
-
-void Port::Touched()
-{
-    gone.clear();
-    Tell({});
 }
 
 std::optional<PortError> SerialPort::Open()
 {
     if (device == nullptr) return PortError{8002, Name(), "Invalid port number"};
     auto error = device->Open(PortNumber, Settings);
-    Touched();
+    Tell({});
     return error;
 }
 
 void SerialPort::Close()
 {
     if (device != nullptr) device->Close();
-    Touched();
+    Tell({});
 }
 
 void SerialPort::Write(std::string_view bytes)
 {
-    if (!IsOpen()) return;
-    ++sent;
-    device->Write(bytes);
+    if (IsOpen()) device->Write(bytes);
 }
 
 void SerialPort::DiscardOutput()
@@ -78,7 +63,7 @@ int Socket::Connect()
     const auto error = device->Connect(HostName, RemotePort, TimeoutMs);
     whyNot = error ? error->description : "";
     connecting = false;
-    Touched();
+    Tell({});
     if (!error) return 0;
     return error->number != 0 ? error->number : -1;
 }
@@ -87,14 +72,12 @@ void Socket::Disconnect()
 {
     if (device != nullptr) device->Disconnect();
     waiting.clear();
-    Touched();
+    Tell({});
 }
 
 void Socket::Write(std::string_view bytes)
 {
-    if (!Connected()) return;
-    ++sent;
-    device->Write(bytes);
+    if (Connected()) device->Write(bytes);
 }
 
 void Socket::Arrived(std::string_view bytes)
@@ -103,9 +86,9 @@ void Socket::Arrived(std::string_view bytes)
     if (OnReceive) Directory().Dispatch(*this, OnReceive);
 }
 
-void Socket::Lost(const std::string& why)
+void Socket::HungUp()
 {
-    Port::Lost(why);
+    Tell({});
     if (OnDisconnect) Directory().Dispatch(*this, OnDisconnect);
 }
 

@@ -52,7 +52,6 @@ void OpenCloseInternet(Halvern& halvern)
         return halvern.Tell(Icon::Critical, obstacle);
     }
     form.ServerLoggedIn = false;
-    form.ServerAnswer.clear();
     PortOpened(halvern, MainPort::Internet);
 }
 
@@ -60,7 +59,6 @@ void ReceiveFromInternet(Halvern& halvern)
 {
     auto line = halvern.ConMdiFrm.InternetSoc.ReadAll();
     if (!halvern.ConMdiFrm.ServerLoggedIn) return LogIn(halvern);
-    if (line.starts_with("# logresp ")) halvern.ConMdiFrm.ServerAnswer = line.substr(0, line.find_first_of(CrLf));
     ProcessPacket(halvern, line, "TCPIP");
     InternetGateStep(halvern, line);
 }

@@ -146,10 +146,9 @@ void QtSerialDevice::WentWrong(QSerialPort::SerialPortError error)
 {
     if (error != QSerialPort::ResourceError && error != QSerialPort::ReadError) return;
     if (!line.isOpen() || line.error() != error) return; // an older connection's
-    const auto why = line.errorString().toStdString();
     feed.TakeRest();
     line.close();
-    feed.Finish([this, why] { port.Lost(why); });
+    feed.Finish({});
 }
 
 } // namespace halvern

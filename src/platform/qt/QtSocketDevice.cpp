@@ -161,9 +161,7 @@ void QtSocketDevice::PeerClosed()
 {
     if (!open || link.state() == QAbstractSocket::ConnectedState) return; // our own close, or an older connection's
     open = false;
-    const bool closed = link.error() == QAbstractSocket::RemoteHostClosedError;
-    const auto why = closed ? "the other end has closed" : link.errorString().toStdString();
-    feed.Finish([this, why] { port.Lost(why); });
+    feed.Finish([this] { port.HungUp(); });
 }
 
 } // namespace halvern

@@ -40,7 +40,7 @@ void SimulatedSocket::HangUp()
 {
     if (!open) return;
     open = false;
-    socket.Lost("the other end has closed");
+    socket.HungUp();
 }
 
 SimulatedPorts::SimulatedPorts(Controls& controls)
