@@ -53,6 +53,11 @@ void ApplyIni(const SettingTable& table, const std::vector<SettingValue>& values
 /// Takes down the present values of the setup form.
 void RecordSetUp(Halvern& halvern);
 
+/// Takes down that the file has the present values of the setup form.
+void RecordSaved(Halvern& halvern);
+/// Whether a new start would find the setup form as it stands.
+bool SettingsSaved(Halvern& halvern);
+
 /// Whether a value that own packets show, or that decides how they go out, differs from what was recorded.
 bool BeaconDataChanged(Halvern& halvern);
 

@@ -15,14 +15,30 @@ void ForRecorded(Halvern& halvern, const std::function<void(const Setting&, cons
         if (setting.Has(Cancelled) && recorded != halvern.SetUpfrm.Recorded.cend()) visit(setting, *recorded++);
 }
 
+/// Of the settings that bear all these marks.
+std::vector<SettingValue> PresentValues(Halvern& halvern, unsigned marks)
+{
+    std::vector<SettingValue> values;
+    for (const auto& setting : SettingsTable(halvern))
+        if ((setting.marks & marks) == marks) values.push_back(setting.get());
+    return values;
+}
+
 } // namespace
 
 void RecordSetUp(Halvern& halvern)
 {
-    auto& recorded = halvern.SetUpfrm.Recorded;
-    recorded.clear();
-    for (const auto& setting : SettingsTable(halvern))
-        if (setting.Has(Cancelled)) recorded.push_back(setting.get());
+    halvern.SetUpfrm.Recorded = PresentValues(halvern, Cancelled);
+}
+
+void RecordSaved(Halvern& halvern)
+{
+    halvern.SetUpfrm.Saved = PresentValues(halvern, Cancelled | InFile);
+}
+
+bool SettingsSaved(Halvern& halvern)
+{
+    return halvern.SetUpfrm.Saved == PresentValues(halvern, Cancelled | InFile);
 }
 
 bool BeaconDataChanged(Halvern& halvern)

@@ -126,6 +126,7 @@ void TakeSettings(Halvern& halvern)
     ChoosePath(setUp);
     setUp.SetPlace(SetUpPlace);
     FillInPassword(halvern);
+    if (halvern.Engine.ConfigLoaded) RecordSaved(halvern);
 }
 
 void FillInPassword(Halvern& halvern)
@@ -164,6 +165,7 @@ void SaveSettings(Halvern& halvern)
     setUp.Hide();
     if (!Replace(halvern, SettingsFile, WriteIni(SettingsTable(halvern)))) return;
     if (setUp.IntDomainCombo.Count() > 0 && !Replace(halvern, ServersFile, ServersAsText(setUp))) return;
+    RecordSaved(halvern);
     halvern.Engine.ConfigLoaded = true;
     halvern.ConMdiFrm.PortsMn.SetEnabled(true);
     halvern.ConMdiFrm.FrmMenu(1).SetEnabled(true);

@@ -86,21 +86,25 @@ bool NoFault(Halvern& halvern, const std::string& fault)
 
 } // namespace
 
-std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath)
+SettingFault SetupFault(Halvern& halvern)
 {
-    if (setUp.CallSignTxt.Text().empty()) return Missing("a Call Sign");
-    if (Holds(setUp.CallSignTxt.Text(), ",")) return "A Comma in a Call Sign is not allowed";
-    if (const auto fault = PositionFault(setUp.Texts(), OnTheStationTab); !fault.empty()) return fault;
-    if (setUp.CommentTXT.Text().empty()) return Missing("a Position Comment");
-    if (setUp.StatusTXT.Text().empty()) return Missing("a Status Comment");
-    if (setUp.UnPath.Text().empty()) return " You have to chose an Unproto path on the setup tab.";
-    if (mailPath.empty()) return " You have to chose a Mail Unproto path on the Message Window under the Send tab.";
+    auto& setUp = halvern.SetUpfrm;
+    auto& mailPath = halvern.MessageFrm.MailUnPath;
+    if (setUp.CallSignTxt.Text().empty()) return {Missing("a Call Sign"), &setUp.CallSignTxt};
+    if (Holds(setUp.CallSignTxt.Text(), ",")) return {"A Comma in a Call Sign is not allowed", &setUp.CallSignTxt};
+    if (const auto part = FaultyPart(setUp.Texts()))
+        return {PositionFault(setUp.Texts(), OnTheStationTab), setUp.InOrder()[*part]};
+    if (setUp.CommentTXT.Text().empty()) return {Missing("a Position Comment"), &setUp.CommentTXT};
+    if (setUp.StatusTXT.Text().empty()) return {Missing("a Status Comment"), &setUp.StatusTXT};
+    if (setUp.UnPath.Text().empty()) return {" You have to chose an Unproto path on the setup tab.", &setUp.UnPath};
+    if (mailPath.Text().empty())
+        return {" You have to chose a Mail Unproto path on the Message Window under the Send tab.", &mailPath};
     return {};
 }
 
 std::string ValidateSetup(Halvern& halvern)
 {
-    return NoFault(halvern, SetupFault(halvern.SetUpfrm, halvern.MessageFrm.MailUnPath.Text())) ? "OK" : "NOT OK";
+    return NoFault(halvern, SetupFault(halvern).words) ? "OK" : "NOT OK";
 }
 
 std::string ValidatePositionField(Halvern& halvern, std::string_view text, std::string_view name)

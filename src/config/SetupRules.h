@@ -13,8 +13,14 @@ namespace halvern {
 inline constexpr const char* NoAlias = "1234567890";
 inline constexpr const char* FillInAlias = "WIDE1-1";
 
-/// The first thing that is wrong with the station's settings, in the words that the operator gets, or an empty text.
-std::string SetupFault(const SetUpForm& setUp, const std::string& mailPath);
+/// What is wrong with a setting, in the words that the operator gets, and where it stands; both empty for nothing.
+struct SettingFault {
+    std::string words;
+    Control* field = nullptr;
+};
+
+/// The first thing that is wrong with the station's settings.
+SettingFault SetupFault(Halvern& halvern);
 
 /// Tells the operator the first thing that is wrong. @return "OK" or "NOT OK".
 std::string ValidateSetup(Halvern& halvern);

@@ -171,7 +171,7 @@ bool DecodePosition(Halvern& halvern, std::string& call, std::string& info, floa
     latitude = report.latitude;
     longitude = report.longitude;
     if (store.Count() == LastStation) {
-        ResetStores(halvern, "PosSub");
+        StartStoresAgain(halvern, "PosSub", "32,000 stations");
         return false;
     }
     if (index == NotFound || IsGone(store.Row(index)))

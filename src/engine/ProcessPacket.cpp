@@ -264,7 +264,8 @@ void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
 {
     RemoveAll(line, '\r');
     RemoveAll(line, '\n');
-    if (halvern.TerminalFrm.RawPacketLst.Count() > MostRawRows) return ResetStores(halvern, "StartAgain");
+    if (halvern.TerminalFrm.RawPacketLst.Count() > MostRawRows)
+        return StartStoresAgain(halvern, "StartAgain", "32,700 raw packets");
     try {
         if (halvern.Engine.ReviewMode || TakeIn(halvern, line)) HandleLine(halvern, line, tag);
     } catch (const RuntimeFailure&) {

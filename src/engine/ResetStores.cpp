@@ -67,4 +67,10 @@ void ResetStores(Halvern& halvern, std::string_view caller)
     ProcessPacket(halvern, status, "CLEAR");
 }
 
+void StartStoresAgain(Halvern& halvern, std::string_view caller, const std::string& limit)
+{
+    halvern.Note({"Lists", "All lists were emptied and start again: they hold no more than " + limit + "."});
+    ResetStores(halvern, caller);
+}
+
 } // namespace halvern

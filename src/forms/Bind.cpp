@@ -296,7 +296,7 @@ void BindTabs(QTabWidget* tabs, Choice& choice)
                      [&choice](int index) { FromScreen(choice, [&] { choice.Select(index); }); });
 }
 
-void BindAction(QAction* action, MenuItem& item)
+void BindAction(QAction* action, MenuItem& item, const std::function<bool()>& ask)
 {
     const auto show = [action, &item] {
         action->setText(Shown(item.Caption()));
@@ -311,8 +311,8 @@ void BindAction(QAction* action, MenuItem& item)
     action->setStatusTip({});
     show();
     WatchFor(action, item, [show](const Change&) { show(); });
-    QObject::connect(action, &QAction::triggered, action, [action, &item] {
-        FromScreen(item, [&] { item.Click(); });
+    QObject::connect(action, &QAction::triggered, action, [action, &item, ask] {
+        if (!ask || ask()) FromScreen(item, [&] { item.Click(); });
         action->setChecked(item.Checked()); // the click alone decides nothing
     });
 }

@@ -28,7 +28,8 @@ QWidget* BindChoice(Choice& choice, int columns, QWidget* parent);
 /// The tabs are there already, one an entry.
 void BindTabs(QTabWidget* tabs, Choice& choice);
 /// For a menu that opens, `action` is its own.
-void BindAction(QAction* action, MenuItem& item);
+/// @param ask  what must be agreed to before a click counts
+void BindAction(QAction* action, MenuItem& item, const std::function<bool()>& ask = {});
 
 /// The widget that goes with a control's kind.
 QWidget* BindAny(Control& control, QWidget* parent);

@@ -40,29 +40,46 @@ void PressCloseBox(Form& form)
 
 // --- inside the main window ------------------------------------------------------------------------------------------
 
-ChildWindow::ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace)
-    : form(form), firstPlace(std::move(firstPlace))
+ChildWindow::ChildWindow(Form& form, QWidget* content, const QString& title)
+    : form(form), title(title), usualCaption(Shown(form.Caption()))
 {
     setWidget(content);
     setObjectName(Shown(form.Name()));
     setAttribute(Qt::WA_DeleteOnClose, false);
-    setWindowTitle(Shown(form.Caption()));
-    setAccessibleName(windowTitle());
+    ShowTitle();
     hide();
     WatchFor(this, form, [this](const Change&) { Follow(); });
 }
 
+void ChildWindow::ShowTitle()
+{
+    const auto caption = Shown(form.Caption());
+    setWindowTitle(caption == usualCaption ? title : caption);
+    setAccessibleName(windowTitle());
+}
+
+/// Where it is placed it gets all that it needs; where many are tiled, as little as shows a row.
+QSize ChildWindow::minimumSizeHint() const
+{
+    return QSize(14, 6) * fontMetrics().height();
+}
+
 void ChildWindow::Follow()
 {
-    setWindowTitle(Shown(form.Caption()));
-    setAccessibleName(windowTitle());
+    ShowTitle();
     if (placing) return;
-    if (!form.Visible()) return hide();
+    if (!form.Visible()) {
+        if (isHidden()) return;
+        hide();
+        emit CameOrWent();
+        return;
+    }
     const bool fresh = isHidden();
     ApplyPlace();
     if (!fresh) return;
     show();
     if (mdiArea() != nullptr) mdiArea()->setActiveSubWindow(this);
+    emit CameOrWent();
 }
 
 void ChildWindow::ApplyPlace()
@@ -74,8 +91,8 @@ void ChildWindow::ApplyPlace()
     if (place.state == 0) {
         if (isMaximized() || isMinimized()) showNormal();
         const bool first = place == Place{};
-        placed = Within(first ? firstPlace(area) : PixelsOf(place), area, minimumSizeHint());
-        if (!first) firstPlace = nullptr;
+        if (!first && PixelsOf(place) != placed) firstPlace = nullptr;
+        placed = Within(first ? firstPlace(area) : PixelsOf(place), area, QMdiSubWindow::minimumSizeHint());
         setGeometry(placed);
     } else if (place.state == 1) {
         setWindowState(Qt::WindowMinimized);
@@ -86,14 +103,19 @@ void ChildWindow::ApplyPlace()
     NotePlace();
 }
 
-/// As long as nobody has moved the window, it keeps its share of the area.
 void ChildWindow::FollowArea()
 {
     if (firstPlace && isVisible() && geometry() == placed && !isMaximized() && !isMinimized()) {
         const auto area = mdiArea()->viewport()->rect();
-        placed = Within(firstPlace(area), area, minimumSizeHint());
+        placed = Within(firstPlace(area), area, QMdiSubWindow::minimumSizeHint());
         setGeometry(placed);
     }
+}
+
+QRect ChildWindow::OperatorsPlace() const
+{
+    const bool own = !isMaximized() && !isMinimized() && !(firstPlace && geometry() == placed);
+    return own && form.Place() != Place{} ? geometry() : QRect();
 }
 
 bool ChildWindow::eventFilter(QObject* object, QEvent* event)

@@ -18,7 +18,17 @@ class ChildWindow final : public QMdiSubWindow {
     Q_OBJECT
 public:
     /// The content becomes the window's own.
-    ChildWindow(Form& form, QWidget* content, FirstPlace firstPlace);
+    /// @param title  stands for the form's caption as long as that is the one it has now
+    ChildWindow(Form& form, QWidget* content, const QString& title);
+    void SetFirstPlace(FirstPlace place) { firstPlace = std::move(place); }
+    /// As long as nobody has moved the window, it keeps its share of the area.
+    void FollowArea();
+    /// Where the operator has put it; an invalid rectangle where he left it alone, or let it fill the area.
+    QRect OperatorsPlace() const;
+    QSize minimumSizeHint() const override;
+
+signals:
+    void CameOrWent();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -29,11 +39,12 @@ protected:
 
 private:
     void Follow();
-    void FollowArea();
+    void ShowTitle();
     void ApplyPlace();
     void NotePlace();
 
     Form& form;
+    const QString title, usualCaption;
     FirstPlace firstPlace;
     QRect placed; ///< as it was placed last, not by the operator
     bool placing = false;

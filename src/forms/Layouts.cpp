@@ -2,6 +2,7 @@
 #include "forms/Layouts.h"
 
 #include "forms/Glyphs.h"
+#include "forms/Watching.h"
 #include "platform/Files.h"
 #include "view/SymbolFile.h"
 
@@ -108,6 +109,32 @@ QWidget* ButtonRow(DialogWindow* window, const QList<Button*>& buttons)
         if (OnlyCloses(*button)) window->SetEscape(*button);
     }
     return line;
+}
+
+void FocusFault(const DialogWindow* window, const Button& button, const std::function<const Control*()>& fault)
+{
+    auto* widget = window->findChild<QPushButton*>(Shown(button.Name()));
+    QObject::connect(widget, &QPushButton::clicked, window, [window, fault] {
+        const auto* control = window->isVisible() ? fault() : nullptr;
+        auto* field = control == nullptr ? nullptr : window->findChild<QWidget*>(Shown(control->Name()));
+        if (field == nullptr) return;
+        for (auto* tabs : window->findChildren<QTabWidget*>())
+            for (int tab = 0; tab < tabs->count(); ++tab)
+                if (tabs->widget(tab)->isAncestorOf(field)) tabs->setCurrentIndex(tab);
+        field->setFocus();
+        if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+    });
+}
+
+QLabel* Warning(const QString& text, const QList<TextField*>& fields, const std::function<bool()>& holds,
+                QWidget* parent)
+{
+    auto* label = new QLabel(QStringLiteral("\u26a0 ") + text, parent);
+    label->setWordWrap(true);
+    const auto follow = [label, holds](const Change&) { label->setVisible(holds()); };
+    for (auto* field : fields) WatchFor(label, *field, follow);
+    follow({});
+    return label;
 }
 
 void ShowSymbols(QComboBox* combo, const std::string& programFolder)

@@ -36,6 +36,14 @@ void AddAngle(QFormLayout* form, const AngleFields& fields, QWidget* behind, QWi
 /// doing anything is the one that Escape presses.
 QWidget* ButtonRow(DialogWindow* window, const QList<Button*>& buttons);
 
+/// After a press of a button that the rules refused, the keys go to the field at fault, on whatever tab it is.
+/// @param fault  the field that is wrong now, or nullptr
+void FocusFault(const DialogWindow* window, const Button& button, const std::function<const Control*()>& fault);
+
+/// A line of warning that stands while something holds about the texts of some fields.
+QLabel* Warning(const QString& text, const QList<TextField*>& fields, const std::function<bool()>& holds,
+                QWidget* parent);
+
 /// Gives each symbol of a list its picture.
 void ShowSymbols(QComboBox* combo, const std::string& programFolder);
 void ShowSymbols(RowsView* view, const std::string& programFolder);

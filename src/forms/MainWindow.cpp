@@ -7,8 +7,9 @@
 #include "forms/FormWindow.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
+#include "forms/StatusLamps.h"
 #include "forms/Watching.h"
-#include "view/Geometry.h"
+#include "view/ChildWindows.h"
 
 namespace halvern {
 namespace {
@@ -40,7 +41,7 @@ const std::vector<MenuTable>& MenuTables()
         {&F::MyObjectsMenu,
          {&F::CreateMyObjectsMenu, &F::MoveMyObjMenu, &F::KillMyObjectsMenu, &F::StpTransObjectsMenu,
           &F::TakeTransmitMenu}},
-        {&F::WindowMenu, {&F::CascadeMenu, &F::TileMenu}},
+        {&F::WindowMenu, {&F::CascadeMenu, &F::TileMenu, Line}},
         {&F::HelpMenu, {&F::GetHelpMenu, Line, &F::AboutHalvernMenu}},
     };
     return tables;
@@ -89,7 +90,8 @@ void AddToBar(QToolBar* bar, QWidget* widget, Control& control)
 
 } // namespace
 
-MainWindow::MainWindow(Halvern& halvern, Looks& looks) : halvern(halvern), looks(looks), area(new QMdiArea(this))
+MainWindow::MainWindow(Halvern& halvern, Looks& looks)
+    : halvern(halvern), looks(looks), area(new QMdiArea(this)), care(new WindowCare(*area, looks, this))
 {
     setObjectName(Shown(halvern.ConMdiFrm.Name()));
     setCentralWidget(area);
@@ -109,6 +111,7 @@ MainWindow::MainWindow(Halvern& halvern, Looks& looks) : halvern(halvern), looks
     setContextMenuPolicy(Qt::NoContextMenu); // the toolbars come and go with the map
     const auto screen = QGuiApplication::primaryScreen()->availableGeometry().size();
     resize(screen.boundedTo({1440, 900}));
+    restoreGeometry(looks.Kept("MainWindow").toByteArray());
     WatchFor(this, halvern.ConMdiFrm, [this](const Change&) { Follow(); });
     Follow();
 }
@@ -118,10 +121,19 @@ void MainWindow::Follow()
     auto& form = halvern.ConMdiFrm;
     setWindowTitle(Shown(form.Caption()));
     if (form.Visible() == isVisible()) return;
-    if (!form.Visible()) return hide();
-    const auto screen = QGuiApplication::primaryScreen()->availableGeometry().size();
-    if (screen.width() <= 1440) return showMaximized();
+    if (!form.Visible()) {
+        KeepLooks();
+        return hide();
+    }
+    const bool first = !looks.Kept("MainWindow").isValid();
+    if (first && QGuiApplication::primaryScreen()->availableGeometry().width() <= 1440) return showMaximized();
     show();
+}
+
+void MainWindow::KeepLooks()
+{
+    looks.Keep("MainWindow", saveGeometry());
+    care->KeepPlaces();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -149,7 +161,14 @@ void MainWindow::UseIcons()
 QAction* MainWindow::ActionFor(MenuItem& item)
 {
     auto* action = new QAction(this);
-    BindAction(action, item);
+    std::function<bool()> ask;
+    if (&item == &halvern.ConMdiFrm.ClearMenu)
+        ask = [this] {
+            const auto words = tr("Clear all stations, messages, objects and raw packets?");
+            return QMessageBox::question(this, tr("Clear Lists"), words, QMessageBox::Yes | QMessageBox::No,
+                                         QMessageBox::No) == QMessageBox::Yes;
+        };
+    BindAction(action, item, ask);
     action->setMenuRole(QAction::NoRole);
     return action;
 }
@@ -162,7 +181,6 @@ void MainWindow::MakeMenus()
         BindAction(menu->menuAction(), form.*table.menu);
         menu->setToolTipsVisible(true);
         if (table.menu == &MainForm::ViewMenu) MakeViewMenu(menu);
-        if (table.menu == &MainForm::MapMenu) MakeZoomActions(menu);
         for (const auto item : table.items) {
             if (item == Line) {
                 menu->addSeparator();
@@ -174,27 +192,16 @@ void MainWindow::MakeMenus()
             if (std::ranges::count(Checkables(), item) > 0) action->setCheckable(true);
             menu->addAction(action);
         }
+        if (table.menu == &MainForm::WindowMenu) MakeWindowMenu(menu);
     }
-    if (!form.CascadeMenu.OnClick) form.CascadeMenu.OnClick = [this] { area->cascadeSubWindows(); };
-    if (!form.TileMenu.OnClick) form.TileMenu.OnClick = [this] { area->tileSubWindows(); };
 }
 
-/// A step on the range selector, about the middle of the map.
-void MainWindow::MakeZoomActions(QMenu* menu)
+void MainWindow::MakeWindowMenu(QMenu* menu)
 {
-    auto& range = halvern.ConMdiFrm.ScaleCombo;
-    const auto add = [&](const QString& words, const QList<QKeySequence>& keys, int closer) {
-        auto* action = menu->addAction(words);
-        action->setShortcuts(keys);
-        connect(action, &QAction::triggered, this,
-                [this, closer, &range] { FromScreen(range, [&] { ZoomAboutMiddle(halvern, closer); }); });
-        const auto follow = [action, &range](const Change& = {}) { action->setEnabled(range.Visible()); };
-        WatchFor(action, range, follow);
-        follow();
-    };
-    add(tr("Zoom I&n"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal}, 1);
-    add(tr("Zoom &Out"), {QKeySequence::ZoomOut}, -1);
-    menu->addSeparator();
+    auto& form = halvern.ConMdiFrm;
+    if (!form.CascadeMenu.OnClick) form.CascadeMenu.OnClick = [this] { area->cascadeSubWindows(); };
+    if (!form.TileMenu.OnClick) form.TileMenu.OnClick = [this] { care->Tile(); };
+    connect(menu, &QMenu::aboutToShow, care, [this, menu] { care->ListOpenWindows(menu); });
 }
 
 void MainWindow::MakeViewMenu(QMenu* menu)
@@ -204,7 +211,12 @@ void MainWindow::MakeViewMenu(QMenu* menu)
         auto* action = ActionFor(form.FrmMenu(i));
         action->setCheckable(true);
         action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(i % 10)));
+        action->setShortcutContext(
+            Qt::WidgetShortcut); // shown in the menu; the key itself lifts a covered window first
         menu->addAction(action);
+        auto* key = new QShortcut(action->shortcut(), this);
+        connect(key, &QShortcut::activated, care,
+                [this, i] { care->Press(ChildWindow(halvern, i), halvern.ConMdiFrm.FrmMenu(i)); });
     }
     auto* gate = ActionFor(form.GateMenu);
     gate->setCheckable(true);
@@ -250,8 +262,7 @@ void MainWindow::MakeToolbars()
     auto* range = addToolBar(tr("Map Range"));
     range->setObjectName("MapRange");
     range->setMovable(false);
-    auto* ladder = BindCombo(form.ScaleCombo, range);
-    AddToBar(range, ladder, form.ScaleCombo);
+    AddToBar(range, BindCombo(form.ScaleCombo, range), form.ScaleCombo);
     auto* scale = BindField(form.ScaleTxt, range);
     auto* map = BindField(form.dMapTxt, range);
     for (auto* field : {scale, map}) {
@@ -263,7 +274,6 @@ void MainWindow::MakeToolbars()
         colours.setColor(QPalette::Base, Qt::transparent);
         field->setPalette(colours);
     }
-    scale->setFixedWidth(ladder->sizeHint().width()); // it takes the selector's place
     AddToBar(range, scale, form.ScaleTxt);
     AddToBar(range, map, form.dMapTxt);
     AddToBar(range, BindCombo(form.BitMapCombo, range), form.BitMapCombo);
@@ -275,11 +285,29 @@ void MainWindow::MakeStatusBar()
     auto* news = BindLabel(form.StatusBar1, statusBar());
     news->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(news, 1);
+    statusBar()->addPermanentWidget(MakeLamps());
     statusBar()->addPermanentWidget(MakeNoticesMark());
     auto* position = BindLabel(form.StatusBar2, statusBar());
     position->setMinimumWidth(fontMetrics().horizontalAdvance("-00.00000000 -000.00000000"));
     position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(position);
+}
+
+QWidget* MainWindow::MakeLamps()
+{
+    constexpr int messages = 5, saveTab = 3;
+    auto* lamps = new StatusLamps(halvern, statusBar());
+    connect(lamps, &StatusLamps::MailWanted, this, [this] {
+        care->BringUp(halvern.MessageFrm, halvern.ConMdiFrm.FrmMenu(messages));
+        FromScreen(halvern.MessageFrm.SSTab2, [this] { halvern.MessageFrm.SSTab2.Select(SendTab); });
+    });
+    connect(lamps, &StatusLamps::SaveTabWanted, this, [this] {
+        FromScreen(halvern.ConMdiFrm.SetupMenu, [this] {
+            halvern.ConMdiFrm.SetupMenu.Click();
+            halvern.SetUpfrm.SSTab1.Select(saveTab);
+        });
+    });
+    return lamps;
 }
 
 // --- keys ------------------------------------------------------------------------------------------------------------

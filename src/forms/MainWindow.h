@@ -6,6 +6,7 @@
 #include <QToolButton>
 
 #include "forms/Looks.h"
+#include "forms/WindowCare.h"
 #include "state/Halvern.h"
 
 namespace halvern {
@@ -15,7 +16,7 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 public:
     MainWindow(Halvern& halvern, Looks& looks);
-    QMdiArea& Area() const { return *area; }
+    WindowCare& Care() const { return *care; }
     /// The pop-up menu of a station on the map.
     QMenu& StationMenu() const { return *stationMenu; }
 
@@ -26,11 +27,13 @@ protected:
 private:
     void MakeMenus();
     void MakeViewMenu(QMenu* menu);
-    void MakeZoomActions(QMenu* menu);
+    void MakeWindowMenu(QMenu* menu);
     void MakeStationMenu();
     void MakeToolbars();
     void MakeStatusBar();
+    QWidget* MakeLamps();
     void MakeEscape();
+    void KeepLooks();
     QWidget* MakeNoticesMark();
     void Follow();
     void UseIcons();
@@ -39,6 +42,7 @@ private:
     Halvern& halvern;
     Looks& looks;
     QMdiArea* area;
+    WindowCare* care;
     QMenu* stationMenu = nullptr;
     QToolButton* notices = nullptr;
     QList<QAction*> pictured; ///< actions that bear an icon; its name is the action's data

@@ -23,9 +23,8 @@ MouseButton ButtonOf(const QMouseEvent* event)
 
 } // namespace
 
-MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent)
-    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm),
-      stations(halvern, sprites, places, *this)
+MapView::MapView(Halvern& halvern, const Looks& looks, QWidget* parent)
+    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm)
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
@@ -85,22 +84,12 @@ void MapView::paintEvent(QPaintEvent* event)
     const auto& image = drawn.front().painter->Image(size(), devicePixelRatioF());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (!panBy.isNull()) return PaintPanned(painter, image);
     painter.setClipRegion(event->region());
     const auto ratio = image.devicePixelRatio();
     for (const auto& rect : event->region())
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
     sprites.Paint(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
-}
-
-/// The picture as it is, held from its place: what comes into the view is drawn when it is let go.
-void MapView::PaintPanned(QPainter& painter, const QImage& image) const
-{
-    painter.fillRect(rect(), Qt::black);
-    painter.translate(panBy);
-    painter.drawImage(rect(), image);
-    sprites.Paint(painter, rect());
 }
 
 /// A drag costs the pixels of its box, however many stations there are.
@@ -143,18 +132,8 @@ MapView::Place MapView::PlaceAt(QPointF pixel) const
 
 void MapView::mousePressEvent(QMouseEvent* event)
 {
-    if (panFrom) return;
-    if (event->button() == Qt::MiddleButton) return BeginPan(event->position().toPoint());
-    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
-    if (!PanMode(halvern)) {
-        stations.Choose(station);
-        if (event->button() == Qt::RightButton) {
-            if (station < 0) return OpenGroundMenu(event->globalPosition().toPoint(), at);
-            if (stations.OpenPileMenu(event->position().toPoint())) return;
-        }
-    }
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseDown(halvern, station, ButtonOf(event));
@@ -165,10 +144,6 @@ void MapView::mousePressEvent(QMouseEvent* event)
 
 void MapView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (panFrom) {
-        panBy = event->position().toPoint() - *panFrom;
-        return update();
-    }
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
@@ -177,13 +152,10 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
         else
             Fire(form.Map1.OnMouseMove, at.longitude, at.latitude);
     });
-    emit PointerMoved(at.latitude, at.longitude);
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (panFrom && event->button() == Qt::MiddleButton) return EndPan(true);
-    if (panFrom || (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)) return;
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
@@ -194,59 +166,12 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
     });
 }
 
-void MapView::leaveEvent(QEvent* event)
+void MapView::StepCloser(int steps)
 {
-    QWidget::leaveEvent(event);
-    emit PointerLeft();
-}
-
-/// The picture follows the pointer as it is; it is drawn when it is let go.
-void MapView::BeginPan(QPoint at)
-{
-    if (halvern.ConMdiFrm.BitMapMenu.Checked() || halvern.Map.ZoomDown) return;
-    panFrom = at;
-    panBy = {};
-    setCursor(Qt::ClosedHandCursor);
-}
-
-void MapView::EndPan(bool move)
-{
-    panFrom.reset();
-    const auto by = std::exchange(panBy, {});
-    UsePointer();
-    if (move && !by.isNull())
-        FromScreen(form, [&] {
-            const auto& view = halvern.Map;
-            MoveByDegrees(halvern, 2.0 * view.MapHalfLon * by.x() / width(), 2.0 * view.MapHalfLat * by.y() / height());
-        });
-    update();
-}
-
-/// What can be done where no station stands.
-void MapView::OpenGroundMenu(QPoint at, const Place& place)
-{
-    auto& main = halvern.ConMdiFrm;
-    auto* menu = new QMenu(this);
-    menu->setObjectName("GroundMenu");
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const bool bound = main.BitMapMenu.Checked(); // the view is the picture's
-    const auto add = [&](const QString& words, bool enabled, auto act) {
-        menu->addAction(words, this, [this, act] { FromScreen(form, act); })->setEnabled(enabled);
-    };
-    add(tr("&Centre Here"), !bound, [this, place] {
-        GoToView(halvern, std::clamp(static_cast<float>(place.latitude), -FurthestLat, FurthestLat),
-                 std::remainder(static_cast<float>(place.longitude), 360.0F), halvern.Map.MapRange);
-    });
-    add(tr("C&loser"), !bound, [this, place] { ZoomAbout(halvern, place.latitude, place.longitude, 1); });
-    add(tr("&Away"), !bound, [this, place] { ZoomAbout(halvern, place.latitude, place.longitude, -1); });
-    add(tr("&Home"), !bound && main.HomeMenu.Enabled(), [&main] { main.HomeMenu.Click(); });
-    menu->addSeparator();
-    add(tr("Copy &Position"), true, [place] {
-        const auto degrees = [](double angle) { return QString::number(angle, 'f', 5); };
-        QApplication::clipboard()->setText(degrees(place.latitude) + " " +
-                                           degrees(-std::remainder(place.longitude, 360.0)));
-    });
-    menu->popup(at);
+    auto& range = halvern.ConMdiFrm.ScaleCombo;
+    if (!range.Visible() || !range.Enabled() || range.Selected() < 0) return;
+    const int next = std::clamp(range.Selected() + steps, 0, range.Count() - 1);
+    FromScreen(range, [&] { range.Click(next); });
 }
 
 void MapView::keyPressEvent(QKeyEvent* event)
@@ -260,16 +185,12 @@ void MapView::keyPressEvent(QKeyEvent* event)
         {Qt::Key_Right, [](Halvern& station) { MoveByQuarters(station, -1, 0); }},
         {Qt::Key_Up, [](Halvern& station) { MoveByQuarters(station, 0, 1); }},
         {Qt::Key_Down, [](Halvern& station) { MoveByQuarters(station, 0, -1); }},
-        {Qt::Key_Plus, [](Halvern& station) { ZoomAboutMiddle(station, 1); }},
-        {Qt::Key_PageUp, [](Halvern& station) { ZoomAboutMiddle(station, 1); }},
-        {Qt::Key_Minus, [](Halvern& station) { ZoomAboutMiddle(station, -1); }},
-        {Qt::Key_PageDown, [](Halvern& station) { ZoomAboutMiddle(station, -1); }},
         {Qt::Key_Home, [](Halvern& station) { station.ConMdiFrm.HomeMenu.Click(); }},
         {Qt::Key_Escape, EndGesture},
     };
-    if (stations.Press(*event)) return;
     const int code = event->key();
-    if (panFrom && code == Qt::Key_Escape) return EndPan(false);
+    if (code == Qt::Key_Plus || code == Qt::Key_PageUp) return StepCloser(1);
+    if (code == Qt::Key_Minus || code == Qt::Key_PageDown) return StepCloser(-1);
     const auto* key = std::ranges::find(keys, code, &Key::code);
     if (key == std::end(keys)) return QWidget::keyPressEvent(event);
     FromScreen(form, [&] { key->act(halvern); });
@@ -280,30 +201,22 @@ void MapView::wheelEvent(QWheelEvent* event)
     wheelTurn += event->angleDelta().y();
     const int steps = wheelTurn / QWheelEvent::DefaultDeltasPerStep;
     wheelTurn -= steps * QWheelEvent::DefaultDeltasPerStep;
-    const auto at = PlaceAt(event->position());
-    if (steps != 0 && !panFrom) FromScreen(form, [&] { ZoomAbout(halvern, at.latitude, at.longitude, steps); });
+    if (steps != 0) StepCloser(steps);
     event->accept();
 }
 
-void MapView::mouseDoubleClickEvent(QMouseEvent* event)
+QString MapView::TextAt(QPoint place) const
 {
-    const int station = sprites.At(event->position().toPoint());
-    if (station >= 0 && event->button() == Qt::LeftButton && !PanMode(halvern))
-        return stations.OpenInformation(station);
-    QWidget::mouseDoubleClickEvent(event);
-}
-
-/// The menu key; the pointer's own menus come at its press.
-void MapView::contextMenuEvent(QContextMenuEvent* event)
-{
-    if (event->reason() == QContextMenuEvent::Keyboard && sprites.Chosen() >= 0) stations.OpenMenu(sprites.Chosen());
+    const int station = sprites.At(place);
+    const auto& rows = halvern.PositionFrm.PosLst;
+    return station >= 0 && station < rows.Count() ? Shown(rows.Row(station)) : QString();
 }
 
 bool MapView::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), stations.TipAt(help->pos()), this);
+        QToolTip::showText(help->globalPos(), TextAt(help->pos()), this);
         return true;
     }
     return QWidget::event(event);

@@ -3,11 +3,9 @@
 
 #include <QWidget>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "forms/Looks.h"
-#include "forms/MapStations.h"
 #include "forms/SpriteLayer.h"
 #include "platform/qt/screen/MapPainter.h"
 #include "state/Halvern.h"
@@ -19,7 +17,7 @@ namespace halvern {
 class MapView final : public QWidget {
     Q_OBJECT
 public:
-    MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent = nullptr);
+    MapView(Halvern& halvern, const Looks& looks, QWidget* parent = nullptr);
     QSize sizeHint() const override { return {800, 600}; }
     /// What stands on one of the map's surfaces, without stations, fine enough for paper; nothing for another control.
     QImage PictureOf(const Control& surface) const;
@@ -29,10 +27,6 @@ public:
     };
     Place PlaceAt(QPointF pixel) const;
 
-signals:
-    void PointerMoved(double latitude, double longitude);
-    void PointerLeft();
-
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -40,22 +34,18 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    void BeginPan(QPoint at);
-    void EndPan(bool move);
-    void OpenGroundMenu(QPoint at, const Place& place);
+    /// Picks the range some steps closer, as the range selector would.
+    void StepCloser(int steps);
     void SettleSprites();
     void MoveBand();
-    void PaintPanned(QPainter& painter, const QImage& image) const;
     void UsePointer();
     QFont LabelFont() const;
+    QString TextAt(QPoint place) const;
 
     Halvern& halvern;
     const Looks& looks;
@@ -67,10 +57,7 @@ private:
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
     QRegion bandAt;           ///< where the rubber band was last
     SpriteLayer sprites;
-    MapStations stations;
-    std::optional<QPoint> panFrom; ///< where the middle button went down
-    QPoint panBy;                  ///< how far the picture is held from its place since then
-    int wheelTurn = 0;             ///< what the wheel has turned since the last whole step
+    int wheelTurn = 0; ///< what the wheel has turned since the last whole step
 };
 
 } // namespace halvern

@@ -73,6 +73,10 @@ DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, MapView
     AddRow(lines, form.ObjectCourselbl, course, {LabelFor(speed, form.ObjectSpeedlbl), speed, instructions});
     AddRow(lines, form.CommentTXT, WideFor(43, BindField(form.CommentTXT, window)), {});
     layout->addWidget(ButtonRow(window, {&form.OkCmd, &form.CancelCmd}));
+    FocusFault(window, form.OkCmd, [&form]() -> const Control* {
+        const auto part = FaultyPart(form.Texts());
+        return part ? form.InOrder()[*part] : nullptr;
+    });
     return window;
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "config/SetupRules.h"
 #include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
 #include "forms/Words.h"
+#include "platform/Text.h"
 
 namespace halvern {
 namespace {
@@ -160,6 +162,7 @@ private:
                  BindLabel(setUp.Latlbl, parent), parent);
         AddAngle(lines, {setUp.LonDegtxt, setUp.LonMintxt, setUp.LonDectxt, setUp.LonSigntxt},
                  BindLabel(setUp.Lonlbl, parent), parent);
+        AddWarnings(lines, parent);
         auto* symbol = BindCombo(setUp.SymbolCombo, parent);
         ShowSymbols(symbol, halvern.ProgramFolder);
         AddRow(lines, setUp.SymbolCombo, symbol, {});
@@ -171,6 +174,23 @@ private:
         lines->addRow(Hint("If UTC is incorrect then set your systems date and time with the correct date and time and "
                            "UTC offset",
                            parent));
+    }
+
+    void AddWarnings(QFormLayout* lines, QWidget* parent)
+    {
+        auto& call = setUp.CallSignTxt;
+        const auto nobody = [&call] { return UpperCase(call.Text()) == "N0CALL"; };
+        lines->addRow(
+            Warning(QObject::tr("N0CALL is nobody's call: enter your own before you send."), {&call}, nobody, parent));
+        const auto parts = setUp.InOrder();
+        const auto nowhere = [&setUp = setUp] {
+            const auto texts = setUp.Texts();
+            for (const std::size_t digits : {0, 1, 2, 4, 5, 6})
+                if (texts[digits].empty() || texts[digits].find_first_not_of('0') != std::string::npos) return false;
+            return true;
+        };
+        lines->addRow(Warning(QObject::tr("0 degrees north and east is in the sea off Africa."),
+                              {parts.begin(), parts.end()}, nowhere, parent));
     }
 
     void Tnc(const Page& page)
@@ -247,6 +267,8 @@ DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent)
     auto* layout = new QVBoxLayout(window);
     layout->addWidget(tabs);
     layout->addWidget(ButtonRow(window, {&setUp.TabOkCmd, &setUp.TabCancelCmd, &setUp.HelpCmd}));
+    for (const Button* button : {&setUp.TabOkCmd, &setUp.TabSaveCmd})
+        FocusFault(window, *button, [&halvern] { return SetupFault(halvern).field; });
     return window;
 }
 

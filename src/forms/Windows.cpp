@@ -13,17 +13,12 @@
 namespace halvern {
 namespace {
 
-/// The map as large as its window lets a picture of 4 to 3 be; the lists in what is left beside it.
-QRect MapPlace(const QRect& area)
-{
-    return {0, 0, std::min(area.width() * 68 / 100, area.height() * 4 / 3), area.height()};
-}
-
 /// Place `slot` of `count` below each other beside the map; `layer` puts one a little below another of the same slot.
 FirstPlace BesideMap(int slot, int count, int layer)
 {
     return [=](const QRect& area) {
-        const int left = MapPlace(area).right() + 1, high = area.height() / count, step = 24 * layer;
+        const int left = std::min(area.width() * 68 / 100, area.height() * 4 / 3), high = area.height() / count,
+                  step = 24 * layer;
         return QRect(left + step, slot * high + step, area.width() - left - step, high - step);
     };
 }
@@ -38,9 +33,7 @@ QRect OverMap(const QRect& area)
 } // namespace
 
 Windows::Windows(Halvern& halvern, const std::string& looksFile)
-    : halvern(halvern), looks(Shown(looksFile)),
-      places(halvern.Outside.files, halvern.ProgramFolder + R"(\places\places.dat)"),
-      main(std::make_unique<MainWindow>(halvern, looks))
+    : halvern(halvern), looks(Shown(looksFile)), main(std::make_unique<MainWindow>(halvern, looks))
 {
     QApplication::setWindowIcon(ProgramIcon());
     windows.emplace(&halvern.ConMdiFrm, main.get());
@@ -53,28 +46,26 @@ Windows::~Windows() = default;
 
 void Windows::AddChildren()
 {
-    map = new MapView(halvern, looks, places);
-    AddChild(halvern.MapFrm, map, MapPlace);
-    auto* range = main->findChild<QComboBox*>(Shown(halvern.ConMdiFrm.ScaleCombo.Name()));
-    QObject::connect(range, &QComboBox::activated, map, [this] { map->setFocus(); }); // its keys move the map now
-    AddChild(halvern.PositionFrm, MakePositionWindow(halvern), BesideMap(0, 3, 0));
-    AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), BesideMap(1, 3, 1));
-    AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), BesideMap(1, 3, 2));
-    AddChild(halvern.MessageFrm, MakeMessageWindow(halvern), BesideMap(1, 3, 0));
-    AddChild(halvern.HeardFrm, MakeHeardWindow(halvern), BesideMap(0, 3, 1));
-    AddChild(halvern.TerminalFrm, MakeTerminalWindow(halvern), BesideMap(2, 3, 0));
-    AddChild(halvern.DxFrm, MakeDxWindow(halvern), BesideMap(2, 3, 1));
-    AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), BesideMap(0, 3, 2));
-    AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), BesideMap(2, 3, 2));
-    AddChild(halvern.GateFrm, MakeGateWindow(halvern), OverMap);
+    map = new MapView(halvern, looks);
+    const auto& item = halvern.ConMdiFrm.FrmMenu;
+    AddChild(halvern.MapFrm, map, item(1), {});
+    AddChild(halvern.PositionFrm, MakePositionWindow(halvern), item(2), BesideMap(0, 3, 0));
+    AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), item(3), BesideMap(1, 3, 1));
+    AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), item(4), BesideMap(1, 3, 2));
+    AddChild(halvern.MessageFrm, MakeMessageWindow(halvern), item(5), BesideMap(1, 3, 0));
+    AddChild(halvern.HeardFrm, MakeHeardWindow(halvern), item(6), BesideMap(0, 3, 1));
+    AddChild(halvern.TerminalFrm, MakeTerminalWindow(halvern), item(7), BesideMap(2, 3, 0));
+    AddChild(halvern.DxFrm, MakeDxWindow(halvern), item(8), BesideMap(2, 3, 1));
+    AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), item(9), BesideMap(0, 3, 2));
+    AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), item(10), BesideMap(2, 3, 2));
+    AddChild(halvern.GateFrm, MakeGateWindow(halvern), halvern.ConMdiFrm.GateMenu, OverMap);
 }
 
-void Windows::AddChild(Form& form, QWidget* content, const FirstPlace& place)
+/// @param place  none: it fills what the others leave
+void Windows::AddChild(Form& form, QWidget* content, const MenuItem& item, const FirstPlace& place)
 {
-    auto* window = new ChildWindow(form, content, place);
-    main->Area().addSubWindow(window);
-    main->Area().viewport()->installEventFilter(window);
-    window->hide();
+    auto* window = new ChildWindow(form, content, Spoken(Shown(item.Caption())));
+    place ? main->Care().Add(window, place) : main->Care().AddMap(window);
     windows.emplace(&form, window);
 }
 
@@ -84,17 +75,16 @@ void Windows::AddDialogs()
     windows.emplace(&h.SetUpfrm, MakeSetUpWindow(h, main.get()));
     windows.emplace(&h.AddPathFrm, MakeAddPathWindow(h, main.get()));
     windows.emplace(&h.FontFrm, MakeFontWindow(h, main.get()));
-    windows.emplace(&h.FindFrm, MakeFindWindow(h, places, main.get()));
-    windows.emplace(&h.InformationFrm, MakeInformationWindow(h, places, main.get()));
+    windows.emplace(&h.FindFrm, MakeFindWindow(h, main.get()));
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
     windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
     windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
     windows.emplace(&h.NoticesFrm, MakeNoticesWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, *map, main.get()));
-    for (Form* form : std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm,
-                                                   &h.TakeTransObjFrm, &h.FindFoundFrm, &h.browfrm, &h.ChosePrinter,
-                                                   &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
+    for (Form* form : std::initializer_list<Form*>{
+             &h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm, &h.FindFoundFrm,
+             &h.InformationFrm, &h.browfrm, &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
         windows.emplace(form, MakePlainWindow(h, *form, main.get()));
 }
 

@@ -31,11 +31,10 @@ public:
 private:
     void AddChildren();
     void AddDialogs();
-    void AddChild(Form& form, QWidget* content, const FirstPlace& place);
+    void AddChild(Form& form, QWidget* content, const MenuItem& item, const FirstPlace& place);
 
     Halvern& halvern;
     Looks looks;
-    PlaceNames places;
     std::unique_ptr<MainWindow> main;
     MapView* map = nullptr;
     HelpWindow* help = nullptr;

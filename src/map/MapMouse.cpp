@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "platform/Text.h"
-#include "state/Rows.h"
 #include "view/Geometry.h"
 #include "view/Plotting.h"
 
@@ -30,6 +29,14 @@ void DrawDragBox(Halvern& halvern, float x, float y)
     view.ZoomLastY = y;
     map.Mode = DrawMode::Copy;
     map.Box(view.ZoomStartX, view.ZoomStartY, x, y, colour::BrightWhite);
+}
+
+void OpenStationMenu(Halvern& halvern, int index)
+{
+    halvern.Map.PopStation = index;
+    const char symbol = ColumnAt(halvern.PositionFrm.PosLst.Row(index), 37);
+    halvern.ConMdiFrm.WXInfo.SetVisible(symbol == 'W' || symbol == '_');
+    halvern.ConMdiFrm.Pop1Menu.Click();
 }
 
 } // namespace
@@ -90,10 +97,10 @@ void EndGesture(Halvern& halvern)
 void SymbolMouseDown(Halvern& halvern, int index, MouseButton button)
 {
     const auto& station = PlotRecord(halvern, index);
-    if (PanMode(halvern)) return MapMouseDown(halvern, button, station.Lon, station.Lat);
-    if (button != MouseButton::Right) return;
-    TurnMenuTo(halvern, index);
-    halvern.ConMdiFrm.Pop1Menu.Click();
+    if (PanMode(halvern))
+        MapMouseDown(halvern, button, station.Lon, station.Lat);
+    else if (button == MouseButton::Right)
+        OpenStationMenu(halvern, index);
 }
 
 void SymbolMouseMove(Halvern& halvern, int index)
@@ -106,13 +113,6 @@ void SymbolMouseUp(Halvern& halvern, int index, MouseButton button)
 {
     const auto& station = PlotRecord(halvern, index);
     if (PanMode(halvern)) MapMouseUp(halvern, button, station.Lon, station.Lat);
-}
-
-void TurnMenuTo(Halvern& halvern, int index)
-{
-    const char symbol = ColumnAt(halvern.PositionFrm.PosLst.Row(index), positionRow::Code);
-    halvern.Map.PopStation = index;
-    halvern.ConMdiFrm.WXInfo.SetVisible(symbol == 'W' || symbol == '_');
 }
 
 } // namespace halvern

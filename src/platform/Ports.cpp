@@ -17,26 +17,41 @@ std::string Port::ReadAll()
 
 void Port::Keep(std::string_view bytes)
 {
+    ++heard;
     if (waiting.size() < MostWaiting) waiting += bytes; // a full buffer loses what comes, as a port's own does
+}
+
+void Port::Lost(const std::string& why)
+{
+    gone = why;
+    Tell({});
+}
+
+void Port::Touched()
+{
+    gone.clear();
+    Tell({});
 }
 
 std::optional<PortError> SerialPort::Open()
 {
     if (device == nullptr) return PortError{8002, Name(), "Invalid port number"};
     auto error = device->Open(PortNumber, Settings);
-    Tell({});
+    Touched();
     return error;
 }
 
 void SerialPort::Close()
 {
     if (device != nullptr) device->Close();
-    Tell({});
+    Touched();
 }
 
 void SerialPort::Write(std::string_view bytes)
 {
-    if (IsOpen()) device->Write(bytes);
+    if (!IsOpen()) return;
+    ++sent;
+    device->Write(bytes);
 }
 
 void SerialPort::DiscardOutput()
@@ -63,7 +78,7 @@ int Socket::Connect()
     const auto error = device->Connect(HostName, RemotePort, TimeoutMs);
     whyNot = error ? error->description : "";
     connecting = false;
-    Tell({});
+    Touched();
     if (!error) return 0;
     return error->number != 0 ? error->number : -1;
 }
@@ -72,12 +87,14 @@ void Socket::Disconnect()
 {
     if (device != nullptr) device->Disconnect();
     waiting.clear();
-    Tell({});
+    Touched();
 }
 
 void Socket::Write(std::string_view bytes)
 {
-    if (Connected()) device->Write(bytes);
+    if (!Connected()) return;
+    ++sent;
+    device->Write(bytes);
 }
 
 void Socket::Arrived(std::string_view bytes)
@@ -86,9 +103,9 @@ void Socket::Arrived(std::string_view bytes)
     if (OnReceive) Directory().Dispatch(*this, OnReceive);
 }
 
-void Socket::HungUp()
+void Socket::Lost(const std::string& why)
 {
-    Tell({});
+    Port::Lost(why);
     if (OnDisconnect) Directory().Dispatch(*this, OnDisconnect);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -61,14 +62,25 @@ public:
     std::size_t Waiting() const { return waiting.size(); }
     void DiscardInput() { waiting.clear(); }
 
+    /// How often something came in and went out in this run, for whoever shows how a port does.
+    std::uint64_t Heard() const { return heard; }
+    std::uint64_t Sent() const { return sent; }
+    /// Why it is gone although nobody closed it, or an empty text.
+    const std::string& Gone() const { return gone; }
+    /// For devices: the other end is not there any more.
+    virtual void Lost(const std::string& why);
+
     /// For devices: bytes have come in, as one event.
     virtual void Arrived(std::string_view bytes) = 0;
 
 protected:
     static constexpr std::size_t MostWaiting = 65536;
     void Keep(std::string_view bytes);
+    /// Somebody opens or closes it.
+    void Touched();
 
-    std::string waiting;
+    std::string waiting, gone;
+    std::uint64_t heard = 0, sent = 0;
 };
 
 /// Event codes of a serial port; only received bytes matter here.
@@ -120,8 +132,7 @@ public:
     bool Connected() const { return device != nullptr && device->Connected(); }
     void Write(std::string_view bytes);
     void Arrived(std::string_view bytes) override;
-    /// For devices: the other end has closed.
-    void HungUp();
+    void Lost(const std::string& why) override;
     PropertyTexts Describe() const override;
 
     SocketDevice* device = nullptr;

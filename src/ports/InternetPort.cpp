@@ -52,6 +52,7 @@ void OpenCloseInternet(Halvern& halvern)
         return halvern.Tell(Icon::Critical, obstacle);
     }
     form.ServerLoggedIn = false;
+    form.ServerAnswer.clear();
     PortOpened(halvern, MainPort::Internet);
 }
 
@@ -59,6 +60,7 @@ void ReceiveFromInternet(Halvern& halvern)
 {
     auto line = halvern.ConMdiFrm.InternetSoc.ReadAll();
     if (!halvern.ConMdiFrm.ServerLoggedIn) return LogIn(halvern);
+    if (line.starts_with("# logresp ")) halvern.ConMdiFrm.ServerAnswer = line.substr(0, line.find_first_of(CrLf));
     ProcessPacket(halvern, line, "TCPIP");
     InternetGateStep(halvern, line);
 }

@@ -89,11 +89,17 @@ std::string PositionFieldFault(std::string_view text, std::string_view name)
 
 std::string PositionFault(const PositionTexts& texts, std::string_view ending)
 {
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (texts[i].empty())
-            return std::string("You have to enter ") + PositionNames[i].whenEmpty + std::string(ending);
-        if (auto fault = PositionFieldFault(texts[i], PositionNames[i].name); !fault.empty()) return fault;
-    }
+    const auto part = FaultyPart(texts);
+    if (!part) return {};
+    const auto& names = PositionNames[*part];
+    if (texts[*part].empty()) return std::string("You have to enter ") + names.whenEmpty + std::string(ending);
+    return PositionFieldFault(texts[*part], names.name);
+}
+
+std::optional<std::size_t> FaultyPart(const PositionTexts& texts)
+{
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        if (texts[i].empty() || !PositionFieldFault(texts[i], PositionNames[i].name).empty()) return i;
     return {};
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,9 @@ using PositionTexts = std::array<std::string, 8>;
 ///
 /// @param ending  how the words for an empty field end: " first.", or with the place of the fields in it
 std::string PositionFault(const PositionTexts& texts, std::string_view ending);
+
+/// Which of the fields that is; nothing where all are right.
+std::optional<std::size_t> FaultyPart(const PositionTexts& texts);
 
 /// A place as the fields take it, to the hundredth of a minute. Degrees, north and west positive; a longitude past the
 /// date line counts from the other side, a latitude past a pole is the pole.

@@ -143,6 +143,7 @@ struct MainForm : Form {
     // Working variables
     std::string KissRxBuffer, SoundRxBuffer, WxRxBuffer; ///< bytes that came in and are not consumed yet
     bool ServerLoggedIn = false;
+    std::string ServerAnswer; ///< what the server said of the login: "# logresp CALL verified, server NAME"
     std::string Psk63Hunt, Psk63Frame; ///< characters outside a packet, and of the one that comes in
     bool Psk63InFrame = false;
     std::int16_t IgateHoldCount = 0, DecayTicks = 0, ObjectCycle = 0, WxFileTicks = 0;

@@ -130,6 +130,7 @@ struct SetUpForm : Form, PositionFields {
     std::string MyAlias = "1234567890"; ///< the alias that is digipeated for; a text that no path holds means none
     std::string OverlayChar;            ///< empty or a blank for none
     std::vector<SettingValue> Recorded; ///< the values at the form's activation, which Cancel puts back
+    std::vector<SettingValue> Saved;    ///< the same as the settings file has them; nothing without a file
     int PathIndex = 0;                  ///< the entry of `UnPath` that was chosen last
     bool SettingUp = false;             ///< the form's own code is setting its controls
 

@@ -5,6 +5,7 @@
 #include "platform/qt/QtTimers.h"
 #include "support/qt/Application.h"
 #include "support/qt/SilentServer.h"
+#include "view/ChildWindows.h"
 
 namespace halvern::test {
 namespace {
@@ -140,14 +141,73 @@ TEST_F(Desk, APlaceIsAppliedAndWrittenBack)
     EXPECT_EQ(form.Place().width, 4500) << "the size to come back to";
 }
 
-TEST_F(Desk, TheMapIsTheLargestWindowAtFirst)
+/// The map fills what the others leave; no key hides what is merely covered; tiles never leave the area.
+TEST_F(Desk, WindowsShareTheAreaAndTheMapComesFirst)
 {
-    halvern.MapFrm.SetVisible(true);
-    halvern.PositionFrm.SetVisible(true);
-    const auto map = screen.windows->WindowOf(halvern.MapFrm)->geometry();
-    const auto rows = screen.windows->WindowOf(halvern.PositionFrm)->geometry();
-    EXPECT_GT(map.width() * map.height(), 2 * rows.width() * rows.height());
-    EXPECT_FALSE(map.intersects(rows));
+    auto* const area = screen.windows->Main().findChild<QMdiArea*>();
+    auto* const map = static_cast<QMdiSubWindow*>(screen.windows->WindowOf(halvern.MapFrm));
+    auto* const rows = screen.windows->WindowOf(halvern.PositionFrm);
+    const auto press = [&](int window) {
+        screen.windows->Main().Care().Press(ChildWindow(halvern, window), halvern.ConMdiFrm.FrmMenu(window));
+    };
+    press(1);
+    EXPECT_EQ(map->geometry(), area->viewport()->rect()) << "alone";
+    map->showMaximized();
+    press(2);
+    EXPECT_GT(map->width() * map->height(), 2 * rows->width() * rows->height());
+    EXPECT_FALSE(map->isMaximized() || map->geometry().intersects(rows->geometry()));
+    EXPECT_EQ(rows->windowTitle(), "Positions");
+    press(1);
+    EXPECT_EQ(area->activeSubWindow(), map) << "lifted, since it was not in front";
+    press(1);
+    EXPECT_TRUE(map->isHidden() && rows->isVisible());
+    for (const int window : {1, 3, 4, 5, 6, 8, 9, 10}) press(window);
+    halvern.ConMdiFrm.TileMenu.Click();
+    QRegion covered;
+    for (const auto* window : area->subWindowList()) {
+        if (window->isHidden()) continue;
+        EXPECT_TRUE(area->viewport()->rect().contains(window->geometry())) << window->windowTitle().toStdString();
+        EXPECT_FALSE(covered.intersects(window->geometry()));
+        covered += window->geometry();
+    }
+    EXPECT_EQ(covered, QRegion(area->viewport()->rect()));
+    EXPECT_NEAR(map->width(), area->viewport()->width() * 0.6, 2);
+}
+
+/// Setup says beside the field what is strange, goes to the one that is wrong, and the status bar says what is not
+/// kept.
+TEST_F(Desk, SetupLeadsToTheFieldAtFault)
+{
+    auto& setUp = halvern.SetUpfrm;
+    setUp.Show();
+    setUp.LatSigntxt.SetText("Q");
+    setUp.SSTab1.Select(2);
+    screen.Find<QPushButton>("SetUpfrm.TabOkCmd")->click();
+    const auto* window = screen.windows->WindowOf(setUp);
+    ASSERT_NE(window->focusWidget(), nullptr);
+    EXPECT_EQ(window->focusWidget()->objectName(), "SetUpfrm.LatSigntxt");
+    EXPECT_TRUE(setUp.SSTab1.On(0));
+    const auto warnings = [&] {
+        return std::ranges::count_if(window->findChildren<QLabel*>(), [](const QLabel* label) {
+            return label->isVisible() && label->text().startsWith("\u26a0");
+        });
+    };
+    EXPECT_EQ(warnings(), 0);
+    setUp.CallSignTxt.SetText("n0call");
+    setUp.SetTexts({"00", "00", "00", "N", "000", "00", "00", "W"});
+    EXPECT_EQ(warnings(), 2);
+    screen.Find<QPushButton>("SetUpfrm.TabOkCmd")->click();
+    EXPECT_FALSE(window->isVisible());
+    ShowNow();
+    const auto* unsaved = screen.Find<QToolButton>("StatusLamps.Unsaved");
+    EXPECT_TRUE(unsaved->isVisible());
+    const TemporaryFolder folder;
+    halvern.ProgramFolder = folder.Path();
+    setUp.TabSaveCmd.Click();
+    setUp.Show();
+    setUp.Hide();
+    ShowNow();
+    EXPECT_FALSE(unsaved->isVisible());
 }
 
 /// News stand on their tab until it is looked at; own rows and what is brought back are none.

@@ -121,7 +121,6 @@ int main(int count, char** arguments)
 {
     QApplication application(count, arguments);
     QApplication::setApplicationName("halvern");
-    QApplication::setApplicationDisplayName("Halvern");
     QApplication::setApplicationVersion(QString::fromStdString(halvern::ProgramVersion()));
     return halvern::RunStation(application, halvern::ReadOptions(application));
 }

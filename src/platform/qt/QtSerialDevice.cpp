@@ -146,9 +146,10 @@ void QtSerialDevice::WentWrong(QSerialPort::SerialPortError error)
 {
     if (error != QSerialPort::ResourceError && error != QSerialPort::ReadError) return;
     if (!line.isOpen() || line.error() != error) return; // an older connection's
+    const auto why = line.errorString().toStdString();
     feed.TakeRest();
     line.close();
-    feed.Finish({});
+    feed.Finish([this, why] { port.Lost(why); });
 }
 
 } // namespace halvern

@@ -161,7 +161,9 @@ void QtSocketDevice::PeerClosed()
 {
     if (!open || link.state() == QAbstractSocket::ConnectedState) return; // our own close, or an older connection's
     open = false;
-    feed.Finish([this] { port.HungUp(); });
+    const bool closed = link.error() == QAbstractSocket::RemoteHostClosedError;
+    const auto why = closed ? "the other end has closed" : link.errorString().toStdString();
+    feed.Finish([this, why] { port.Lost(why); });
 }
 
 } // namespace halvern

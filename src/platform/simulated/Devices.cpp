@@ -40,7 +40,7 @@ void SimulatedSocket::HangUp()
 {
     if (!open) return;
     open = false;
-    socket.HungUp();
+    socket.Lost("the other end has closed");
 }
 
 SimulatedPorts::SimulatedPorts(Controls& controls)
