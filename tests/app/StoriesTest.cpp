@@ -20,8 +20,7 @@ const fs::path Folder = fs::path(HALVERN_SOURCE) / "tests/stories";
 
 std::string TextOf(const fs::path& file)
 {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    return DiskFiles().Read(file).value_or("");
 }
 
 std::vector<std::string> StoryNames()

@@ -139,16 +139,9 @@ def only_one_side(dest, info, row, place):
 
 
 def symbol_known(table, code):
-    first = set(range(33, 124)) | {125}
-    second = set(map(int, "33 34 36 37 63 64 96 98 106 107 108 111 112 113 114 116 125".split()))
-    for low, high in ((39, 47), (49, 61), (66, 86), (88, 93), (100, 104), (119, 123)):
-        second |= set(range(low, high + 1))
-    overlays = {35, 38, 48, 62, 65, 87, 94, 95, 97, 99, 105, 110, 115, 117, 118, 122}
-    if table == "/":
-        return ord(code) in first
-    if table == "\\":
-        return ord(code) in second
-    return table.isascii() and (table.isdigit() or table.isupper()) and ord(code) in overlays
+    """Whether the set of symbols has a picture of it."""
+    name = f"table1/{ord(code):03}" if table == "/" else f"table2/{ord(code):03}" + ("" if table == "\\" else f"_{ord(table)}")
+    return (pathlib.Path(sys.argv[2]) / "symbols" / (name + ".GIF")).exists()
 
 
 def main():
