@@ -55,22 +55,13 @@ std::size_t EndOfHeader(std::string_view line)
     return colon < 8 || colon == line.size() ? 0 : colon;
 }
 
-/// Weather reports and sentences: their rows get a time, for there is none in them that can be relied on.
-bool IsWeatherOrSentence(std::string_view info)
-{
-    if (StartsWithOneOf(info, "_#*") || info.starts_with("!!")) return true;
-    if (info.starts_with("$")) return ColumnAt(info, 2) != 'G';
-    if (StartsWithOneOf(info, "!-")) return ColumnAt(info, weatherRow::Code) == '_';
-    return StartsWithOneOf(info, "/@") && ColumnAt(info, weatherRow::StampedCode) == '_';
-}
-
 /// Server comments and lines that can't be packets leave no row. @return false for those.
 bool TakeIn(Halvern& halvern, const std::string& line)
 {
     if (line.starts_with("#") || !Holds(line, ">")) return false;
     const auto colon = EndOfHeader(line);
     if (colon == 0) return false;
-    if (IsWeatherOrSentence(Columns(line, colon + 1)))
+    if (BearsArrival(Columns(line, colon + 1)))
         FileRaw(halvern, line + DayHourMinuteSecond(UtcNow(halvern.Outside.clock)));
     else
         FileRaw(halvern, line);
@@ -259,6 +250,14 @@ void RemovePlaceholder(Halvern& halvern)
 }
 
 } // namespace
+
+bool BearsArrival(std::string_view info)
+{
+    if (StartsWithOneOf(info, "_#*") || info.starts_with("!!")) return true;
+    if (info.starts_with("$")) return ColumnAt(info, 2) != 'G';
+    if (StartsWithOneOf(info, "!-")) return ColumnAt(info, weatherRow::Code) == '_';
+    return StartsWithOneOf(info, "/@") && ColumnAt(info, weatherRow::StampedCode) == '_';
+}
 
 void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
 {

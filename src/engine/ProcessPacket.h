@@ -14,4 +14,8 @@ namespace halvern {
 /// @param tag   where it came from; only "TNC", "SOUND", "PSK63" and "TCPIP" choose a road for answers
 void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag);
 
+/// Weather reports and sentences: there is no time in them that can be relied on, so their raw rows end with that of
+/// their arrival, "ddhhmmss".
+bool BearsArrival(std::string_view info);
+
 } // namespace halvern

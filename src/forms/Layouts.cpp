@@ -4,17 +4,19 @@
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
 #include "platform/Files.h"
+#include "platform/Text.h"
+#include "state/Rows.h"
 #include "view/SymbolFile.h"
 
 namespace halvern {
 namespace {
 
-/// The picture of a symbol list's row, whose last two characters are table and code.
-QIcon SymbolIcon(const std::string& programFolder, std::string_view row)
+/// A symbol's picture; its name is table and code.
+QIcon SymbolIcon(const std::string& programFolder, std::string_view name)
 {
-    if (row.size() < 2) return {};
-    const auto table = static_cast<unsigned char>(row[row.size() - 2]);
-    const auto code = static_cast<unsigned char>(row.back());
+    if (name.size() < 2) return {};
+    const auto table = static_cast<unsigned char>(name.front());
+    const auto code = static_cast<unsigned char>(name.back());
     auto file = SymbolFileName(programFolder, table, code);
     if (file == "NG") file = SymbolFileName(programFolder, 'A', code); // a symbol that always bears an overlay
     if (file.empty() || file == "NG") return {};
@@ -29,7 +31,18 @@ QIcon SymbolIcon(const std::string& programFolder, std::string_view row)
 
 StoreModel::Picture SymbolPicture(const std::string& programFolder)
 {
-    return [programFolder](std::string_view row) { return SymbolIcon(programFolder, row); };
+    return [programFolder](std::string_view name) { return SymbolIcon(programFolder, name); };
+}
+
+/// A symbol list's row ends with table and code.
+std::string SymbolOfRow(std::string_view row)
+{
+    return std::string(row.substr(row.size() - std::min<std::size_t>(row.size(), 2)));
+}
+
+std::string SymbolOfStation(std::string_view row)
+{
+    return {ColumnAt(row, positionRow::Table), ColumnAt(row, positionRow::Code)};
 }
 
 /// Buttons that leave everything as it is.
@@ -139,16 +152,19 @@ QLabel* Warning(const QString& text, const QList<TextField*>& fields, const std:
 
 void ShowSymbols(QComboBox* combo, const std::string& programFolder)
 {
-    static_cast<StoreModel*>(combo->model())->ShowPictures(SymbolPicture(programFolder));
+    static_cast<StoreModel*>(combo->model())->ShowPictures(SymbolOfRow, SymbolPicture(programFolder));
     combo->setIconSize({20, 20});
     combo->setMaxVisibleItems(20);
 }
 
 void ShowSymbols(RowsView* view, const std::string& programFolder)
 {
-    view->Rows().ShowPictures(SymbolPicture(programFolder));
-    view->setIconSize({20, 20});
-    view->verticalHeader()->setDefaultSectionSize(std::max(24, view->verticalHeader()->defaultSectionSize()));
+    view->ShowPictures(SymbolOfRow, SymbolPicture(programFolder));
+}
+
+void ShowStationSymbols(RowsView* view, const std::string& programFolder)
+{
+    view->ShowPictures(SymbolOfStation, SymbolPicture(programFolder));
 }
 
 } // namespace halvern

@@ -47,5 +47,7 @@ QLabel* Warning(const QString& text, const QList<TextField*>& fields, const std:
 /// Gives each symbol of a list its picture.
 void ShowSymbols(QComboBox* combo, const std::string& programFolder);
 void ShowSymbols(RowsView* view, const std::string& programFolder);
+/// Gives each station of a list of `PosLst` rows the picture of its symbol, in the first column.
+void ShowStationSymbols(RowsView* view, const std::string& programFolder);
 
 } // namespace halvern

@@ -91,12 +91,14 @@ RowsView::RowsView(List& list, const RowsLook& look, QWidget* parent)
 void RowsView::Fit()
 {
     PlainTable::Fit();
+    setIconSize(QSize(1, 1) * verticalHeader()->defaultSectionSize());
     const int character = fontMetrics().horizontalAdvance('0');
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
     const auto& columns = storeModel->RowColumns();
     for (std::size_t i = 0; i + 1 < columns.size(); ++i) {
         const int name = fontMetrics().horizontalAdvance(QString::fromUtf8(columns[i].name)) + 2 * margin;
-        setColumnWidth(static_cast<int>(i), std::max(columns[i].width * character + margin, name));
+        const int picture = i == 0 && storeModel->HasPictures() ? iconSize().width() + margin : 0;
+        setColumnWidth(static_cast<int>(i), std::max(columns[i].width * character + margin + picture, name));
     }
     FitTail();
 }
@@ -254,6 +256,31 @@ void RowsView::focusInEvent(QFocusEvent* event)
     writing = outer;
 }
 
+void RowsView::ShowPictures(StoreModel::NameOfPicture name, StoreModel::Picture picture)
+{
+    storeModel->ShowPictures(std::move(name), std::move(picture));
+    Fit();
+}
+
+void RowsView::RefreshEvery(int milliseconds)
+{
+    connect(&refresh, &QTimer::timeout, storeModel, &StoreModel::TextsChanged);
+    refresh.setInterval(milliseconds);
+    if (isVisible()) refresh.start();
+}
+
+void RowsView::showEvent(QShowEvent* event)
+{
+    PlainTable::showEvent(event);
+    if (refresh.interval() > 0) refresh.start();
+}
+
+void RowsView::hideEvent(QHideEvent* event)
+{
+    refresh.stop();
+    PlainTable::hideEvent(event);
+}
+
 void RowsView::selectionChanged(const QItemSelection& now, const QItemSelection& before)
 {
     PlainTable::selectionChanged(now, before);
@@ -273,10 +300,13 @@ void RowsView::contextMenuEvent(QContextMenuEvent* event)
     const int row = StoreRow(indexAt(event->pos()));
     const auto text = row >= 0 ? Shown(list.Row(row)) : QString();
     QMenu menu(this);
+    if (Offers && row >= 0) Offers(menu, list.Row(row));
     auto* one = menu.addAction(tr("&Copy Row"), [text] { QGuiApplication::clipboard()->setText(text); });
     one->setEnabled(!text.isEmpty());
     auto* all = menu.addAction(tr("Copy &All Rows"), [this] { Copy(true); });
     all->setEnabled(list.Count() > 0);
+    menu.addSeparator();
+    menu.addAction(tr("&Filter...\t/"), [this] { ShowFilter()->setFocus(); });
     menu.exec(event->globalPos());
 }
 

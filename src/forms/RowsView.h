@@ -56,11 +56,19 @@ public:
     /// Shows the line that filters, above the list.
     FilterLine* ShowFilter();
     void keyboardSearch(const QString& search) override;
+    /// Puts pictures before the rows, as large as a row is high.
+    void ShowPictures(StoreModel::NameOfPicture name, StoreModel::Picture picture);
+    /// Reads the texts that the columns have from elsewhere anew so often, while it can be seen.
+    void RefreshEvery(int milliseconds);
+    /// Puts more into the menu of a row, above what all rows have.
+    std::function<void(QMenu& menu, const std::string& row)> Offers;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -86,6 +94,7 @@ private:
     int searchColumn = 0;
     QString typed; ///< what is looked for
     QElapsedTimer sinceTyped;
+    QTimer refresh;
     bool writing = false; ///< what happens to the selection is not the operator's doing
     QPersistentModelIndex topRow;
     int topValue = 0;

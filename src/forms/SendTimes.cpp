@@ -36,30 +36,11 @@ public:
         return seconds <= ShownInSeconds ? tr("in %1 s").arg(seconds) : tr("in %1 min").arg((seconds + 59) / 60);
     }
 
-    /// Shows the times of a view afresh while it can be seen.
-    void Serve(RowsView* view)
-    {
-        auto* second = new QTimer(view);
-        connect(second, &QTimer::timeout, view, [view] { view->Rows().TextsChanged(); });
-        view->installEventFilter(this);
-        seconds.insert(view, second);
-    }
-
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        if (auto* second = seconds.value(object); second != nullptr) {
-            if (event->type() == QEvent::Show) second->start(SecondMs);
-            if (event->type() == QEvent::Hide) second->stop();
-        }
-        return QObject::eventFilter(object, event);
-    }
-
 private:
     std::int64_t Now() const { return SecondsOf(UtcNow(halvern.Outside.clock)); }
 
     Halvern& halvern;
     std::int64_t started = 0;
-    QHash<QObject*, QTimer*> seconds;
 };
 
 } // namespace
@@ -72,7 +53,7 @@ RowsView* MakeMyObjectRows(Halvern& halvern, List& list, QWidget* parent)
                      [times](std::string_view record) { return times->TextFor(record); }},
                     {1, 0, "Object", "The object as it is sent, and the path behind the bar", {}}};
     auto* view = new RowsView(list, look, parent);
-    times->Serve(view);
+    view->RefreshEvery(SecondMs);
     return view;
 }
 

@@ -51,7 +51,7 @@ SortedRows::Key SortedRows::KeyOf(int row) const
     const auto& column = rows.RowColumns()[static_cast<std::size_t>(keyColumn)];
     const auto& text = rows.RowText(row);
     if (column.order) return {column.order(text), {}};
-    return {0, std::string(StretchOf(column, text))};
+    return {0, column.text ? column.text(text).toStdString() : std::string(StretchOf(column, text))};
 }
 
 void SortedRows::TakeKeys(int first, int last)

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "forms/Glyphs.h"
+#include "forms/Tints.h"
 #include "forms/Watching.h"
 #include "platform/Text.h"
 
@@ -279,22 +280,32 @@ QVariant StoreModel::data(const QModelIndex& index, int role) const
     }
     if (role == Qt::DecorationRole && index.column() == 0 && pictureOf && Now(index.row()) >= 0)
         return PictureOf(RowText(index.row()));
-    if (role == Qt::BackgroundRole && IsNews(index.row())) {
+    if (role == Qt::BackgroundRole) return GroundOf(index.row());
+    if (role == Qt::ForegroundRole && columns[static_cast<std::size_t>(index.column())].quiet)
+        return QBrush(QuietColour(QApplication::palette()));
+    return {};
+}
+
+QVariant StoreModel::GroundOf(int row) const
+{
+    if (IsNews(row)) {
         auto tint = QApplication::palette().color(QPalette::Highlight);
         tint.setAlphaF(0.18F);
         return QBrush(tint);
     }
-    return {};
+    const auto tint = tintOf ? tintOf(RowText(row)) : QColor();
+    return tint.isValid() ? QVariant(QBrush(tint)) : QVariant();
 }
 
-QIcon StoreModel::PictureOf(const std::string& row) const
+QIcon StoreModel::PictureOf(std::string_view row) const
 {
     constexpr int mostPictures = 1000;
-    const QByteArray key(row.data(), static_cast<qsizetype>(row.size()));
+    const auto name = pictureName(row);
+    const QByteArray key(name.data(), static_cast<qsizetype>(name.size()));
     const auto known = pictures.constFind(key);
     if (known != pictures.constEnd()) return *known;
     if (pictures.size() >= mostPictures) pictures.clear();
-    return *pictures.insert(key, pictureOf(row));
+    return *pictures.insert(key, pictureOf(name));
 }
 
 QVariant StoreModel::headerData(int section, Qt::Orientation orientation, int role) const

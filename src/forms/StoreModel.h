@@ -24,6 +24,7 @@ struct RowColumn {
     const char* tip = "";
     std::function<QString(std::string_view row)> text = {};
     std::function<double(std::string_view row)> order = {};
+    bool quiet = false; ///< in a fainter colour
 };
 
 /// The columns of a row that a stretch takes.
@@ -49,9 +50,18 @@ public:
     const std::string& RowText(int row) const;
     /// The columns that have their texts from elsewhere have others now. That moves no row.
     void TextsChanged() { emit LooksChanged(); }
-    /// What stands before a row. It must depend on the row's text alone: each text is asked for once.
-    using Picture = std::function<QIcon(std::string_view row)>;
-    void ShowPictures(Picture picture) { pictureOf = std::move(picture); }
+    /// What stands before a row: a picture has a name, and each name is asked for once.
+    using NameOfPicture = std::function<std::string(std::string_view row)>;
+    using Picture = std::function<QIcon(std::string_view name)>;
+    void ShowPictures(NameOfPicture name, Picture picture)
+    {
+        pictureName = std::move(name);
+        pictureOf = std::move(picture);
+    }
+    bool HasPictures() const { return pictureOf != nullptr; }
+    /// The ground that a row stands on; an invalid colour: the list's own. It must leave the text legible.
+    using Tint = std::function<QColor(std::string_view row)>;
+    void ShowTints(Tint tint) { tintOf = std::move(tint); }
     /// Characters of the longest part behind the last column's first character, as far as the store has been seen.
     int LongestTail() const { return longestTail; }
     const std::vector<RowColumn>& RowColumns() const { return columns; }
@@ -94,7 +104,8 @@ private:
     void AddNews(int row);
     void DropOldNews();
     bool IsNews(int row) const;
-    QIcon PictureOf(const std::string& row) const;
+    QIcon PictureOf(std::string_view row) const;
+    QVariant GroundOf(int row) const;
     void Measure(int row);
 
     List& list;
@@ -108,7 +119,9 @@ private:
     bool moved = false, manyReplaced = false, allChanged = false, pending = false;
     int longestTail = 0;
     std::vector<News> news;
+    NameOfPicture pictureName;
     Picture pictureOf;
+    Tint tintOf;
     mutable QHash<QByteArray, QIcon> pictures;
     Pacer* const pacer;
     QTimer newsTimer;

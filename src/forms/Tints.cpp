@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/Tints.h"
+
+#include "engine/ProcessPacket.h"
+#include "platform/Text.h"
+
+namespace halvern {
+namespace {
+
+constexpr float FaintText = 0.72F, FaintTint = 0.16F;
+
+struct KindOfPacket {
+    std::string_view types; ///< first characters of the information field
+    float hue;              ///< 0 to 1, from red over green to blue
+};
+constexpr float Weather = 0.56F;
+constexpr KindOfPacket Kinds[] = {{":", 0.12F}, {";)", 0.34F}, {"T", 0.78F}, {">", 0.47F}, {"_", Weather}};
+
+} // namespace
+
+QColor QuietColour(const QPalette& palette)
+{
+    const auto text = palette.color(QPalette::Text), ground = palette.color(QPalette::Base);
+    const auto mix = [](float one, float other) { return one * FaintText + other * (1 - FaintText); };
+    return QColor::fromRgbF(mix(text.redF(), ground.redF()), mix(text.greenF(), ground.greenF()),
+                            mix(text.blueF(), ground.blueF()));
+}
+
+QColor TintOfPacket(std::string_view rawRow)
+{
+    const auto info = Columns(rawRow, PositionOf(rawRow, ':') + 1);
+    if (info.empty() || info.size() == rawRow.size()) return {};
+    const auto tint = [](float hue) { return QColor::fromHsvF(hue, 1, 1, FaintTint); };
+    if (BearsArrival(info)) return tint(Weather);
+    for (const auto& kind : Kinds)
+        if (kind.types.find(info.front()) != std::string_view::npos) return tint(kind.hue);
+    return {};
+}
+
+} // namespace halvern

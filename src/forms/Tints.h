@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPalette>
+#include <string_view>
+
+/// Colours that tell rows apart, made of a palette's own, so that the text on them stays legible in light and in dark.
+namespace halvern {
+
+/// The text colour, fainter.
+QColor QuietColour(const QPalette& palette);
+/// The ground of a raw row by what its packet is: messages, weather, objects, telemetry and status each have theirs;
+/// positions and the rest stand on the list's own, an invalid colour.
+QColor TintOfPacket(std::string_view rawRow);
+
+} // namespace halvern
