@@ -122,6 +122,27 @@ void PickFirst(Form& form, List& list, const RowsView* view)
     WatchFor(view->window(), form, [view, pick](const Change&) { QTimer::singleShot(0, view, pick); });
 }
 
+/// Enter sends no query to everybody, and where no radio is there to send one, the window says so.
+void GuardQuery(Halvern& halvern, QWidget* window, QVBoxLayout* layout)
+{
+    auto& form = halvern.QueryFrm;
+    auto* line = new QLabel(QObject::tr("Queries go to the radio ports, and none is open."), window);
+    layout->insertWidget(layout->count() - 1, line);
+    const auto buttonOf = [window](const Button& button) {
+        return window->findChild<QPushButton*>(Shown(button.Name()));
+    };
+    const auto show = [&halvern, &form, line, ok = buttonOf(form.OkCmd), cancel = buttonOf(form.CancelCmd)] {
+        constexpr int toEverybody = 3; // the first kinds
+        const auto& main = halvern.ConMdiFrm;
+        (form.QueryOpt.Selected() < toEverybody ? cancel : ok)->setDefault(true);
+        line->setVisible(!main.MSComm1.IsOpen() && !main.SoundSoc.Connected() && !main.Psk63Soc.Connected());
+    };
+    show();
+    auto& main = halvern.ConMdiFrm;
+    const std::initializer_list<Control*> watched{&form, &form.QueryOpt, &main.MSComm1, &main.SoundSoc, &main.Psk63Soc};
+    for (auto* control : watched) WatchFor(window, *control, [show](const Change&) { show(); });
+}
+
 /// The one that acts is what Enter presses, so it comes first.
 QList<Button*> InOrder(QList<Button*> buttons)
 {
@@ -160,6 +181,7 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
     PressOkByDoubleClick(window);
     if (&form == &halvern.FindFoundFrm)
         PickFirst(form, halvern.FindFoundFrm.CallSignLst, window->findChild<RowsView*>());
+    if (&form == &halvern.QueryFrm) GuardQuery(halvern, window, layout);
     if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
     return window;
 }

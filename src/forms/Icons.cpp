@@ -23,12 +23,16 @@ class LineIconEngine final : public QIconEngine {
 public:
     LineIconEngine(const QByteArray& drawing, const QPalette& palette)
         : plain(Coloured(drawing, palette.color(QPalette::Active, QPalette::ButtonText))),
-          greyed(Coloured(drawing, palette.color(QPalette::Disabled, QPalette::ButtonText)))
+          greyed(Coloured(drawing, palette.color(QPalette::Disabled, QPalette::ButtonText))),
+          selected(Coloured(drawing, palette.color(QPalette::Active, QPalette::HighlightedText)))
     {
     }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
-        QSvgRenderer(mode == QIcon::Disabled ? greyed : plain).render(painter, rect);
+        QSvgRenderer(mode == QIcon::Disabled   ? greyed
+                     : mode == QIcon::Selected ? selected
+                                               : plain)
+            .render(painter, rect);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
@@ -41,7 +45,7 @@ public:
     QIconEngine* clone() const override { return new LineIconEngine(*this); }
 
 private:
-    QByteArray plain, greyed;
+    QByteArray plain, greyed, selected;
 };
 
 QByteArray Drawing(const QString& name)

@@ -3,26 +3,60 @@
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/Mail.h"
+#include "forms/MessageStates.h"
+#include "forms/StationMenu.h"
 #include "forms/StoreWindows.h"
 #include "forms/Watching.h"
+#include "platform/Text.h"
 
 namespace halvern {
 namespace {
 
-QWidget* ListPage(List& list, const char* column, QWidget* parent)
+/// Whom an answer to a row goes to: who sent it, or to whom this station sent it.
+CallOfRow OtherEnd(const Halvern& halvern)
+{
+    return [&halvern](std::string_view row) {
+        const auto source = SourceOf(row);
+        if (source != halvern.Engine.OwnCall) return source;
+        const auto to = Columns(row, source.size() + 2);
+        return std::string(to.substr(0, std::min(to.find(':'), to.size())));
+    };
+}
+
+QWidget* ListPage(Halvern& halvern, List& list, const char* column, QWidget* parent)
 {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(MakeRows(list, {{{1, 0, column, ""}}, true, true}, page));
+    auto* rows = MakeRows(list, {{{1, 0, column, ""}}, true, true}, page);
+    ServeStations(rows, halvern, OtherEnd(halvern), WriteTo);
+    layout->addWidget(rows);
     return page;
 }
 
-/// What became of a message, as a sign before its row: heard, sent, or sent and acknowledged.
-QIcon Sign(const Halvern& halvern, std::string_view row, const QPalette& palette)
+/// The sign of what became of a message: heard, sent, or sent and acknowledged.
+std::string SignOf(const Halvern& halvern, std::string_view row)
 {
     const bool own = row.starts_with(halvern.Engine.OwnCall + ">");
-    const bool acknowledged = row.ends_with(" MESSAGE RECEIVED");
-    return LineIcon(acknowledged ? "Acknowledged" : own ? "Sent" : "Received", palette);
+    return row.ends_with(" MESSAGE RECEIVED") ? "Acknowledged" : own ? "Sent" : "Received";
+}
+
+RowsView* MakeMail(Halvern& halvern, QWidget* parent)
+{
+    constexpr int second = 1000;
+    auto* states = new MessageStates(halvern, parent);
+    RowsLook look;
+    look.columns = {
+        {1, 5, "UTC", "When it came or was sent", [states](auto row) { return states->TimeOf(row); }, {}, true},
+        {1, 18, "State", "What became of a message of this station",
+         [states](auto row) { return states->StateOf(row); }},
+        {1, 0, "From > to : number . text", "", {}, {}}};
+    look.markNews = look.followEnd = true;
+    auto* rows = MakeRows(halvern.MessageFrm.MsgToYouLst, look, parent);
+    rows->ShowPictures([&halvern](std::string_view row) { return SignOf(halvern, row); },
+                       [rows](std::string_view name) { return LineIcon(Shown(name), rows->palette()); });
+    rows->RefreshEvery(second);
+    ServeStations(rows, halvern, OtherEnd(halvern), WriteTo);
+    return rows;
 }
 
 /// How much of a field is used: "12 of 67".
@@ -45,9 +79,7 @@ QWidget* SendPage(Halvern& halvern, QWidget* parent)
     auto& form = halvern.MessageFrm;
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
-    auto* rows = MakeRows(form.MsgToYouLst, {{{1, 0, "From > to : number . text", ""}}, true, true}, page);
-    rows->Rows().ShowPictures([&halvern, rows](std::string_view row) { return Sign(halvern, row, rows->palette()); });
-    layout->addWidget(rows, 1);
+    layout->addWidget(MakeMail(halvern, page), 1);
     auto* grid = new QGridLayout;
     layout->addLayout(grid);
     auto* to = WideFor(10, BindField(form.SendCallTxt, page));
@@ -55,6 +87,8 @@ QWidget* SendPage(Halvern& halvern, QWidget* parent)
     caption->setBuddy(to);
     auto* path = WideFor(12, BindCombo(form.MailUnPath, page));
     auto* text = BindField(form.MsgTxt, page);
+    text->setPlaceholderText(QObject::tr("Enter sends"));
+    page->setFocusProxy(to);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     grid->addWidget(caption, 0, 0);
     grid->addWidget(Beside({to, LabelFor(path, form.MailUnPath), path}, page), 0, 1);
@@ -87,11 +121,15 @@ QWidget* MakeMessageWindow(Halvern& halvern)
     auto& form = halvern.MessageFrm;
     auto* tabs = new QTabWidget;
     tabs->setDocumentMode(true);
-    QWidget* const pages[] = {ListPage(form.TrafficLst, "From > to : text", tabs), SendPage(halvern, tabs),
-                              ListPage(form.BullLst, "From > bulletin : text", tabs)};
+    QWidget* const pages[] = {ListPage(halvern, form.TrafficLst, "From > to : text", tabs), SendPage(halvern, tabs),
+                              ListPage(halvern, form.BullLst, "From > bulletin : text", tabs)};
     for (int i = 0; i < form.SSTab2.Count(); ++i) tabs->addTab(pages[i], Shown(form.SSTab2.Entry(i)));
     BindTabs(tabs, form.SSTab2);
     ShowNews(tabs, *new Mail(halvern, tabs));
+    QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [tabs](int tab) {
+        if (tab == SendTab && !tabs->tabBar()->hasFocus())
+            tabs->currentWidget()->setFocus(); // what is typed is the call
+    });
     return tabs;
 }
 

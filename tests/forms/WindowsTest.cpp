@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/Mail.h"
+#include "forms/RowsView.h"
 #include "forms/Screen.h"
 #include "platform/qt/QtSocketDevice.h"
 #include "platform/qt/QtTimers.h"
@@ -237,6 +238,57 @@ TEST_F(Desk, MailIsUnreadUntilItsTabIsSeen)
     halvern.MessageFrm.Hide();
     hear("Q0OWN    :unseen{4");
     EXPECT_EQ(dots(), "-oo1");
+}
+
+/// The texts of a row of a list's window, column by column.
+QStringList TextsOf(const Screen& screen, const char* list, int row)
+{
+    ShowNow();
+    const auto* model = screen.Find<RowsView>(list)->model();
+    QStringList texts;
+    for (int column = 0; column < model->columnCount(); ++column)
+        texts += model->index(row, column).data().toString().trimmed();
+    return texts;
+}
+
+/// Age and way stand beside the rows, which stay as they are; so does the time that weather rows bear at their end.
+TEST_F(Desk, ListsReckonWhatTheirRowsLeaveOut)
+{
+    for (const auto* line : {"Q0OWN>APRS:!4049.14N/07308.41W-", "Q0FAR>APRS:@010000z4149.14N/07308.41W>late",
+                             "Q0NEAR>APRS:!4049.14N/07309.73W_220/004g005t077"})
+        screen.station.Hear(line);
+    screen.station.time.Wait(130 * 60000);
+    auto* view = screen.Find<RowsView>("PositionFrm.PosLst");
+    EXPECT_EQ(TextsOf(screen, "PositionFrm.PosLst", 1).mid(0, 5).join('|'), "|Q0FAR|2 h 10 min|60.0|0\u00b0 N");
+    view->sortByColumn(3, Qt::DescendingOrder); // the way
+    EXPECT_EQ(TextsOf(screen, "PositionFrm.PosLst", 1).mid(0, 5).join('|'), "|Q0NEAR|2 h 10 min|1.0|270\u00b0 W");
+    const auto& raw = halvern.TerminalFrm.RawPacketLst;
+    EXPECT_TRUE(raw.Row(raw.Count() - 1).ends_with("t07701000000"));
+    const auto row = TextsOf(screen, "TerminalFrm.RawPacketLst", raw.Count() - 1);
+    EXPECT_EQ(row.join('|'), "00:00:00|Q0NEAR>APRS:!4049.14N/07309.73W_220/004g005t077");
+}
+
+/// What became of each message stands beside its row, from the queue to the ack.
+TEST_F(Desk, AMessageTellsWhatBecameOfIt)
+{
+    const auto states = [&] {
+        QStringList texts;
+        for (int row = 0; row < halvern.MessageFrm.MsgToYouLst.Count(); ++row)
+            texts += TextsOf(screen, "MessageFrm.MsgToYouLst", row).mid(0, 2).join(' ').trimmed();
+        return texts.join('|');
+    };
+    screen.station.OpenTnc();
+    screen.station.Type("Q0ABC", "one");
+    screen.station.Type("Q0ABC", "two");
+    EXPECT_EQ(states(), "00:00 waits, next 1 s|00:00 waits its turn");
+    screen.station.time.Wait(60000);
+    EXPECT_EQ(states(), "00:00 sent 5x, next 32 s|00:00 waits its turn");
+    screen.station.Hear("Q0ABC>APRS::Q0OWN    :ack1");
+    screen.station.Hear("Q0ABC>APRS::Q0OWN    :hello{7");
+    screen.station.time.Wait(1000);
+    EXPECT_EQ(states(), "00:00 received|00:00 sent 1x, next 4 s|00:01");
+    halvern.ConMdiFrm.PortTnc.Click(); // closes it
+    EXPECT_EQ(states(), "00:00 received|00:00 no port open|00:01");
 }
 
 /// The graph's own buttons: each kind of file holds what the window shows, and one that can't be written is told.
