@@ -10,6 +10,7 @@
 #include "forms/StatusLamps.h"
 #include "forms/Watching.h"
 #include "view/ChildWindows.h"
+#include "view/Geometry.h"
 
 namespace halvern {
 namespace {
@@ -181,6 +182,7 @@ void MainWindow::MakeMenus()
         BindAction(menu->menuAction(), form.*table.menu);
         menu->setToolTipsVisible(true);
         if (table.menu == &MainForm::ViewMenu) MakeViewMenu(menu);
+        if (table.menu == &MainForm::MapMenu) MakeZoomActions(menu);
         for (const auto item : table.items) {
             if (item == Line) {
                 menu->addSeparator();
@@ -202,6 +204,24 @@ void MainWindow::MakeWindowMenu(QMenu* menu)
     if (!form.CascadeMenu.OnClick) form.CascadeMenu.OnClick = [this] { area->cascadeSubWindows(); };
     if (!form.TileMenu.OnClick) form.TileMenu.OnClick = [this] { care->Tile(); };
     connect(menu, &QMenu::aboutToShow, care, [this, menu] { care->ListOpenWindows(menu); });
+}
+
+/// A step on the range selector, about the middle of the map.
+void MainWindow::MakeZoomActions(QMenu* menu)
+{
+    auto& range = halvern.ConMdiFrm.ScaleCombo;
+    const auto add = [&](const QString& words, const QList<QKeySequence>& keys, int closer) {
+        auto* action = menu->addAction(words);
+        action->setShortcuts(keys);
+        connect(action, &QAction::triggered, this,
+                [this, closer, &range] { FromScreen(range, [&] { ZoomAboutMiddle(halvern, closer); }); });
+        const auto follow = [action, &range](const Change& = {}) { action->setEnabled(range.Visible()); };
+        WatchFor(action, range, follow);
+        follow();
+    };
+    add(tr("Zoom I&n"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal}, 1);
+    add(tr("Zoom &Out"), {QKeySequence::ZoomOut}, -1);
+    menu->addSeparator();
 }
 
 void MainWindow::MakeViewMenu(QMenu* menu)
@@ -262,7 +282,8 @@ void MainWindow::MakeToolbars()
     auto* range = addToolBar(tr("Map Range"));
     range->setObjectName("MapRange");
     range->setMovable(false);
-    AddToBar(range, BindCombo(form.ScaleCombo, range), form.ScaleCombo);
+    auto* ladder = BindCombo(form.ScaleCombo, range);
+    AddToBar(range, ladder, form.ScaleCombo);
     auto* scale = BindField(form.ScaleTxt, range);
     auto* map = BindField(form.dMapTxt, range);
     for (auto* field : {scale, map}) {
@@ -274,6 +295,7 @@ void MainWindow::MakeToolbars()
         colours.setColor(QPalette::Base, Qt::transparent);
         field->setPalette(colours);
     }
+    scale->setFixedWidth(ladder->sizeHint().width()); // it takes the selector's place
     AddToBar(range, scale, form.ScaleTxt);
     AddToBar(range, map, form.dMapTxt);
     AddToBar(range, BindCombo(form.BitMapCombo, range), form.BitMapCombo);

@@ -27,6 +27,7 @@ protected:
 private:
     void MakeMenus();
     void MakeViewMenu(QMenu* menu);
+    void MakeZoomActions(QMenu* menu);
     void MakeWindowMenu(QMenu* menu);
     void MakeStationMenu();
     void MakeToolbars();

@@ -84,12 +84,22 @@ void MapView::paintEvent(QPaintEvent* event)
     const auto& image = drawn.front().painter->Image(size(), devicePixelRatioF());
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!panBy.isNull()) return PaintPanned(painter, image);
     painter.setClipRegion(event->region());
     const auto ratio = image.devicePixelRatio();
     for (const auto& rect : event->region())
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
     sprites.Paint(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
+}
+
+/// The picture as it is, held from its place: what comes into the view is drawn when it is let go.
+void MapView::PaintPanned(QPainter& painter, const QImage& image) const
+{
+    painter.fillRect(rect(), Qt::black);
+    painter.translate(panBy);
+    painter.drawImage(rect(), image);
+    sprites.Paint(painter, rect());
 }
 
 /// A drag costs the pixels of its box, however many stations there are.
@@ -132,8 +142,13 @@ MapView::Place MapView::PlaceAt(QPointF pixel) const
 
 void MapView::mousePressEvent(QMouseEvent* event)
 {
+    if (panFrom) return;
+    if (event->button() == Qt::MiddleButton) return BeginPan(event->position().toPoint());
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
+    if (event->button() == Qt::RightButton && station < 0 && !PanMode(halvern))
+        return OpenGroundMenu(event->globalPosition().toPoint(), at);
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseDown(halvern, station, ButtonOf(event));
@@ -144,6 +159,10 @@ void MapView::mousePressEvent(QMouseEvent* event)
 
 void MapView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (panFrom) {
+        panBy = event->position().toPoint() - *panFrom;
+        return update();
+    }
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
@@ -152,10 +171,13 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
         else
             Fire(form.Map1.OnMouseMove, at.longitude, at.latitude);
     });
+    emit PointerMoved(at.latitude, at.longitude);
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (panFrom && event->button() == Qt::MiddleButton) return EndPan(true);
+    if (panFrom || (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)) return;
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
@@ -166,12 +188,59 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
     });
 }
 
-void MapView::StepCloser(int steps)
+void MapView::leaveEvent(QEvent* event)
 {
-    auto& range = halvern.ConMdiFrm.ScaleCombo;
-    if (!range.Visible() || !range.Enabled() || range.Selected() < 0) return;
-    const int next = std::clamp(range.Selected() + steps, 0, range.Count() - 1);
-    FromScreen(range, [&] { range.Click(next); });
+    QWidget::leaveEvent(event);
+    emit PointerLeft();
+}
+
+/// The picture follows the pointer as it is; it is drawn when it is let go.
+void MapView::BeginPan(QPoint at)
+{
+    if (halvern.ConMdiFrm.BitMapMenu.Checked() || halvern.Map.ZoomDown) return;
+    panFrom = at;
+    panBy = {};
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void MapView::EndPan(bool move)
+{
+    panFrom.reset();
+    const auto by = std::exchange(panBy, {});
+    UsePointer();
+    if (move && !by.isNull())
+        FromScreen(form, [&] {
+            const auto& view = halvern.Map;
+            MoveByDegrees(halvern, 2.0 * view.MapHalfLon * by.x() / width(), 2.0 * view.MapHalfLat * by.y() / height());
+        });
+    update();
+}
+
+/// What can be done where no station stands.
+void MapView::OpenGroundMenu(QPoint at, const Place& place)
+{
+    auto& main = halvern.ConMdiFrm;
+    auto* menu = new QMenu(this);
+    menu->setObjectName("GroundMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool bound = main.BitMapMenu.Checked(); // the view is the picture's
+    const auto add = [&](const QString& words, bool enabled, auto act) {
+        menu->addAction(words, this, [this, act] { FromScreen(form, act); })->setEnabled(enabled);
+    };
+    add(tr("&Centre Here"), !bound, [this, place] {
+        GoToView(halvern, std::clamp(static_cast<float>(place.latitude), -FurthestLat, FurthestLat),
+                 std::remainder(static_cast<float>(place.longitude), 360.0F), halvern.Map.MapRange);
+    });
+    add(tr("C&loser"), !bound, [this, place] { ZoomAbout(halvern, place.latitude, place.longitude, 1); });
+    add(tr("&Away"), !bound, [this, place] { ZoomAbout(halvern, place.latitude, place.longitude, -1); });
+    add(tr("&Home"), !bound && main.HomeMenu.Enabled(), [&main] { main.HomeMenu.Click(); });
+    menu->addSeparator();
+    add(tr("Copy &Position"), true, [place] {
+        const auto degrees = [](double angle) { return QString::number(angle, 'f', 5); };
+        QApplication::clipboard()->setText(degrees(place.latitude) + " " +
+                                           degrees(-std::remainder(place.longitude, 360.0)));
+    });
+    menu->popup(at);
 }
 
 void MapView::keyPressEvent(QKeyEvent* event)
@@ -185,12 +254,15 @@ void MapView::keyPressEvent(QKeyEvent* event)
         {Qt::Key_Right, [](Halvern& station) { MoveByQuarters(station, -1, 0); }},
         {Qt::Key_Up, [](Halvern& station) { MoveByQuarters(station, 0, 1); }},
         {Qt::Key_Down, [](Halvern& station) { MoveByQuarters(station, 0, -1); }},
+        {Qt::Key_Plus, [](Halvern& station) { ZoomAboutMiddle(station, 1); }},
+        {Qt::Key_PageUp, [](Halvern& station) { ZoomAboutMiddle(station, 1); }},
+        {Qt::Key_Minus, [](Halvern& station) { ZoomAboutMiddle(station, -1); }},
+        {Qt::Key_PageDown, [](Halvern& station) { ZoomAboutMiddle(station, -1); }},
         {Qt::Key_Home, [](Halvern& station) { station.ConMdiFrm.HomeMenu.Click(); }},
         {Qt::Key_Escape, EndGesture},
     };
     const int code = event->key();
-    if (code == Qt::Key_Plus || code == Qt::Key_PageUp) return StepCloser(1);
-    if (code == Qt::Key_Minus || code == Qt::Key_PageDown) return StepCloser(-1);
+    if (panFrom && code == Qt::Key_Escape) return EndPan(false);
     const auto* key = std::ranges::find(keys, code, &Key::code);
     if (key == std::end(keys)) return QWidget::keyPressEvent(event);
     FromScreen(form, [&] { key->act(halvern); });
@@ -201,7 +273,8 @@ void MapView::wheelEvent(QWheelEvent* event)
     wheelTurn += event->angleDelta().y();
     const int steps = wheelTurn / QWheelEvent::DefaultDeltasPerStep;
     wheelTurn -= steps * QWheelEvent::DefaultDeltasPerStep;
-    if (steps != 0) StepCloser(steps);
+    const auto at = PlaceAt(event->position());
+    if (steps != 0 && !panFrom) FromScreen(form, [&] { ZoomAbout(halvern, at.latitude, at.longitude, steps); });
     event->accept();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "forms/Looks.h"
@@ -27,6 +28,10 @@ public:
     };
     Place PlaceAt(QPointF pixel) const;
 
+signals:
+    void PointerMoved(double latitude, double longitude);
+    void PointerLeft();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -36,13 +41,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    /// Picks the range some steps closer, as the range selector would.
-    void StepCloser(int steps);
+    void BeginPan(QPoint at);
+    void EndPan(bool move);
+    void OpenGroundMenu(QPoint at, const Place& place);
     void SettleSprites();
     void MoveBand();
+    void PaintPanned(QPainter& painter, const QImage& image) const;
     void UsePointer();
     QFont LabelFont() const;
     QString TextAt(QPoint place) const;
@@ -57,7 +65,9 @@ private:
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
     QRegion bandAt;           ///< where the rubber band was last
     SpriteLayer sprites;
-    int wheelTurn = 0; ///< what the wheel has turned since the last whole step
+    std::optional<QPoint> panFrom; ///< where the middle button went down
+    QPoint panBy;                  ///< how far the picture is held from its place since then
+    int wheelTurn = 0;             ///< what the wheel has turned since the last whole step
 };
 
 } // namespace halvern

@@ -49,6 +49,8 @@ void Windows::AddChildren()
     map = new MapView(halvern, looks);
     const auto& item = halvern.ConMdiFrm.FrmMenu;
     AddChild(halvern.MapFrm, map, item(1), {});
+    auto* range = main->findChild<QComboBox*>(Shown(halvern.ConMdiFrm.ScaleCombo.Name()));
+    QObject::connect(range, &QComboBox::activated, map, [this] { map->setFocus(); }); // its keys move the map now
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), item(2), BesideMap(0, 3, 0));
     AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), item(3), BesideMap(1, 3, 1));
     AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), item(4), BesideMap(1, 3, 2));

@@ -15,20 +15,28 @@ ViewFrame FrameOf(const MapState& view)
     return {view.MapLeftLon, view.MapTopLat, view.MapRightLon, view.MapBottomLat};
 }
 
+struct Halves {
+    float lat, lon; ///< degrees
+};
+
+Halves HalvesOf(double range, float latitude)
+{
+    const double shrink = std::cos(latitude * MapPi / 180);
+    if (shrink == 0) throw RuntimeFailure(failure::DivisionByZero, "Division by zero");
+    return {static_cast<float>(range / 60), static_cast<float>((range * 4) / (shrink * 3 * 60))};
+}
+
 void WorkOutFrame(MapState& view)
 {
-    const double shrink = std::cos(view.MapCenterLat * MapPi / 180);
-    if (shrink == 0) throw RuntimeFailure(failure::DivisionByZero, "Division by zero");
-    const auto halfLat = static_cast<float>(view.MapRange / 60);
-    const auto halfLon = static_cast<float>((view.MapRange * 4) / (shrink * 3 * 60));
-    if (!std::isfinite(view.MapCenterLat + halfLat) || !std::isfinite(view.MapCenterLon + halfLon))
+    const auto half = HalvesOf(view.MapRange, view.MapCenterLat);
+    if (!std::isfinite(view.MapCenterLat + half.lat) || !std::isfinite(view.MapCenterLon + half.lon))
         throw RuntimeFailure(failure::Overflow, "Overflow");
-    view.MapHalfLat = halfLat;
-    view.MapHalfLon = halfLon;
-    view.MapTopLat = view.MapCenterLat + halfLat;
-    view.MapBottomLat = view.MapCenterLat - halfLat;
-    view.MapLeftLon = view.MapCenterLon + halfLon;
-    view.MapRightLon = view.MapCenterLon - halfLon;
+    view.MapHalfLat = half.lat;
+    view.MapHalfLon = half.lon;
+    view.MapTopLat = view.MapCenterLat + half.lat;
+    view.MapBottomLat = view.MapCenterLat - half.lat;
+    view.MapLeftLon = view.MapCenterLon + half.lon;
+    view.MapRightLon = view.MapCenterLon - half.lon;
 }
 
 /// Shows the step of the range in the ladder. A range that is no step jumps to the top one: past the closest view the
@@ -97,12 +105,41 @@ void GoHome(Halvern& halvern)
 
 void MoveByQuarters(Halvern& halvern, int west, int north)
 {
-    constexpr float furthest = 84; // nearer to a pole a view is all width and no height
+    const auto& view = halvern.Map;
+    MoveByDegrees(halvern, west * view.MapHalfLon / 2, north * view.MapHalfLat / 2);
+}
+
+void MoveByDegrees(Halvern& halvern, double west, double north)
+{
     if (halvern.ConMdiFrm.BitMapMenu.Checked()) return;
     const auto& view = halvern.Map;
-    const float latitude = view.MapCenterLat + static_cast<float>(north) * view.MapHalfLat / 2;
-    const float longitude = view.MapCenterLon + static_cast<float>(west) * view.MapHalfLon / 2;
-    GoToView(halvern, std::clamp(latitude, -furthest, furthest), std::remainder(longitude, 360.0F), view.MapRange);
+    const auto latitude = static_cast<float>(view.MapCenterLat + north);
+    const auto longitude = static_cast<float>(view.MapCenterLon + west);
+    GoToView(halvern, std::clamp(latitude, -FurthestLat, FurthestLat), std::remainder(longitude, 360.0F),
+             view.MapRange);
+}
+
+void ZoomAbout(Halvern& halvern, double latitude, double longitude, int closer)
+{
+    auto& ladder = halvern.ConMdiFrm.ScaleCombo;
+    if (!ladder.Visible() || !ladder.Enabled() || ladder.Selected() < 0) return;
+    const int step = std::clamp(ladder.Selected() + closer, 0, ladder.Count() - 1);
+    if (step == ladder.Selected()) return;
+    const auto& view = halvern.Map;
+    const double range = RangeOfStep(ladder.Row(step));
+    const double north = (latitude - view.MapCenterLat) / view.MapHalfLat;
+    const double west = (longitude - view.MapCenterLon) / view.MapHalfLon;
+    const float furthest = std::max(FurthestLat, std::abs(view.MapCenterLat));
+    float middleLat = view.MapCenterLat, middleLon = view.MapCenterLon;
+    if (north != 0) middleLat = static_cast<float>(latitude - north * HalvesOf(range, middleLat).lat);
+    middleLat = std::clamp(middleLat, -furthest, furthest);
+    if (west != 0) middleLon = static_cast<float>(longitude - west * HalvesOf(range, middleLat).lon);
+    GoToView(halvern, middleLat, std::remainder(middleLon, 360.0F), range);
+}
+
+void ZoomAboutMiddle(Halvern& halvern, int closer)
+{
+    ZoomAbout(halvern, halvern.Map.MapCenterLat, halvern.Map.MapCenterLon, closer);
 }
 
 void ResizeMap(Halvern& halvern)

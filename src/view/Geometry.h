@@ -17,6 +17,9 @@ inline constexpr double UsaRange = 1024;
 /// The top step of the ladder, the one that is no power of two.
 inline constexpr double WidestRange = 8000;
 
+/// Within this latitude the middle of a view stays that is moved by hand; nearer to a pole it is all width, no height.
+inline constexpr float FurthestLat = 84;
+
 /// The number of a step of the ladder: what stands two columns behind the "=". 0 for a text without a number.
 double RangeOfStep(std::string_view step);
 
@@ -41,6 +44,16 @@ void GoHome(Halvern& halvern);
 /// Moves the view by quarters of its width and height, around the world but not over a pole. Does nothing to a bitmap
 /// map, whose view is the picture's.
 void MoveByQuarters(Halvern& halvern, int west, int north);
+
+/// Moves the view by degrees, around the world but not over a pole, and keeps the present one as the previous. Does
+/// nothing to a bitmap map, as above.
+void MoveByDegrees(Halvern& halvern, double west, double north);
+
+/// Steps closer on the ladder, or away for a negative number, as far as it goes; a place stays where it is in the view.
+/// Does nothing where the operator can't choose a range, and where the range is at its end already.
+void ZoomAbout(Halvern& halvern, double latitude, double longitude, int closer);
+/// The same about the middle of the view.
+void ZoomAboutMiddle(Halvern& halvern, int closer);
 
 /// Lets the surfaces fill the map window; draws nothing.
 void ResizeMap(Halvern& halvern);

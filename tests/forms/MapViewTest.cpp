@@ -78,15 +78,18 @@ TEST_F(MapWindow, StepsByKeysAndWheelWithoutAnyMode)
     EXPECT_EQ(halvern.Map.MapRange, 64);
     QTest::keyClick(view, Qt::Key_PageDown);
     EXPECT_EQ(halvern.Map.MapRange, 128);
+    const QPointF pointer(200, 60);
     const auto turn = [&](int angle) {
-        QWheelEvent event(QPointF(5, 5), view->mapToGlobal(QPointF(5, 5)), {}, {0, angle}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
+        QWheelEvent event(pointer, view->mapToGlobal(pointer), {}, {0, angle}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                          false);
         QApplication::sendEvent(view, &event);
     };
     turn(60); // half a step, as a fine wheel sends it
     EXPECT_EQ(halvern.Map.MapRange, 128);
+    const auto below = static_cast<MapView*>(view)->PlaceAt(pointer);
     turn(60);
     EXPECT_EQ(halvern.Map.MapRange, 64);
+    EXPECT_LE((PlaceOf(below.latitude, below.longitude) - pointer.toPoint()).manhattanLength(), 1) << "stays below it";
     turn(120 * 30);
     EXPECT_EQ(halvern.Map.MapRange, 1) << "the closest step is the last";
 }
@@ -118,6 +121,32 @@ TEST_F(MapWindow, MovesByKeysAndGivesAGestureUp)
     EXPECT_EQ(map.MapRange, 128);
     QTest::keyClick(view, Qt::Key_Escape);
     EXPECT_FALSE(halvern.ConMdiFrm.PanMapMenu.Checked());
+}
+
+TEST_F(MapWindow, TakesTheMiddleButtonAndAMenuOnEmptyGround)
+{
+    const auto& map = halvern.Map;
+    const auto held = static_cast<MapView*>(view)->PlaceAt({300, 200});
+    QTest::mousePress(view, Qt::MiddleButton, {}, {300, 200});
+    QTest::mouseMove(view, {380, 150});
+    EXPECT_FLOAT_EQ(map.MapCenterLat, 40) << "nothing is drawn before it is let go";
+    QTest::mouseRelease(view, Qt::MiddleButton, {}, {380, 150});
+    EXPECT_LE((PlaceOf(held.latitude, held.longitude) - QPoint(380, 150)).manhattanLength(), 1);
+    const auto pick = [&](QPoint at, const char* words) {
+        QTest::mouseClick(view, Qt::RightButton, {}, at);
+        auto* menu = view->findChild<QMenu*>("GroundMenu");
+        for (auto* action : menu->actions())
+            if (action->text() == words) action->trigger();
+        delete menu;
+    };
+    const auto corner = static_cast<MapView*>(view)->PlaceAt({10, 20});
+    pick({10, 20}, "Copy &Position");
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              QStringLiteral("%1 %2").arg(corner.latitude, 0, 'f', 5).arg(-corner.longitude, 0, 'f', 5));
+    pick({10, 20}, "&Centre Here");
+    EXPECT_NEAR(map.MapCenterLat, corner.latitude, 1e-4);
+    pick({10, 20}, "&Away");
+    EXPECT_EQ(map.MapRange, 256);
 }
 
 TEST_F(MapWindow, SnapsToAStationAndOpensItsMenu)
