@@ -3,6 +3,7 @@
 
 #include "forms/Glyphs.h"
 #include "forms/SendTimes.h"
+#include "forms/StationTip.h"
 #include "forms/StoreWindows.h"
 #include "forms/Watching.h"
 #include "forms/Words.h"
@@ -103,6 +104,15 @@ private:
     QLineEdit* const line;
 };
 
+/// Shows a station's card in a window, and anew whenever a control has been filled.
+CardView* ShowCard(Halvern& halvern, PlaceNames& places, Control& filled, int (*station)(Halvern&), QWidget* parent)
+{
+    auto* card = WideFor(DialogColumns, new CardView(parent));
+    WatchFor(card, filled,
+             [=, &halvern, &places](const Change&) { card->Show(CardOf(halvern, station(halvern), places)); });
+    return card;
+}
+
 /// A row that is picked twice is picked for good.
 void PressOkByDoubleClick(QWidget* window)
 {
@@ -186,6 +196,17 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
     return window;
 }
 
+DialogWindow* MakeInformationWindow(Halvern& halvern, PlaceNames& places, QWidget* parent)
+{
+    auto& form = halvern.InformationFrm;
+    auto* window = MakePlainWindow(halvern, form, parent);
+    auto* layout = static_cast<QVBoxLayout*>(window->layout());
+    auto* card = ShowCard(
+        halvern, places, form.InformationLst, [](Halvern& station) { return station.Map.PopStation; }, window);
+    layout->insertWidget(layout->count() - 1, card); // above the buttons
+    return window;
+}
+
 DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent)
 {
     auto& form = halvern.AddPathFrm;
@@ -220,11 +241,14 @@ DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent)
     return window;
 }
 
-DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent)
+DialogWindow* MakeFindWindow(Halvern& halvern, PlaceNames& places, QWidget* parent)
 {
     auto& form = halvern.FindFrm;
     auto* window = new DialogWindow(form, parent);
     auto* layout = new QVBoxLayout(window);
+    layout->addWidget(ShowCard(
+        halvern, places, form.FindPosTxt,
+        [](Halvern& station) { return station.PositionFrm.PosLst.Find(station.Map.FindCall); }, window));
     auto* lines = new QFormLayout;
     for (TextField* field : {&form.FindPosTxt, &form.FindStatusTxt, &form.FindDigiTxt, &form.PhgTxt}) {
         auto* text = WideFor(FoundColumns, BindText(*field, window));

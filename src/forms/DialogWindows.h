@@ -3,6 +3,7 @@
 
 #include "forms/Layouts.h"
 #include "forms/MapView.h"
+#include "map/Places.h"
 #include "state/Halvern.h"
 
 /// The dialogs, one function each; and the windows inside the main window that have more than a list.
@@ -13,7 +14,9 @@ DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
 /// Of an object's place; a click on the map can fill it in.
 DialogWindow* MakeObjectWindow(Halvern& halvern, ObjectFieldsForm& form, MapView& map, QWidget* parent);
-DialogWindow* MakeFindWindow(Halvern& halvern, QWidget* parent);
+/// What is known of a station: the form's lines, and its card beside them.
+DialogWindow* MakeFindWindow(Halvern& halvern, PlaceNames& places, QWidget* parent);
+DialogWindow* MakeInformationWindow(Halvern& halvern, PlaceNames& places, QWidget* parent);
 DialogWindow* MakeGraphWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeCompassWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeHistoryWindow(Halvern& halvern, QWidget* parent);

@@ -23,8 +23,9 @@ MouseButton ButtonOf(const QMouseEvent* event)
 
 } // namespace
 
-MapView::MapView(Halvern& halvern, const Looks& looks, QWidget* parent)
-    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm)
+MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent)
+    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm),
+      stations(halvern, sprites, places, *this)
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
@@ -147,8 +148,13 @@ void MapView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
     const auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
-    if (event->button() == Qt::RightButton && station < 0 && !PanMode(halvern))
-        return OpenGroundMenu(event->globalPosition().toPoint(), at);
+    if (!PanMode(halvern)) {
+        stations.Choose(station);
+        if (event->button() == Qt::RightButton) {
+            if (station < 0) return OpenGroundMenu(event->globalPosition().toPoint(), at);
+            if (stations.OpenPileMenu(event->position().toPoint())) return;
+        }
+    }
     FromScreen(form, [&] {
         if (station >= 0)
             SymbolMouseDown(halvern, station, ButtonOf(event));
@@ -261,6 +267,7 @@ void MapView::keyPressEvent(QKeyEvent* event)
         {Qt::Key_Home, [](Halvern& station) { station.ConMdiFrm.HomeMenu.Click(); }},
         {Qt::Key_Escape, EndGesture},
     };
+    if (stations.Press(*event)) return;
     const int code = event->key();
     if (panFrom && code == Qt::Key_Escape) return EndPan(false);
     const auto* key = std::ranges::find(keys, code, &Key::code);
@@ -278,18 +285,25 @@ void MapView::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
-QString MapView::TextAt(QPoint place) const
+void MapView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    const int station = sprites.At(place);
-    const auto& rows = halvern.PositionFrm.PosLst;
-    return station >= 0 && station < rows.Count() ? Shown(rows.Row(station)) : QString();
+    const int station = sprites.At(event->position().toPoint());
+    if (station >= 0 && event->button() == Qt::LeftButton && !PanMode(halvern))
+        return stations.OpenInformation(station);
+    QWidget::mouseDoubleClickEvent(event);
+}
+
+/// The menu key; the pointer's own menus come at its press.
+void MapView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard && sprites.Chosen() >= 0) stations.OpenMenu(sprites.Chosen());
 }
 
 bool MapView::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), TextAt(help->pos()), this);
+        QToolTip::showText(help->globalPos(), stations.TipAt(help->pos()), this);
         return true;
     }
     return QWidget::event(event);

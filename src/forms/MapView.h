@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/Looks.h"
+#include "forms/MapStations.h"
 #include "forms/SpriteLayer.h"
 #include "platform/qt/screen/MapPainter.h"
 #include "state/Halvern.h"
@@ -18,7 +19,7 @@ namespace halvern {
 class MapView final : public QWidget {
     Q_OBJECT
 public:
-    MapView(Halvern& halvern, const Looks& looks, QWidget* parent = nullptr);
+    MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent = nullptr);
     QSize sizeHint() const override { return {800, 600}; }
     /// What stands on one of the map's surfaces, without stations, fine enough for paper; nothing for another control.
     QImage PictureOf(const Control& surface) const;
@@ -39,6 +40,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -53,7 +56,6 @@ private:
     void PaintPanned(QPainter& painter, const QImage& image) const;
     void UsePointer();
     QFont LabelFont() const;
-    QString TextAt(QPoint place) const;
 
     Halvern& halvern;
     const Looks& looks;
@@ -65,6 +67,7 @@ private:
     std::vector<Drawn> drawn; ///< Map1, and the surfaces that stay off the screen
     QRegion bandAt;           ///< where the rubber band was last
     SpriteLayer sprites;
+    MapStations stations;
     std::optional<QPoint> panFrom; ///< where the middle button went down
     QPoint panBy;                  ///< how far the picture is held from its place since then
     int wheelTurn = 0;             ///< what the wheel has turned since the last whole step

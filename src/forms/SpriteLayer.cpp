@@ -16,6 +16,7 @@ namespace halvern {
 namespace {
 
 constexpr int LabelMargin = 2;
+constexpr int RingMargin = 4, RingWidth = 2, RingRoom = RingMargin + RingWidth;
 /// More changes than this at once are painted as a whole.
 constexpr std::size_t MostBoxes = 200;
 
@@ -169,6 +170,13 @@ void SpriteLayer::Project(Pair& pair) const
     pair.labelBox = {corner(x, pair.labelX), corner(y, pair.labelY), pair.labelWide, pair.labelHigh};
 }
 
+/// What a station's symbol takes, with its ring.
+QRect SpriteLayer::Extent(int index) const
+{
+    const auto& box = pairs[static_cast<std::size_t>(index)].pictureBox;
+    return index == chosen && !box.isEmpty() ? box.adjusted(-RingRoom, -RingRoom, RingRoom, RingRoom) : box;
+}
+
 /// Gives each label the room it needs, in the order of their rank, and notes the boxes that came or went.
 void SpriteLayer::ShareRoom(QRegion* changedBoxes)
 {
@@ -192,6 +200,7 @@ QRegion SpriteLayer::Settle(QSize viewSize, const QFont& nextFont, qreal ratio)
     const bool moved = viewSize != size || nextFrame.left != frame.left || nextFrame.top != frame.top ||
                        nextFrame.right != frame.right || nextFrame.bottom != frame.bottom;
     if (!moved && !Pending()) return {};
+    inView.reset();
     frame = nextFrame;
     size = viewSize;
     if (std::exchange(allChanged, false)) {
@@ -205,11 +214,11 @@ QRegion SpriteLayer::Settle(QSize viewSize, const QFont& nextFont, qreal ratio)
     QRegion region;
     for (const int index : std::exchange(changed, {})) {
         if (!whole && index < static_cast<int>(pairs.size())) {
-            region += pairs[index].pictureBox;
+            region += Extent(index);
             if (pairs[index].labelShown) region += pairs[index].labelBox;
         }
         Measure(index);
-        if (!whole) region += pairs[index].pictureBox;
+        if (!whole) region += Extent(index);
     }
     if (moved)
         for (auto& pair : pairs) Project(pair);
@@ -229,6 +238,7 @@ void SpriteLayer::Paint(QPainter& painter, const QRegion& region) const
     for (std::size_t i = 0; i < pairs.size(); ++i)
         if (pairs[i].labelShown && squares.MayHold(pairs[i].labelBox))
             PaintLabel(painter, form.SymLbl(static_cast<int>(i)), pairs[i].labelBox);
+    PaintRing(painter);
 }
 
 void SpriteLayer::PaintLabel(QPainter& painter, const LabelSprite& label, const QRect& box) const
@@ -240,13 +250,73 @@ void SpriteLayer::PaintLabel(QPainter& painter, const LabelSprite& label, const 
                      Shown(label.caption));
 }
 
+void SpriteLayer::PaintRing(QPainter& painter) const
+{
+    if (Chosen() < 0) return;
+    const auto ring = QRectF(BoxOf(chosen)).adjusted(-RingMargin, -RingMargin, RingMargin, RingMargin);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    for (const auto& [colour, width] : {std::pair{colour::Black, 2 * RingWidth}, {colour::Yellow, RingWidth}}) {
+        painter.setPen(QPen(PaletteColour(colour), width));
+        painter.drawRoundedRect(ring, RingRoom, RingRoom);
+    }
+    painter.restore();
+}
+
+// --- what stands where -----------------------------------------------------------------------------------------------
+
+std::vector<int> SpriteLayer::AllAt(QPoint place) const
+{
+    std::vector<int> found;
+    for (const bool byLabel : {true, false})
+        for (std::size_t i = pairs.size(); i-- > 0;) {
+            const auto& pair = pairs[i];
+            const bool onLabel = pair.labelShown && pair.labelBox.contains(place);
+            const bool onPicture = pair.picture != nullptr && pair.pictureBox.contains(place);
+            if (byLabel ? onLabel : onPicture && !onLabel) found.push_back(static_cast<int>(i));
+        }
+    return found;
+}
+
 int SpriteLayer::At(QPoint place) const
 {
-    for (std::size_t i = pairs.size(); i-- > 0;)
-        if (pairs[i].labelShown && pairs[i].labelBox.contains(place)) return static_cast<int>(i);
-    for (std::size_t i = pairs.size(); i-- > 0;)
-        if (pairs[i].picture != nullptr && pairs[i].pictureBox.contains(place)) return static_cast<int>(i);
-    return -1;
+    const auto all = AllAt(place);
+    return all.empty() ? -1 : all.front();
+}
+
+QRect SpriteLayer::BoxOf(int station) const
+{
+    if (station < 0 || station >= static_cast<int>(pairs.size())) return {};
+    const auto& pair = pairs[static_cast<std::size_t>(station)];
+    return pair.picture == nullptr ? QRect() : pair.pictureBox;
+}
+
+const std::vector<int>& SpriteLayer::InView() const
+{
+    if (inView) return *inView;
+    const QRect view({}, size);
+    auto& shown = inView.emplace();
+    for (int i = 0; i < static_cast<int>(pairs.size()); ++i)
+        if (view.intersects(BoxOf(i))) shown.push_back(i);
+    const auto fromMiddle = [&](int station) {
+        const auto apart = BoxOf(station).center() - view.center();
+        return QPoint::dotProduct(apart, apart);
+    };
+    const auto kept = std::min(shown.size(), MostInView);
+    std::ranges::partial_sort(shown, shown.begin() + static_cast<std::ptrdiff_t>(kept), {}, fromMiddle);
+    shown.resize(kept);
+    return shown;
+}
+
+QRegion SpriteLayer::Choose(int station)
+{
+    QRegion rings;
+    for (const int next : {Chosen(), station}) {
+        chosen = next;
+        if (Chosen() >= 0) rings += Extent(chosen);
+    }
+    return rings;
 }
 
 } // namespace halvern

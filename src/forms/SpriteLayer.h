@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QRegion>
 #include <array>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -64,6 +65,18 @@ public:
     void Paint(QPainter& painter, const QRegion& region) const;
     /// The uppermost station at a place, or -1.
     int At(QPoint place) const;
+    /// All of them, the uppermost first; those whose label is meant come before those whose symbol lies below.
+    std::vector<int> AllAt(QPoint place) const;
+    /// Where a station's symbol stands in the view; empty where it is not shown.
+    QRect BoxOf(int station) const;
+    /// The stations whose symbols stand in the view, from its middle outwards; those too many are left out.
+    const std::vector<int>& InView() const;
+    static constexpr std::size_t MostInView = 300;
+
+    /// Puts a ring around a station, or none for -1. @return what is to be painted anew
+    QRegion Choose(int station);
+    /// The station with the ring, as long as it is shown, or -1.
+    int Chosen() const { return BoxOf(chosen).isEmpty() ? -1 : chosen; }
 
 private:
     /// A station in pixels. A picture or a label that is not shown has an empty box.
@@ -79,6 +92,8 @@ private:
 
     void Measure(int index);
     void Project(Pair& pair) const;
+    QRect Extent(int index) const;
+    void PaintRing(QPainter& painter) const;
     void ShareRoom(QRegion* changedBoxes);
     short WidthOf(std::string_view caption) const;
     void UseFont(const QFont& next);
@@ -90,6 +105,8 @@ private:
     TakenRoom room;
     std::vector<int> changed;
     bool allChanged = true;
+    int chosen = -1;
+    mutable std::optional<std::vector<int>> inView; ///< until something moves
     ViewFrame frame;
     QSize size{1, 1};
     QFont font;

@@ -33,7 +33,9 @@ QRect OverMap(const QRect& area)
 } // namespace
 
 Windows::Windows(Halvern& halvern, const std::string& looksFile)
-    : halvern(halvern), looks(Shown(looksFile)), main(std::make_unique<MainWindow>(halvern, looks))
+    : halvern(halvern), looks(Shown(looksFile)),
+      places(halvern.Outside.files, halvern.ProgramFolder + R"(\places\places.dat)"),
+      main(std::make_unique<MainWindow>(halvern, looks))
 {
     QApplication::setWindowIcon(ProgramIcon());
     windows.emplace(&halvern.ConMdiFrm, main.get());
@@ -46,7 +48,7 @@ Windows::~Windows() = default;
 
 void Windows::AddChildren()
 {
-    map = new MapView(halvern, looks);
+    map = new MapView(halvern, looks, places);
     const auto& item = halvern.ConMdiFrm.FrmMenu;
     AddChild(halvern.MapFrm, map, item(1), {});
     auto* range = main->findChild<QComboBox*>(Shown(halvern.ConMdiFrm.ScaleCombo.Name()));
@@ -77,16 +79,17 @@ void Windows::AddDialogs()
     windows.emplace(&h.SetUpfrm, MakeSetUpWindow(h, main.get()));
     windows.emplace(&h.AddPathFrm, MakeAddPathWindow(h, main.get()));
     windows.emplace(&h.FontFrm, MakeFontWindow(h, main.get()));
-    windows.emplace(&h.FindFrm, MakeFindWindow(h, main.get()));
+    windows.emplace(&h.FindFrm, MakeFindWindow(h, places, main.get()));
+    windows.emplace(&h.InformationFrm, MakeInformationWindow(h, places, main.get()));
     windows.emplace(&h.Hist, MakeHistoryWindow(h, main.get()));
     windows.emplace(&h.GraphFrm, MakeGraphWindow(h, main.get()));
     windows.emplace(&h.CompassFrm, MakeCompassWindow(h, main.get()));
     windows.emplace(&h.NoticesFrm, MakeNoticesWindow(h, main.get()));
     for (ObjectFieldsForm* form : std::initializer_list<ObjectFieldsForm*>{&h.CreateObjectsFrm, &h.MoveMyObjectFrm})
         windows.emplace(form, MakeObjectWindow(h, *form, *map, main.get()));
-    for (Form* form : std::initializer_list<Form*>{
-             &h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm, &h.TakeTransObjFrm, &h.FindFoundFrm,
-             &h.InformationFrm, &h.browfrm, &h.ChosePrinter, &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
+    for (Form* form : std::initializer_list<Form*>{&h.KillMsgFrm, &h.KillMyObjectsFrm, &h.StpTransObjectsFrm,
+                                                   &h.TakeTransObjFrm, &h.FindFoundFrm, &h.browfrm, &h.ChosePrinter,
+                                                   &h.PosAlarmFrm, &h.PosTrackFrm, &h.JustSym, &h.QueryFrm})
         windows.emplace(form, MakePlainWindow(h, *form, main.get()));
 }
 

@@ -35,6 +35,7 @@ private:
 
     Halvern& halvern;
     Looks looks;
+    PlaceNames places;
     std::unique_ptr<MainWindow> main;
     MapView* map = nullptr;
     HelpWindow* help = nullptr;

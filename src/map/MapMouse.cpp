@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/Text.h"
+#include "state/Rows.h"
 #include "view/Geometry.h"
 #include "view/Plotting.h"
 
@@ -29,14 +30,6 @@ void DrawDragBox(Halvern& halvern, float x, float y)
     view.ZoomLastY = y;
     map.Mode = DrawMode::Copy;
     map.Box(view.ZoomStartX, view.ZoomStartY, x, y, colour::BrightWhite);
-}
-
-void OpenStationMenu(Halvern& halvern, int index)
-{
-    halvern.Map.PopStation = index;
-    const char symbol = ColumnAt(halvern.PositionFrm.PosLst.Row(index), 37);
-    halvern.ConMdiFrm.WXInfo.SetVisible(symbol == 'W' || symbol == '_');
-    halvern.ConMdiFrm.Pop1Menu.Click();
 }
 
 } // namespace
@@ -97,10 +90,10 @@ void EndGesture(Halvern& halvern)
 void SymbolMouseDown(Halvern& halvern, int index, MouseButton button)
 {
     const auto& station = PlotRecord(halvern, index);
-    if (PanMode(halvern))
-        MapMouseDown(halvern, button, station.Lon, station.Lat);
-    else if (button == MouseButton::Right)
-        OpenStationMenu(halvern, index);
+    if (PanMode(halvern)) return MapMouseDown(halvern, button, station.Lon, station.Lat);
+    if (button != MouseButton::Right) return;
+    TurnMenuTo(halvern, index);
+    halvern.ConMdiFrm.Pop1Menu.Click();
 }
 
 void SymbolMouseMove(Halvern& halvern, int index)
@@ -113,6 +106,13 @@ void SymbolMouseUp(Halvern& halvern, int index, MouseButton button)
 {
     const auto& station = PlotRecord(halvern, index);
     if (PanMode(halvern)) MapMouseUp(halvern, button, station.Lon, station.Lat);
+}
+
+void TurnMenuTo(Halvern& halvern, int index)
+{
+    const char symbol = ColumnAt(halvern.PositionFrm.PosLst.Row(index), positionRow::Code);
+    halvern.Map.PopStation = index;
+    halvern.ConMdiFrm.WXInfo.SetVisible(symbol == 'W' || symbol == '_');
 }
 
 } // namespace halvern

@@ -27,4 +27,7 @@ void SymbolMouseDown(Halvern& halvern, int index, MouseButton button);
 void SymbolMouseMove(Halvern& halvern, int index);
 void SymbolMouseUp(Halvern& halvern, int index, MouseButton button);
 
+/// Makes a station the one that the items of the pop-up menu are about; they are shown as they fit it.
+void TurnMenuTo(Halvern& halvern, int index);
+
 } // namespace halvern

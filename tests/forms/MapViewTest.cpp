@@ -199,5 +199,74 @@ TEST_F(MapWindow, PaintsASymbolWhereItStands)
     EXPECT_GT(coloured({moved.x() - 10, moved.y() - 20, 20, 20}), 20);
 }
 
+TEST_F(MapWindow, TellsAPileApartAndWalksOverTheStationsInView)
+{
+    for (int i = 0; i < 12; ++i) HearAt("Q0P" + std::to_string(10 + i), 40.25, 75.5);
+    HearAt("Q0MID", 40, 75);
+    HearAt("Q0FAR", 20, 75);
+    ShowNow();
+    const auto onPile = PlaceOf(40.25, 75.5) - QPoint(0, 8);
+    QHelpEvent help(QEvent::ToolTip, onPile, view->mapToGlobal(onPile));
+    QApplication::sendEvent(view, &help);
+    for (const char* told : {"Q0P21</b>", "Q0P12</b>", "<tr><td style=", "and 2 more", "image/png"})
+        EXPECT_TRUE(QToolTip::text().contains(told)) << told;
+    QTest::mousePress(view, Qt::RightButton, {}, onPile);
+    auto* menu = view->findChild<QMenu*>("PileMenu");
+    ASSERT_EQ(menu->actions().size(), 10);
+    auto* second = menu->actions()[1]->menu();
+    emit second->aboutToShow();
+    EXPECT_EQ(halvern.Map.PopStation, halvern.PositionFrm.PosLst.Find(CallField(second->title().toStdString())));
+    EXPECT_EQ(second->actions()[0]->text(), "&Information");
+    menu->close();
+
+    auto* map = QAccessible::queryAccessibleInterface(view);
+    const auto chosen = [&]() -> QString {
+        QString names;
+        for (int i = 0; i < map->childCount(); ++i)
+            if (map->child(i)->state().selected) names += map->child(i)->text(QAccessible::Name).section(',', 0, 0);
+        return names;
+    };
+    QTest::keyClick(view, Qt::Key_Escape);
+    EXPECT_EQ(chosen(), "");
+    QTest::keyClick(view, Qt::Key_N);
+    EXPECT_EQ(chosen(), "Q0MID");
+    const auto ring = view->grab().toImage();
+    QTest::keyClick(view, Qt::Key_P);
+    EXPECT_TRUE(chosen().startsWith("Q0P"));
+    EXPECT_NE(view->grab().toImage(), ring);
+    QTest::keyClick(view, Qt::Key_N);
+    QTest::keyClick(view, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(screen.windows->Main().StationMenu().isVisible());
+    screen.windows->Main().StationMenu().hide();
+    QTest::keyClick(view, Qt::Key_Return);
+    EXPECT_EQ(halvern.InformationFrm.Caption(), "Q0MID Information");
+    auto* card = screen.windows->WindowOf(halvern.InformationFrm)->findChild<QLabel*>("StationCard");
+    EXPECT_TRUE(card->isVisible() && card->text().contains("Q0MID</b>"));
+    halvern.InformationFrm.SetVisible(false);
+}
+
+TEST_F(MapWindow, IsReadAloud)
+{
+    HearAt("Q0MID", 40, 75);
+    HearAt("Q0FAR", 20, 75);
+    ShowNow();
+    auto* map = QAccessible::queryAccessibleInterface(view);
+    EXPECT_EQ(map->text(QAccessible::Description),
+              "Centre 40.00° N, 75.00° W; range 128 nautical miles; 1 station in view");
+    ASSERT_EQ(map->childCount(), 1);
+    auto* station = map->child(0);
+    EXPECT_TRUE(station->text(QAccessible::Name).startsWith("Q0MID, Car, "));
+    EXPECT_TRUE(station->text(QAccessible::Description).contains("Heard: just now"));
+    EXPECT_EQ(map->childAt(station->rect().center().x(), station->rect().center().y()), station);
+    EXPECT_EQ(map->indexOfChild(station), 0);
+    station->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(halvern.InformationFrm.Caption(), "Q0MID Information");
+    halvern.InformationFrm.SetVisible(false);
+    ShowView(halvern, 20, 75, 128);
+    ShowNow();
+    EXPECT_TRUE(station->state().offscreen);
+    EXPECT_TRUE(map->child(0)->text(QAccessible::Name).startsWith("Q0FAR"));
+}
+
 } // namespace
 } // namespace halvern::test
