@@ -30,6 +30,11 @@ void FilterLine::keyPressEvent(QKeyEvent* event)
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter, empty = text().isEmpty();
     if (key == Qt::Key_Down || (enter && !empty)) return GoToList();
     if (key != Qt::Key_Escape || (stays && empty)) return QLineEdit::keyPressEvent(event);
+    Leave();
+}
+
+void FilterLine::Leave()
+{
     clear();
     if (stays) return;
     hide();

@@ -14,6 +14,8 @@ public:
     /// Takes its place above the list, in the layout that the list stands in.
     /// @param stays  whether the line stays on the screen when Escape is pressed
     FilterLine(QAbstractItemView* list, bool stays);
+    /// Lets all rows be shown again.
+    void Leave();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

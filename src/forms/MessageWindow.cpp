@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/DialogWindows.h"
+#include "forms/FilterLine.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/Mail.h"
@@ -23,12 +24,23 @@ CallOfRow OtherEnd(const Halvern& halvern)
     };
 }
 
+/// A row is answered, and its station's rows can be shown alone.
+void ServeMail(RowsView* rows, Halvern& halvern)
+{
+    ServeStations(rows, halvern, OtherEnd(halvern), WriteTo);
+    rows->Offers = [rows, offers = rows->Offers, callOf = OtherEnd(halvern)](QMenu& menu, const std::string& row) {
+        offers(menu, row);
+        const auto call = Shown(callOf(row));
+        menu.addAction(QObject::tr("&Only %1").arg(call), rows, [rows, call] { rows->ShowFilter()->setText(call); });
+    };
+}
+
 QWidget* ListPage(Halvern& halvern, List& list, const char* column, QWidget* parent)
 {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
     auto* rows = MakeRows(list, {{{1, 0, column, ""}}, true, true}, page);
-    ServeStations(rows, halvern, OtherEnd(halvern), WriteTo);
+    ServeMail(rows, halvern);
     layout->addWidget(rows);
     return page;
 }
@@ -55,7 +67,7 @@ RowsView* MakeMail(Halvern& halvern, QWidget* parent)
     rows->ShowPictures([&halvern](std::string_view row) { return SignOf(halvern, row); },
                        [rows](std::string_view name) { return LineIcon(Shown(name), rows->palette()); });
     rows->RefreshEvery(second);
-    ServeStations(rows, halvern, OtherEnd(halvern), WriteTo);
+    ServeMail(rows, halvern);
     return rows;
 }
 

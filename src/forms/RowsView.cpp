@@ -78,6 +78,8 @@ RowsView::RowsView(List& list, const RowsLook& look, QWidget* parent)
     connect(storeModel, &StoreModel::Applied, this, &RowsView::RestorePlace);
     connect(storeModel, &StoreModel::LooksChanged, viewport(), QOverload<>::of(&QWidget::update));
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &RowsView::FollowOrNot);
+    anchor.setSingleShot(true);
+    connect(&anchor, &QTimer::timeout, this, &RowsView::Anchor);
     connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
         if (!ManyRows()) ClickRow(StoreRow(index));
     });
@@ -117,6 +119,12 @@ void RowsView::resizeEvent(QResizeEvent* event)
 {
     PlainTable::resizeEvent(event);
     FitTail();
+    anchor.start(); // a scroll bar that came or went with the new size isn't reckoned with yet
+}
+
+void RowsView::Anchor()
+{
+    updateGeometries();
     if (following) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
@@ -239,10 +247,12 @@ void RowsView::keyPressEvent(QKeyEvent* event)
     if (event->matches(QKeySequence::Copy)) return Copy(false);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (clickByEnter && enter && currentIndex().isValid()) return ClickRow(StoreRow(currentIndex()));
+    if (Offers && enter && currentIndex().isValid()) return emit doubleClicked(currentIndex());
     if (event->text() == "/" || event->keyCombination() == (Qt::ControlModifier | Qt::ShiftModifier | Qt::Key_F)) {
         ShowFilter()->setFocus();
         return filter->selectAll();
     }
+    if (event->key() == Qt::Key_Escape && sorted->Filtered() && !picker) return filter->Leave();
     PlainTable::keyPressEvent(event);
     if (event->key() == Qt::Key_Home && currentIndex().isValid())
         scrollTo(currentIndex()); // it may have been there before

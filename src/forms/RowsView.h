@@ -60,7 +60,7 @@ public:
     void ShowPictures(StoreModel::NameOfPicture name, StoreModel::Picture picture);
     /// Reads the texts that the columns have from elsewhere anew so often, while it can be seen.
     void RefreshEvery(int milliseconds);
-    /// Puts more into the menu of a row, above what all rows have.
+    /// Puts more into the menu of a row, above what all rows have. Enter then does what a double click does.
     std::function<void(QMenu& menu, const std::string& row)> Offers;
 
 protected:
@@ -84,6 +84,7 @@ private:
     void ClickRow(int row);
     void PassMarksOn();
     void FollowOrNot();
+    void Anchor();
     bool ManyRows() const { return list.style == ListStyle::MultiRows; }
 
     List& list;
@@ -94,7 +95,7 @@ private:
     int searchColumn = 0;
     QString typed; ///< what is looked for
     QElapsedTimer sinceTyped;
-    QTimer refresh;
+    QTimer refresh, anchor;
     bool writing = false; ///< what happens to the selection is not the operator's doing
     QPersistentModelIndex topRow;
     int topValue = 0;

@@ -80,7 +80,7 @@ void ServeStations(RowsView* view, Halvern& halvern, const CallOfRow& callOf, St
         offer(QObject::tr("&Information"), known, [&halvern, call] { ShowInformationOf(halvern, call); });
         menu.addSeparator();
     };
-    QObject::connect(view, &QAbstractItemView::activated, view, [=, &halvern](const QModelIndex& index) {
+    QObject::connect(view, &QAbstractItemView::doubleClicked, view, [=, &halvern](const QModelIndex& index) {
         const auto& rows = view->Rows();
         const auto* sorted = static_cast<const SortedRows*>(view->model());
         act(halvern, view, callOf(rows.RowText(sorted->mapToSource(index).row())));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/Tints.h"
 
+#include <QApplication>
+
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
 
@@ -24,6 +26,19 @@ QColor QuietColour(const QPalette& palette)
     const auto mix = [](float one, float other) { return one * FaintText + other * (1 - FaintText); };
     return QColor::fromRgbF(mix(text.redF(), ground.redF()), mix(text.greenF(), ground.greenF()),
                             mix(text.blueF(), ground.blueF()));
+}
+
+void KeepPlaceholdersLegible(QObject* owner)
+{
+    const auto set = [] {
+        const auto wanted = QuietColour(QApplication::palette());
+        if (QApplication::palette().color(QPalette::PlaceholderText) == wanted) return;
+        QPalette one; // all else stays the desktop's
+        one.setColor(QPalette::PlaceholderText, wanted);
+        QApplication::setPalette(one);
+    };
+    set();
+    QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, owner, set);
 }
 
 QColor TintOfPacket(std::string_view rawRow)

@@ -13,4 +13,8 @@ QColor QuietColour(const QPalette& palette);
 /// positions and the rest stand on the list's own, an invalid colour.
 QColor TintOfPacket(std::string_view rawRow);
 
+/// Shows in empty fields what belongs there in the quiet colour, whatever colour the desktop has for that.
+/// @param owner  for as long as it lives
+void KeepPlaceholdersLegible(QObject* owner);
+
 } // namespace halvern

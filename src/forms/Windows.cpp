@@ -7,6 +7,7 @@
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/StoreWindows.h"
+#include "forms/Tints.h"
 #include "forms/Watching.h"
 #include "platform/Files.h"
 
@@ -38,6 +39,7 @@ Windows::Windows(Halvern& halvern, const std::string& looksFile)
       main(std::make_unique<MainWindow>(halvern, looks))
 {
     QApplication::setWindowIcon(ProgramIcon());
+    KeepPlaceholdersLegible(main.get());
     windows.emplace(&halvern.ConMdiFrm, main.get());
     help = new HelpWindow(main.get());
     AddChildren();

@@ -132,11 +132,14 @@ TEST_F(View, FollowsTheEndOnlyForAReaderAtTheEnd)
     Fill(100, "later ");
     ShowNow();
     auto* bar = tail.verticalScrollBar();
+    store.Add(std::string(200, 'x')); // wider than the window: a scroll bar comes at the foot
     for (const int height : {400, 120, 260}) {
         tail.resize(300, height);
         Fill(5, "later ");
         ShowNow();
         EXPECT_EQ(bar->value(), bar->maximum()) << "only the operator's own scrolling leaves the end";
+        const auto last = tail.visualRect(tail.model()->index(store.Count() - 1, 0));
+        EXPECT_TRUE(tail.viewport()->rect().contains(last.bottomLeft())) << "it is seen whole";
     }
     QTest::keyClick(&tail, Qt::Key_Home, Qt::ControlModifier);
     bar->triggerAction(QScrollBar::SliderSingleStepAdd);

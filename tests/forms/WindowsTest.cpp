@@ -265,7 +265,10 @@ TEST_F(Desk, ListsReckonWhatTheirRowsLeaveOut)
     const auto& raw = halvern.TerminalFrm.RawPacketLst;
     EXPECT_TRUE(raw.Row(raw.Count() - 1).ends_with("t07701000000"));
     const auto row = TextsOf(screen, "TerminalFrm.RawPacketLst", raw.Count() - 1);
-    EXPECT_EQ(row.join('|'), "00:00:00|Q0NEAR>APRS:!4049.14N/07309.73W_220/004g005t077");
+    EXPECT_EQ(row.join('|').toStdString(), "00:00:00|Q0NEAR>APRS:!4049.14N/07309.73W_220/004g005t077");
+    emit view->doubleClicked(view->model()->index(0, 0)); // shows it on the map
+    EXPECT_EQ(halvern.Map.MapRange, 16);
+    EXPECT_NEAR(halvern.Map.MapCenterLat, 41.819, 0.001);
 }
 
 /// What became of each message stands beside its row, from the queue to the ack.
@@ -287,6 +290,11 @@ TEST_F(Desk, AMessageTellsWhatBecameOfIt)
     screen.station.Hear("Q0ABC>APRS::Q0OWN    :hello{7");
     screen.station.time.Wait(1000);
     EXPECT_EQ(states(), "00:00 received|00:00 sent 1x, next 3 s|00:00");
+    auto* view = screen.Find<RowsView>("MessageFrm.MsgToYouLst");
+    halvern.MessageFrm.SendCallTxt.SetText("");
+    emit view->doubleClicked(view->model()->index(0, 0)); // answers
+    EXPECT_TRUE(halvern.MessageFrm.Visible() && halvern.MessageFrm.SSTab2.On(SendTab));
+    EXPECT_EQ(halvern.MessageFrm.SendCallTxt.Text(), "Q0ABC");
     halvern.ConMdiFrm.PortTnc.Click(); // closes it
     EXPECT_EQ(states(), "00:00 received|00:00 no port open|00:00");
 }
