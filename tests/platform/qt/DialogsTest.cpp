@@ -85,8 +85,13 @@ TEST_F(DialogsTest, AnEmptyAnswerIsAnAnswerAndCancelIsNone)
         dialog.accept();
     });
     EXPECT_EQ(dialogs.Input("Which call?", "Find", "Q1ABC"), "");
-    Then<QInputDialog>([](QInputDialog& dialog) { dialog.reject(); });
-    EXPECT_FALSE(dialogs.Input("Which call?"));
+    std::string prompt = "Enter";
+    while (prompt.size() < 200) prompt += " a call";
+    Then<QInputDialog>([](QInputDialog& dialog) {
+        EXPECT_LT(dialog.width(), dialog.fontMetrics().averageCharWidth() * 90) << "a long prompt is wrapped";
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.Input(prompt));
 }
 
 TEST_F(DialogsTest, AFileDialogStartsInItsFolderAndGivesAPath)

@@ -7,6 +7,7 @@
 
 #include <QPainter>
 
+#include "forms/Tints.h"
 #include "platform/qt/screen/Palette.h"
 #include "state/MapFrm.h"
 #include "support/Station.h"
@@ -40,6 +41,24 @@ TEST(PaletteTest, EveryColourIsReadableOnBlackAndLikeNoOther)
         }
     }
     EXPECT_EQ(PaletteColour(-1), PaletteColour(99));
+}
+
+/// Rows on the ground of their kind, and what is quiet, can be read in light and in dark.
+TEST(PaletteTest, RowsAreReadableOnTheirTints)
+{
+    for (const auto& [text, ground] : {std::pair{"black", "white"}, {"#eff0f1", "#232629"}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Text, text);
+        palette.setColor(QPalette::Base, ground);
+        for (const auto* packet : {":a", ";a", "T#1", ">a", "_a", "!a"}) {
+            QImage row(1, 1, QImage::Format_RGB32);
+            row.fill(palette.color(QPalette::Base));
+            if (const auto tint = TintOfPacket("Q0ABC>APRS:" + std::string(packet)); tint.isValid())
+                QPainter(&row).fillRect(row.rect(), tint);
+            EXPECT_GE(Contrast(palette.color(QPalette::Text), row.pixelColor(0, 0)), 4.5) << packet;
+            EXPECT_GE(Contrast(QuietColour(palette), row.pixelColor(0, 0)), 4.5) << packet;
+        }
+    }
 }
 
 /// A map of 40 by 20 degrees on 400 by 200 pixels. A whole degree is the middle of each tenth pixel, from 20 west at
