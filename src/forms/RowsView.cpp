@@ -44,6 +44,13 @@ QSize PlainTable::sizeHint() const
             header + verticalHeader()->defaultSectionSize() * wanted + 2 * frameWidth()};
 }
 
+void PlainTable::SortByHeader(int column)
+{
+    horizontalHeader()->setSortIndicatorClearable(true);
+    horizontalHeader()->setSortIndicator(column, Qt::AscendingOrder);
+    setSortingEnabled(true);
+}
+
 void PlainTable::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
@@ -67,9 +74,7 @@ RowsView::RowsView(List& list, const RowsLook& look, QWidget* parent)
     setModel(sorted);
     setSelectionMode(ManyRows() ? ExtendedSelection : SingleSelection);
     if (look.columns.empty()) horizontalHeader()->hide();
-    horizontalHeader()->setSortIndicatorClearable(true);
-    horizontalHeader()->setSortIndicator(picker && look.columns.empty() ? 0 : -1, Qt::AscendingOrder);
-    setSortingEnabled(true);
+    SortByHeader(picker && look.columns.empty() ? 0 : -1);
     const auto isCall = [](const RowColumn& column) { return std::string_view(column.name) == "Call"; };
     const auto call = std::ranges::find_if(look.columns, isCall);
     if (call != look.columns.end()) searchColumn = static_cast<int>(call - look.columns.begin());
@@ -333,7 +338,8 @@ void RowsView::Copy(bool all)
 
 GridView::GridView(Grid& grid, QWidget* parent) : PlainTable(parent)
 {
-    setModel(new GridModel(grid, this));
+    setModel(new SortedCells(new GridModel(grid, this), this));
+    SortByHeader(-1);
     connect(model(), &QAbstractItemModel::columnsInserted, this, &GridView::Fit);
     connect(model(), &QAbstractItemModel::modelReset, this, &GridView::Fit);
     UseFont(grid.Font());

@@ -21,6 +21,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// Lets a click on the header sort: upwards, downwards, as it came. It begins by a column, or by none: -1.
+    void SortByHeader(int column);
     /// Sizes rows and columns by the font.
     virtual void Fit();
 

@@ -83,4 +83,18 @@ bool SortedRows::filterAcceptsRow(int row, const QModelIndex&) const
            (Stays && Stays(rows.Now(row)));
 }
 
+SortedCells::SortedCells(QAbstractItemModel* cells, QObject* parent) : QSortFilterProxyModel(parent)
+{
+    setDynamicSortFilter(false);
+    setSourceModel(cells);
+}
+
+bool SortedCells::lessThan(const QModelIndex& left, const QModelIndex& right) const
+{
+    const auto one = left.data().toString(), other = right.data().toString();
+    bool number = false, otherNumber = false;
+    const double value = one.toDouble(&number), otherValue = other.toDouble(&otherNumber);
+    return number && otherNumber ? value < otherValue : one < other;
+}
+
 } // namespace halvern

@@ -46,4 +46,14 @@ private:
     std::vector<Key> keys; ///< by row, while they are sorted
 };
 
+/// The rows of a grid, sorted when the operator asks for it: cells that are numbers as numbers. Counts that change
+/// later move no row from under his eyes.
+class SortedCells final : public QSortFilterProxyModel {
+public:
+    SortedCells(QAbstractItemModel* cells, QObject* parent);
+
+protected:
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+};
+
 } // namespace halvern

@@ -271,6 +271,20 @@ TEST_F(Desk, ListsReckonWhatTheirRowsLeaveOut)
     EXPECT_NEAR(halvern.Map.MapCenterLat, 41.819, 0.001);
 }
 
+TEST_F(Desk, CountsAreSortedAsNumbers)
+{
+    for (int i = 0; i < 11; ++i) screen.station.Hear("Q0OFTEN>APRS:>on");
+    for (int i = 0; i < 2; ++i) screen.station.Hear("Q0RARE>APRS:>on");
+    ShowNow();
+    auto* heard = screen.Find<GridView>("HeardFrm.HeardGrid");
+    const auto first = [&] { return heard->model()->index(0, 0).data().toString().trimmed().toStdString(); };
+    const auto asTheyCame = first();
+    heard->sortByColumn(heard->model()->columnCount() - 1, Qt::DescendingOrder);
+    EXPECT_EQ(first(), "Q0OFTEN");
+    heard->sortByColumn(-1, Qt::AscendingOrder);
+    EXPECT_EQ(first(), asTheyCame);
+}
+
 /// What became of each message stands beside its row, from the queue to the ack.
 TEST_F(Desk, AMessageTellsWhatBecameOfIt)
 {
