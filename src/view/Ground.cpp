@@ -7,9 +7,6 @@
 #include <numbers>
 #include <utility>
 
-#include "protocol/PositionText.h"
-#include "state/Rows.h"
-
 namespace halvern {
 namespace {
 
@@ -55,19 +52,6 @@ std::string Maidenhead(GroundPoint point)
         locator += static_cast<char>(first + part(north, size));
     }
     return locator;
-}
-
-GroundPoint PlaceOfRow(std::string_view row)
-{
-    return {LatTextToDegrees(positionRow::Latitude(row)), LonTextToDegrees(positionRow::Longitude(row))};
-}
-
-std::optional<GroundPoint> OwnPlace(const Halvern& halvern)
-{
-    const auto& stations = halvern.PositionFrm.PosLst;
-    const int own = stations.Find(CallField(halvern.Engine.OwnCall));
-    if (own == NotFound) return {};
-    return PlaceOfRow(stations.Row(own));
 }
 
 } // namespace halvern

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Makes the map data anew, all of data/dosmaps, data/maplist, data/mapdata and data/bitmap.
 #
-# Needs: a C++20 compiler, cmake, libgdal-dev and libnetcdf-dev to build; the Debian packages gmt-gshhg-full and
+# Needs: a C++20 compiler, cmake, libgdal-dev, libnetcdf-dev and libcli11-dev to build; the Debian packages gmt-gshhg-full and
 # qgis-common and the npm package us-atlas (npm install us-atlas) as sources.
 #
 # Usage: tools/mapmaker/make-data.sh [FOLDER OF us-atlas] [FOLDER OF GSHHG] [world_map.gpkg]
