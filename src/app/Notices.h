@@ -15,6 +15,7 @@ void FileNotice(Halvern& halvern, const Notice& notice);
 void ShowNotices(Halvern& halvern, bool on);
 /// Puts the selected notice into the field below the list, in full.
 void ReadNotice(NoticesForm& form);
+/// Empties the list and its mark on the status bar.
 void ClearNotices(Halvern& halvern);
 
 } // namespace halvern

@@ -2,11 +2,11 @@
 #include "config/IniText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "map/InputItems.h"
 #include "platform/Text.h"
 
 namespace halvern {
@@ -14,8 +14,9 @@ namespace {
 
 std::optional<double> Fitting(LineKind kind, std::string_view text)
 {
-    const auto number = WholeTextNumber(text);
-    if (!number) return {};
+    text = Trimmed(text);
+    const auto number = ItemNumber(text);
+    if (!number || text.front() == '+') return {}; // no settings file has a plus sign
     const double size = std::abs(*number);
     if (kind == LineKind::Single && size > std::numeric_limits<float>::max()) return {};
     if (kind == LineKind::Points && (*number < 1 || *number > 1000)) return {};
@@ -60,16 +61,6 @@ struct LineText {
 };
 
 } // namespace
-
-std::optional<double> WholeTextNumber(std::string_view text)
-{
-    text = Trimmed(text);
-    double number = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (text.empty() || read.ec != std::errc{} || read.ptr != text.data() + text.size()) return {};
-    if (!std::isfinite(number)) return {};
-    return number;
-}
 
 IniFault::IniFault(int line, const std::string& name)
     : RuntimeFailure(failure::PastEndOfFile,

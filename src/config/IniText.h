@@ -69,7 +69,4 @@ private:
     std::string bytes;
 };
 
-/// A number that fills a text, but for blanks around it; nothing for any other text.
-std::optional<double> WholeTextNumber(std::string_view text);
-
 } // namespace halvern

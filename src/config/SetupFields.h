@@ -16,11 +16,17 @@ void ShowPositionInPacketForm(SetUpForm& setUp);
 /// Also for the symbols of an object's dialog.
 void PickSymbol(Halvern& halvern, List& combo, std::string& overlay);
 
+/// The source that is chosen, a port or a file, enables its own fields.
 void SwitchWeatherSource(SetUpForm& setUp);
+/// The mode gives the destination of own packets; the third one takes it from its field when the form is accepted.
 void SwitchMode(Halvern& halvern);
+/// With a GPS its port is set; without one the figures of the antenna are.
 void SwitchGps(SetUpForm& setUp);
+/// Warns the operator who switches the alias on.
 void SwitchAlias(Halvern& halvern);
+/// Without the gate nothing goes to radio either.
 void SwitchIgate(SetUpForm& setUp);
+/// What belongs to the way from the Internet to radio can be set while it is on.
 void SwitchIgateBothWays(SetUpForm& setUp);
 
 /// The weather file's pickers: a drive moves the folder, a folder moves the list of its files.
@@ -37,6 +43,7 @@ void ShowHelpText(Halvern& halvern, const std::string& name);
 void ShowHelp(Halvern& halvern);
 /// One page of the help.
 void ShowHelpPage(Halvern& halvern, const std::string& name);
+/// Name and version of the program.
 void ShowAbout(Halvern& halvern);
 
 } // namespace halvern

@@ -34,6 +34,7 @@ std::unique_ptr<OutputFile> AskForOutput(Halvern& halvern, const std::string& ki
 bool BeginView(Halvern& halvern, std::string_view caller);
 /// Offers the way back from a view.
 void OfferWayBack(Halvern& halvern);
+/// Tells that a file could not be read to its end. @param trouble  empty: nothing is told
 void TellCutShort(Halvern& halvern, std::string_view what, const std::string& trouble);
 
 } // namespace halvern

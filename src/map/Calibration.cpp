@@ -45,7 +45,7 @@ Success Corner(Items& items, char negativeSide, double& angle)
     if (!items.Next(item)) return false;
     const auto point = item.find('.');
     if (point == 0 || point == std::string_view::npos || point + 1 == item.size()) return false;
-    const auto degrees = WholeNumber(item.substr(0, point));
+    const auto degrees = ItemNumber(item.substr(0, point));
     if (!degrees || !std::all_of(item.begin(), item.begin() + static_cast<long>(point), IsDigit)) return false;
     const double value = *degrees + LeadingNumber(item.substr(point + 1)) / 60;
     angle = UpperCase(item.back()) == negativeSide ? -value : value;

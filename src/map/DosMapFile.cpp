@@ -69,9 +69,9 @@ private:
 Success Offset(std::string_view item, std::int32_t& offset)
 {
     offset = 0;
-    if (item.empty() || item.size() > 9) return FitInto(offset, WholeNumber(item));
+    if (item.empty() || item.size() > 9) return FitInto(offset, ItemNumber(item));
     for (const char character : item) {
-        if (!IsDigit(character)) return FitInto(offset, WholeNumber(item));
+        if (!IsDigit(character)) return FitInto(offset, ItemNumber(item));
         offset = offset * 10 + (character - '0');
     }
     return true;

@@ -5,7 +5,7 @@
 
 namespace halvern {
 
-std::optional<double> WholeNumber(std::string_view item)
+std::optional<double> ItemNumber(std::string_view item)
 {
     if (!item.empty() && item.front() == '+') item.remove_prefix(1);
     double number = 0;

@@ -13,7 +13,7 @@ namespace halvern {
 using Success = bool;
 
 /// The number that a whole item is. @return nothing for another text or a number without bounds.
-std::optional<double> WholeNumber(std::string_view item);
+std::optional<double> ItemNumber(std::string_view item);
 
 /// Rounds a number to a whole one that the kind can hold.
 template <class Kind> Success FitInto(Kind& place, std::optional<double> number)
@@ -57,7 +57,7 @@ public:
     template <class Kind> Success Number(Kind& place)
     {
         std::string_view item;
-        return Next(item) && FitInto(place, WholeNumber(item.substr(0, item.find_first_of(" \t"))));
+        return Next(item) && FitInto(place, ItemNumber(item.substr(0, item.find_first_of(" \t"))));
     }
 
 private:

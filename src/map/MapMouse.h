@@ -11,9 +11,12 @@ namespace halvern {
 /// Is the map in zoom-and-pan mode?
 bool PanMode(const Halvern& halvern);
 
+/// In zoom-and-pan mode: the place is the new centre; the primary button begins a drag, the secondary one steps away.
+/// Degrees, north and west positive.
 void MapMouseDown(Halvern& halvern, MouseButton button, double x, double y);
 /// Shows the position in `StatusBar2`, in any mode, and draws the box of a drag.
 void MapMouseMove(Halvern& halvern, double x, double y);
+/// Goes to the view that the gesture asks for: of a drag the middle of its box, a step closer.
 void MapMouseUp(Halvern& halvern, MouseButton button, double x, double y);
 
 /// Ends the drag that has begun, back at the view from which it began, or else the zoom-and-pan mode.

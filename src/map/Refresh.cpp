@@ -25,8 +25,9 @@ int Whole(std::string_view digits)
 /// behind it are moved by the same count.
 double HoursSince(std::string_view row, int& hourNow, int minuteNow)
 {
-    int hour = Whole(Columns(row, 14, 2));
-    const int minute = Whole(Columns(row, 16, 2));
+    const auto time = positionRow::HourMinute(row);
+    int hour = Whole(Columns(time, 1, 2));
+    const int minute = Whole(Columns(time, 3, 2));
     if (hour == 0) hour = 24;
     if (hourNow < hour) {
         hour -= hourNow;
@@ -59,9 +60,10 @@ std::optional<Motion> MotionOf(std::string_view row)
 {
     if (ColumnAt(row, positionRow::State) == mark::Killed) return {};
     if (ColumnAt(row, positionRow::Type) != ';' && !IsMobile(ColumnAt(row, positionRow::Code))) return {};
-    const auto course = Columns(row, 38, 3), speed = Columns(row, 42, 3);
+    const auto comment = positionRow::Comment(row), course = Columns(comment, 1, 3), speed = Columns(comment, 5, 3);
     const auto digits = [](std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); };
-    if (row.size() < 44 || ColumnAt(row, 41) != '/' || !digits(course) || !digits(speed) || Whole(speed) < 1) return {};
+    if (speed.size() < 3 || ColumnAt(comment, 4) != '/' || !digits(course) || !digits(speed) || Whole(speed) < 1)
+        return {};
     return Motion{Whole(course), Whole(speed)};
 }
 

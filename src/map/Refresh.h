@@ -12,12 +12,12 @@ namespace halvern {
 /// course and speed. Its rows stay: the next report puts the station back.
 void Refresh(Halvern& halvern);
 
-/// The course and speed that a row of a moving station or an object bears behind its symbol, "ccc/sss"; nothing for one
-/// that stands.
+/// How a station or an object moves.
 struct Motion {
     int course = 0; ///< degrees
     int speed = 0;  ///< knots
 };
+/// The motion that a row bears behind its symbol, "ccc/sss"; nothing for a station that stands.
 std::optional<Motion> MotionOf(std::string_view row);
 
 /// One step of dead reckoning, in degrees to add, west positive.

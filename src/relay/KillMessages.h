@@ -6,6 +6,7 @@
 /// Taking messages out of the queue by hand. While the dialog is up the retries rest.
 namespace halvern {
 
+/// Brings up the dialog, where a message waits.
 void OpenKillMessages(Halvern& halvern);
 
 /// The dialog loads: the retries stop, the queue is shown.

@@ -7,8 +7,11 @@
 /// until the operator saves the settings.
 namespace halvern {
 
+/// Asks for a path, at most 20; one of the Internet is refused.
 void AddMailPath(Halvern& halvern);
+/// Asks for what the selected path shall be. The built-in ones stay.
 void ChangeMailPath(Halvern& halvern);
+/// Takes the selected path out. The built-in ones stay.
 void DeleteMailPath(Halvern& halvern);
 
 } // namespace halvern

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "platform/Text.h"
-#include "protocol/PositionText.h"
+#include "view/Ground.h"
 
 namespace halvern {
 namespace {
@@ -98,9 +98,8 @@ void GoHome(Halvern& halvern)
 {
     const auto& stations = halvern.PositionFrm.PosLst;
     if (stations.Count() == 0) return; // the stores were emptied and the own station has not been heard since
-    const std::string own = stations.Row(0);
-    GoToView(halvern, static_cast<float>(LatTextToDegrees(Columns(own, 19, 8))),
-             static_cast<float>(LonTextToDegrees(Columns(own, 28, 9))), halvern.Map.MapRange);
+    const auto place = PlaceOfRow(stations.Row(0));
+    GoToView(halvern, static_cast<float>(place.lat), static_cast<float>(place.lon), halvern.Map.MapRange);
 }
 
 void MoveByQuarters(Halvern& halvern, int west, int north)

@@ -71,9 +71,8 @@ void MoveCentre(Centre& centre, const Centre& station, double direction, double 
 
 std::string_view SentPhg(std::string_view row)
 {
-    const auto code = Columns(row, 41, 4);
-    const bool sent =
-        Columns(row, 38, 3) == "PHG" && code.size() == 4 && std::all_of(code.begin(), code.end(), IsDigit);
+    const auto comment = positionRow::Comment(row), code = Columns(comment, 4, 4);
+    const bool sent = comment.starts_with("PHG") && code.size() == 4 && std::all_of(code.begin(), code.end(), IsDigit);
     return sent ? code : std::string_view{};
 }
 
