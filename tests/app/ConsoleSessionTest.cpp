@@ -119,12 +119,6 @@ TEST_F(ConsoleSessionTest, AQuestionTakesAQueuedAnswerOrTheNextLine)
                 ElementsAre("queued", "", "cancelled", "cancelled", "cancelled", "0", "1", "2", "2", "cancelled"));
 }
 
-TEST_F(ConsoleSessionTest, AModalFormIsUpNoLongerThanThereAreLines)
-{
-    halvern.ConMdiFrm.FindCallSignMenu.OnClick = [&] { station.dialogs.ShowModal(halvern.FindFrm); };
-    EXPECT_THAT(Answers({"click FindCallSignMenu"}), ElementsAre("modal FindFrm", "closed FindFrm"));
-}
-
 TEST_F(ConsoleSessionTest, TimePassesOnlyWhenToldAndNeverRunsBack)
 {
     std::string ticks;

@@ -10,8 +10,8 @@ TEST(Ground, TellsHowFarWhichWayAndInWhichSquare)
 {
     EXPECT_NEAR(GroundDistance({40, 73}, {41, 73}), 60.04, 0.01);
     EXPECT_NEAR(GroundDistance({0, 179.5}, {0, -179.5}), 60.04, 0.01); // over the date line
-    EXPECT_NEAR(GroundDistance({90, 0}, {-90, 50}), 10807.3, 0.1); // half way round
-    EXPECT_NEAR(GroundBearing({51.5, 0}, {40.7, 74}), 288.3, 0.5); // London to New York by the great circle
+    EXPECT_NEAR(GroundDistance({90, 0}, {-90, 50}), 10807.3, 0.1);     // half way round
+    EXPECT_NEAR(GroundBearing({51.5, 0}, {40.7, 74}), 288.3, 0.5);     // London to New York by the great circle
     EXPECT_NEAR(GroundBearing({0, 179}, {0, -179}), 270, 1e-9);
     EXPECT_STREQ(CompassPoint(337.4), "NW");
     EXPECT_STREQ(CompassPoint(337.6), "N");

@@ -90,16 +90,6 @@ TEST_F(Plotting, LabelsAreBoxedOnAPictureAfterTheNextDrawing)
     EXPECT_EQ(view().StationPlot[0].Color, colour::White);
 }
 
-TEST_F(Plotting, AHiddenStationStaysHiddenUntilItIsHeard)
-{
-    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
-    view().StationPlot[1].Shown = false;
-    ReplotStations(halvern());
-    EXPECT_FALSE(Picture(1).visible || Label(1).visible);
-    station.Hear("Q1ABC>APRS:!4031.00N/07330.00W-");
-    EXPECT_TRUE(Picture(1).visible && Label(1).visible);
-}
-
 TEST_F(Plotting, AnotherSymbolGetsAnotherPictureAndItsOwnSize)
 {
     station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
@@ -137,29 +127,6 @@ TEST_F(Plotting, ThePopUpOpensForTheRightButtonOnASymbolThatIsThere)
     EXPECT_EQ(view().PopStation, 0);
     EXPECT_THROW(SymbolMouseDown(halvern(), 1, MouseButton::Right), RuntimeFailure);
     EXPECT_THROW(SymbolMouseMove(halvern(), -1), RuntimeFailure);
-}
-
-TEST_F(Plotting, WatchedStationsMoveTheView)
-{
-    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
-    auto& stations = halvern().PositionFrm.PosLst;
-    const auto mark = [&](char sign) {
-        auto row = stations.Row(1);
-        row[9] = sign;
-        stations.Replace(1, row);
-    };
-    mark('T');
-    station.Hear("Q1ABC>APRS:!4031.00N/07330.00W-");
-    EXPECT_EQ(view().MapCenterLat, 40); // within the frame
-    station.Hear("Q1ABC>APRS:!4230.00N/07330.00W-");
-    EXPECT_EQ(view().MapCenterLat, 42.5F);
-    EXPECT_EQ(view().MapRange, 64);
-    mark('A');
-    Said();
-    station.Hear("Q1ABC>APRS:!4130.00N/07330.00W-");
-    EXPECT_EQ(view().MapRange, 2);
-    EXPECT_EQ(Said(), Strings{"message none \"Halvern\" \"Alarmed Station has "
-                              "moved.\""});
 }
 
 } // namespace
