@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/ResetStores.h"
+#include "map/StationInfo.h"
 #include "platform/Text.h"
 #include "protocol/PositionText.h"
 #include "state/Rows.h"
@@ -133,6 +134,7 @@ bool BringBack(Halvern& halvern, std::string_view row, int index)
     const std::string type(Columns(row, positionRow::Type, 1));
     const bool added = index == stations.Count();
     if (added) stations.Add(row);
+    halvern.Engine.SourceCall = SenderOf(row); // an object's label tells whether it is an own one
     try {
         NewSymbol(halvern, index, type + "Garth", SymbolOf(halvern, row), stationRow::Call(row), latitude, longitude);
     } catch (const RuntimeFailure&) {

@@ -24,15 +24,6 @@ constexpr KindLine KindLines[] = {
     {"`", "Station is a MIC-E which is Not APRS Message Capable"},
 };
 
-/// Who sends an object: the row ends with his call in angle brackets.
-std::string SenderOf(std::string_view row)
-{
-    const auto from = row.rfind('<');
-    if (from == std::string_view::npos) return {};
-    const auto sender = row.substr(from + 1);
-    return std::string(sender.substr(0, sender.find('>')));
-}
-
 void ListKind(List& lines, std::string_view row)
 {
     const char type = ColumnAt(row, positionRow::Type);
@@ -61,6 +52,14 @@ std::string InAddress(std::string_view text)
 }
 
 } // namespace
+
+std::string SenderOf(std::string_view row)
+{
+    const auto from = row.rfind('<');
+    if (from == std::string_view::npos) return {};
+    const auto sender = row.substr(from + 1);
+    return std::string(sender.substr(0, sender.find('>')));
+}
 
 void ShowInformation(Halvern& halvern)
 {

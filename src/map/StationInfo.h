@@ -6,6 +6,9 @@
 /// The pop-up menu of a station on the map, whose row is `PopStation`, and the look-up on the web.
 namespace halvern {
 
+/// Who sends the object of a row of `PosLst`: the row ends with his call in angle brackets.
+std::string SenderOf(std::string_view row);
+
 /// Shows what kind of station it is and when it reported last.
 void ShowInformation(Halvern& halvern);
 /// Asks the weather window for this station.

@@ -95,6 +95,7 @@ TEST_F(History, ABusyHourIsLoggedPlayedBackAndRestored)
     main.RestoreMenu.Click();
     EXPECT_EQ(StoresOf(halvern), before);
     EXPECT_EQ(halvern.Map.StationPlot.size(), plots);
+    EXPECT_EQ(halvern.Map.StationPlot.back().Color, colour::Magenta) << "another's object, as before";
     EXPECT_THAT(Rows(main.MyObjectLst), ElementsAre(";MINE     an object"));
     EXPECT_EQ(form.OutMsg.Count(), 1);
     EXPECT_TRUE(form.Timer1.Enabled() && form.Timer1.Interval() == 60000);
