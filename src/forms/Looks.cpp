@@ -13,6 +13,8 @@ struct LookRow {
 };
 
 constexpr LookRow LookRows[] = {
+    {Look::DesktopNotices, "DesktopNotices", "Desktop &Notifications",
+     "Have the desktop tell of messages to this station", false},
     {Look::PlaceNames, "PlaceNames", "P&lace Names", "Towns on the map, below the stations", true},
 };
 

@@ -318,7 +318,7 @@ void MainWindow::MakeStatusBar()
 QWidget* MainWindow::MakeLamps()
 {
     constexpr int messages = 5, saveTab = 3;
-    auto* lamps = new StatusLamps(halvern, statusBar());
+    auto* lamps = new StatusLamps(halvern, looks, statusBar());
     connect(lamps, &StatusLamps::MailWanted, this, [this] {
         care->BringUp(halvern.MessageFrm, halvern.ConMdiFrm.FrmMenu(messages));
         FromScreen(halvern.MessageFrm.SSTab2, [this] { halvern.MessageFrm.SSTab2.Select(SendTab); });

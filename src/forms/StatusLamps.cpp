@@ -6,6 +6,7 @@
 
 #include "config/IniTable.h"
 #include "forms/Bind.h"
+#include "forms/DesktopNotice.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
 #include "forms/Watching.h"
@@ -75,7 +76,8 @@ QToolButton* FlatButton(QWidget* parent)
 
 } // namespace
 
-StatusLamps::StatusLamps(Halvern& halvern, QWidget* parent) : QWidget(parent), halvern(halvern), ports(halvern)
+StatusLamps::StatusLamps(Halvern& halvern, const Looks& looks, QWidget* parent)
+    : QWidget(parent), halvern(halvern), looks(looks), ports(halvern)
 {
     setObjectName("StatusLamps");
     auto* row = new QHBoxLayout(this);
@@ -136,8 +138,17 @@ void StatusLamps::MakeMailMark(QHBoxLayout* row)
         mark->setText(tr("%n new message(s)", nullptr, messages));
         mark->setAccessibleName(mark->text());
         mark->setVisible(messages > 0);
-        if (more) QApplication::alert(window());
+        if (more) TellOfMail();
     });
+}
+
+void StatusLamps::TellOfMail()
+{
+    QApplication::alert(window());
+    const auto& messages = halvern.MessageFrm.MsgToYouLst;
+    if (!looks.On(Look::DesktopNotices) || messages.Count() == 0) return;
+    const auto row = Shown(messages.Row(messages.Count() - 1)); // "FROM>TO:number.text"
+    NotifyDesktop(tr("Message from %1").arg(row.section('>', 0, 0).trimmed()), row.section(':', 1));
 }
 
 void StatusLamps::WatchPorts()

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <array>
 
+#include "forms/Looks.h"
 #include "forms/Mail.h"
 #include "reports/PortLamps.h"
 
@@ -16,7 +17,7 @@ namespace halvern {
 class StatusLamps final : public QWidget {
     Q_OBJECT
 public:
-    StatusLamps(Halvern& halvern, QWidget* parent);
+    StatusLamps(Halvern& halvern, const Looks& looks, QWidget* parent);
 
 signals:
     void MailWanted();
@@ -33,8 +34,10 @@ private:
     void ShowFigures();
     void ShowSaved();
     void MakeMailMark(QHBoxLayout* row);
+    void TellOfMail();
 
     Halvern& halvern;
+    const Looks& looks;
     PortLamps ports;
     std::array<QToolButton*, PortLamps::Count> lamps{};
     std::array<PortCondition, PortLamps::Count> conditions{};
