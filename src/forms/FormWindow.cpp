@@ -103,6 +103,12 @@ void ChildWindow::ApplyPlace()
     NotePlace();
 }
 
+void ChildWindow::SetFirstPlace(FirstPlace place)
+{
+    firstPlace = std::move(place);
+    placed = geometry();
+}
+
 void ChildWindow::FollowArea()
 {
     if (firstPlace && isVisible() && geometry() == placed && !isMaximized() && !isMinimized()) {

@@ -20,7 +20,8 @@ public:
     /// The content becomes the window's own.
     /// @param title  stands for the form's caption as long as that is the one it has now
     ChildWindow(Form& form, QWidget* content, const QString& title);
-    void SetFirstPlace(FirstPlace place) { firstPlace = std::move(place); }
+    /// From now on it stands where this says, until the operator moves it.
+    void SetFirstPlace(FirstPlace place);
     /// As long as nobody has moved the window, it keeps its share of the area.
     void FollowArea();
     /// Where the operator has put it; an invalid rectangle where he left it alone, or let it fill the area.

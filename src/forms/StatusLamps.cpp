@@ -135,7 +135,7 @@ void StatusLamps::MakeMailMark(QHBoxLayout* row)
     connect(mail, &Mail::UnreadChanged, this, [this, mark](int messages) {
         const bool more = messages > mark->property("messages").toInt();
         mark->setProperty("messages", messages);
-        mark->setText(tr("%n new message(s)", nullptr, messages));
+        mark->setText(messages == 1 ? tr("1 new message") : tr("%L1 new messages").arg(messages));
         mark->setAccessibleName(mark->text());
         mark->setVisible(messages > 0);
         if (more) TellOfMail();

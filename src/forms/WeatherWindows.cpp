@@ -21,6 +21,8 @@ public:
         constexpr int columns = 70, lines = 24;
         setMinimumSize(fontMetrics().averageCharWidth() * columns, fontMetrics().height() * lines);
         setRenderHint(QPainter::Antialiasing);
+        setMouseTracking(true);
+        viewport()->setMouseTracking(true);
         for (QAbstractSeries* series : std::initializer_list<QAbstractSeries*>{&line, &points}) {
             chart()->addSeries(series);
         }
@@ -35,12 +37,6 @@ public:
         reports.setTickType(QValueAxis::TicksDynamic);
         reports.setTickAnchor(1);
         values.setLabelFormat("%.4g");
-        QObject::connect(&points, &QScatterSeries::hovered, this, [this](const QPointF& point, bool on) {
-            if (on)
-                QToolTip::showText(QCursor::pos(), Tip(point), this);
-            else
-                QToolTip::hideText();
-        });
         TakeColours();
         WatchFor(this, form.Graph1, [this](const Change&) { Follow(); });
         WatchFor(this, form, [this](const Change&) { Follow(); });
@@ -93,8 +89,26 @@ protected:
         if (event->type() == QEvent::PaletteChange) TakeColours();
         QChartView::changeEvent(event);
     }
+    /// The tip is the point's under the pointer, at once, and not the window's.
+    bool viewportEvent(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip) return true;
+        if (event->type() == QEvent::MouseMove) ShowTip(static_cast<QMouseEvent*>(event)->position().toPoint());
+        return QChartView::viewportEvent(event);
+    }
 
 private:
+    void ShowTip(QPoint pointer)
+    {
+        const int near = fontMetrics().height();
+        for (const auto& point : points.points()) {
+            const auto place = mapFromScene(chart()->mapToScene(chart()->mapToPosition(point, &points)));
+            if ((place - pointer).manhattanLength() <= near)
+                return QToolTip::showText(viewport()->mapToGlobal(pointer), Tip(point), this);
+        }
+        QToolTip::hideText();
+    }
+
     QString TimeOf(int report) const
     {
         const auto index = static_cast<std::size_t>(report);

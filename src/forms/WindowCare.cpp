@@ -58,7 +58,12 @@ void WindowCare::Add(ChildWindow* window, const FirstPlace& place)
 
 void WindowCare::AddMap(ChildWindow* window)
 {
-    Add(map = window, [this](const QRect& whole) { return MapPlace(whole); });
+    Add(map = window, Share());
+}
+
+FirstPlace WindowCare::Share() const
+{
+    return [this](const QRect& whole) { return MapPlace(whole); };
 }
 
 ChildWindow* WindowCare::WindowOf(const Form& form) const
@@ -87,8 +92,11 @@ void WindowCare::CameOrWent(ChildWindow* window)
 {
     if (map == nullptr) return;
     if (window != map && IsOpen(window) && OperatorActs::Running())
-        for (auto* other : windows)
-            if (other != window && IsOpen(other) && other->isMaximized()) other->showNormal();
+        for (auto* other : windows) {
+            if (other == window || !IsOpen(other) || !other->isMaximized()) continue;
+            other->showNormal();
+            if (other == map) map->SetFirstPlace(Share());
+        }
     map->FollowArea();
 }
 

@@ -35,6 +35,7 @@ private:
     ChildWindow* WindowOf(const Form& form) const;
     QList<ChildWindow*> OpenBeside() const;
     QRect MapPlace(const QRect& area) const;
+    FirstPlace Share() const;
     void CameOrWent(ChildWindow* window);
 
     QMdiArea& area;

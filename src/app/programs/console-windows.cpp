@@ -2,17 +2,22 @@
 // halvern-console-windows: the console with the windows, which halvern-console becomes when it is asked for them.
 #include <QApplication>
 
+#include <filesystem>
+
 #include "app/programs/QtConsole.h"
 #include "forms/Windows.h"
 #include "platform/qt/screen/Pictures.h"
 #include "platform/qt/screen/QtDialogs.h"
+
+namespace fs = std::filesystem;
 
 namespace halvern {
 namespace {
 
 std::shared_ptr<Windows> Show(ConsoleStation& station)
 {
-    auto windows = std::make_shared<Windows>(station.halvern);
+    const auto looks = station.halvern.ProgramFolder + "/view.ini"; // a station's own are used; none are made here
+    auto windows = std::make_shared<Windows>(station.halvern, fs::exists(looks) ? looks : "");
     auto* const shown = windows.get();
     station.dialogs.Screen = [shown](Surface& onto) { ShowImage(onto, shown->Main().grab().toImage()); };
     station.world.SavePicture = [shown](Form& form, const std::string& file) { return shown->SavePicture(form, file); };
