@@ -253,10 +253,7 @@ void RowsView::keyPressEvent(QKeyEvent* event)
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (clickByEnter && enter && currentIndex().isValid()) return ClickRow(StoreRow(currentIndex()));
     if (Offers && enter && currentIndex().isValid()) return emit doubleClicked(currentIndex());
-    if (event->text() == "/" || event->keyCombination() == (Qt::ControlModifier | Qt::ShiftModifier | Qt::Key_F)) {
-        ShowFilter()->setFocus();
-        return filter->selectAll();
-    }
+    if (event->text() == "/") return AskForFilter();
     if (event->key() == Qt::Key_Escape && sorted->Filtered() && !picker) return filter->Leave();
     PlainTable::keyPressEvent(event);
     if (event->key() == Qt::Key_Home && currentIndex().isValid())
@@ -269,6 +266,12 @@ void RowsView::focusInEvent(QFocusEvent* event)
     const bool outer = std::exchange(writing, true); // coming by picks no row
     PlainTable::focusInEvent(event);
     writing = outer;
+}
+
+void RowsView::AskForFilter()
+{
+    ShowFilter()->setFocus();
+    filter->selectAll();
 }
 
 void RowsView::ShowPictures(StoreModel::NameOfPicture name, StoreModel::Picture picture)
@@ -321,7 +324,7 @@ void RowsView::contextMenuEvent(QContextMenuEvent* event)
     auto* all = menu.addAction(tr("Copy &All Rows"), [this] { Copy(true); });
     all->setEnabled(list.Count() > 0);
     menu.addSeparator();
-    menu.addAction(tr("&Filter...\t/"), [this] { ShowFilter()->setFocus(); });
+    menu.addAction(tr("&Filter...\t/"), this, &RowsView::AskForFilter);
     menu.exec(event->globalPos());
 }
 

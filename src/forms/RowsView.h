@@ -57,6 +57,8 @@ public:
     bool Picker() const { return picker; }
     /// Shows the line that filters, above the list.
     FilterLine* ShowFilter();
+    /// The same, and the keys go there.
+    void AskForFilter();
     void keyboardSearch(const QString& search) override;
     /// Puts pictures before the rows, as large as a row is high.
     void ShowPictures(StoreModel::NameOfPicture name, StoreModel::Picture picture);

@@ -146,6 +146,8 @@ RowsView* MakeRows(List& list, const RowsLook& look, QWidget* parent)
     auto* view = new RowsView(list, look, parent);
     BindCommon(view, list);
     view->setToolTip({}); // it would cover the rows under the pointer
+    auto* find = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_F, parent, {}, {}, Qt::WidgetWithChildrenShortcut);
+    QObject::connect(find, &QShortcut::activated, view, &RowsView::AskForFilter); // from the fields beside it too
     return view;
 }
 
