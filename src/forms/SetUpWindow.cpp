@@ -2,6 +2,7 @@
 #include "config/SetupRules.h"
 #include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
+#include "forms/Watching.h"
 #include "forms/Words.h"
 #include "platform/Text.h"
 
@@ -252,6 +253,17 @@ private:
     QTabWidget* tabs;
 };
 
+/// As long as no file has the settings, a line says how they are kept.
+QLabel* FirstRunHint(Halvern& halvern, QWidget* parent)
+{
+    auto* hint =
+        Hint(QObject::tr("OK uses these settings until Halvern ends. Save, here after OK, keeps them."), parent);
+    const auto follow = [hint, &halvern](const Change&) { hint->setVisible(!halvern.Engine.ConfigLoaded); };
+    WatchFor(hint, halvern.SetUpfrm, follow);
+    follow({});
+    return hint;
+}
+
 } // namespace
 
 DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent)
@@ -266,6 +278,7 @@ DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent)
     BindTabs(tabs, setUp.SSTab1);
     auto* layout = new QVBoxLayout(window);
     layout->addWidget(tabs);
+    layout->addWidget(FirstRunHint(halvern, window));
     layout->addWidget(ButtonRow(window, {&setUp.TabOkCmd, &setUp.TabCancelCmd, &setUp.HelpCmd}));
     for (const Button* button : {&setUp.TabOkCmd, &setUp.TabSaveCmd})
         FocusFault(window, *button, [&halvern] { return SetupFault(halvern).field; });
