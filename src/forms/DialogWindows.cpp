@@ -122,14 +122,13 @@ void PressOkByDoubleClick(QWidget* window)
                 QObject::connect(view, &QAbstractItemView::doubleClicked, button, [button] { button->click(); });
 }
 
-/// Comes up with its first row picked, so that Enter takes it.
-void PickFirst(Form& form, List& list, const RowsView* view)
+/// Enter takes the first row of a window's list unless another is picked.
+void OfferFirst(const QWidget* window, const Button& ok)
 {
-    const auto pick = [&form, &list, view] {
-        const int first = view->StoreRow(view->model()->index(0, 0));
-        if (form.Visible() && list.Selected() < 0 && first >= 0) FromScreen(list, [&] { list.Click(first); });
-    };
-    WatchFor(view->window(), form, [view, pick](const Change&) { QTimer::singleShot(0, view, pick); });
+    auto* view = window->findChild<RowsView*>();
+    view->OfferFirst();
+    QObject::connect(window->findChild<QPushButton*>(Shown(ok.Name())), &QPushButton::pressed, view,
+                     &RowsView::TakeOffered);
 }
 
 /// Enter sends no query to everybody, and where no radio is there to send one, the window says so.
@@ -189,8 +188,7 @@ DialogWindow* MakePlainWindow(Halvern& halvern, Form& form, QWidget* parent)
     auto* layout = new QVBoxLayout(window);
     layout->addWidget(ButtonRow(window, InOrder(AddControls(layout, halvern, form, window))));
     PressOkByDoubleClick(window);
-    if (&form == &halvern.FindFoundFrm)
-        PickFirst(form, halvern.FindFoundFrm.CallSignLst, window->findChild<RowsView*>());
+    if (&form == &halvern.FindFoundFrm) OfferFirst(window, halvern.FindFoundFrm.OkCmd);
     if (&form == &halvern.QueryFrm) GuardQuery(halvern, window, layout);
     if (auto* symbols = window->findChild<RowsView*>("JustSym.SymbolLst")) ShowSymbols(symbols, halvern.ProgramFolder);
     return window;

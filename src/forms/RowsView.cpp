@@ -169,12 +169,28 @@ void RowsView::ShowSelection()
             if (stored >= 0 && list.Marked(stored) != selection->isRowSelected(row))
                 selection->select(index, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
         }
-    } else if (list.Selected() != StoreRow(currentIndex()) || !selection->hasSelection()) {
-        const auto index = sorted->ShownRow(list.Selected());
+    } else if (const auto index = Offered(); index.row() != currentIndex().row() || !selection->hasSelection()) {
         const auto flags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
         selection->setCurrentIndex(index, index.isValid() ? flags : QItemSelectionModel::Clear);
     }
     writing = outer;
+}
+
+/// What stands selected: the row that is, or the first where that is offered.
+QModelIndex RowsView::Offered() const
+{
+    return list.Selected() < 0 && offersFirst ? sorted->index(0, 0) : sorted->ShownRow(list.Selected());
+}
+
+void RowsView::OfferFirst()
+{
+    offersFirst = true;
+    ShowSelection();
+}
+
+void RowsView::TakeOffered()
+{
+    if (list.Selected() < 0) ClickRow(StoreRow(Offered()));
 }
 
 void RowsView::ClickRow(int row)

@@ -55,6 +55,9 @@ public:
     /// Puts rows on the clipboard: the selected ones, or all that are shown.
     void Copy(bool all);
     bool Picker() const { return picker; }
+    /// As long as none is, the first row stands there as selected. The list hears of it when it is taken.
+    void OfferFirst();
+    void TakeOffered();
     /// Shows the line that filters, above the list.
     FilterLine* ShowFilter();
     /// The same, and the keys go there.
@@ -87,6 +90,7 @@ private:
     void ShowSelection();
     void ClickRow(int row);
     void PassMarksOn();
+    QModelIndex Offered() const;
     void FollowOrNot();
     void Anchor();
     bool ManyRows() const { return list.style == ListStyle::MultiRows; }
@@ -100,6 +104,7 @@ private:
     QString typed; ///< what is looked for
     QElapsedTimer sinceTyped;
     QTimer refresh, anchor;
+    bool offersFirst = false;
     bool writing = false; ///< what happens to the selection is not the operator's doing
     QPersistentModelIndex topRow;
     int topValue = 0;

@@ -120,6 +120,19 @@ TEST_F(Operator, PressesButtonsAndEscapeForCancel)
     EXPECT_EQ(cancels, 1);
 }
 
+TEST_F(Operator, TakesTheFirstCallFoundByEnter)
+{
+    auto& form = halvern.FindFoundFrm;
+    std::string taken;
+    form.OkCmd.OnClick = [&] { taken = form.CallSignLst.Text(); };
+    form.SetVisible(true);
+    for (const char* row : {"Q0XYZ", "Q0ABC"}) form.CallSignLst.Add(row);
+    ShowNow();
+    EXPECT_EQ(form.CallSignLst.Selected(), -1) << "it is offered only";
+    QTest::keyClick(Find<QTableView>(form.CallSignLst), Qt::Key_Return);
+    EXPECT_EQ(taken, "Q0ABC");
+}
+
 TEST_F(Operator, MarksSeveralRows)
 {
     auto& list = halvern.KillMsgFrm.KillLst;
