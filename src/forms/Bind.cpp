@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/Bind.h"
 
+#include "forms/ComboAccess.h"
 #include "forms/Glyphs.h"
 #include "forms/Watching.h"
 #include "forms/Words.h"
@@ -108,6 +109,9 @@ QLabel* BindLabel(Label& label, QWidget* parent)
     show();
     auto* pacer = new Pacer(widget, show);
     BindCommon(widget, label, Shown(label.Caption()));
+    const auto role = widget->accessibleName();
+    widget->setAccessibleName({}); // what is spoken is the text itself, each time that it changes
+    if (widget->accessibleDescription().isEmpty()) widget->setAccessibleDescription(role);
     WatchFor(widget, label, [pacer](const Change&) { pacer->Ask(); });
     return widget;
 }
@@ -174,6 +178,7 @@ QPlainTextEdit* BindText(TextField& field, QWidget* parent)
 
 QComboBox* BindCombo(List& list, QWidget* parent)
 {
+    LetCombosSayTheirName();
     auto* combo = new QComboBox(parent);
     auto writing = std::make_shared<bool>(false);
     combo->setModel(new StoreModel(list, {}, StoreModel::Pace::AtOnce, false, combo));
@@ -200,6 +205,7 @@ QComboBox* BindCombo(List& list, QWidget* parent)
             list, *writing, [&] { list.Click(row); }, show);
     });
     if (typed) {
+        combo->lineEdit()->setAccessibleName(combo->accessibleName());
         combo->setCompleter(nullptr); // a half-typed word is the operator's own
         QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, combo, [&list, writing, show](const QString& text) {
             FromScreen(

@@ -16,6 +16,7 @@ constexpr LookRow LookRows[] = {
     {Look::DesktopNotices, "DesktopNotices", "Desktop &Notifications",
      "Have the desktop tell of messages to this station", false},
     {Look::PlaceNames, "PlaceNames", "P&lace Names", "Towns on the map, below the stations", true},
+    {Look::Trails, "Trails", "T&rails", "The last places of stations that move, fading with age", false},
 };
 
 } // namespace

@@ -278,6 +278,7 @@ void MainWindow::MakeToolbars()
         action->setData(Shown(button.Caption()));
         pictured += action;
         tools->addAction(action);
+        tools->widgetForAction(action)->setAccessibleName(action->toolTip()); // its caption is one word
     }
     auto* range = addToolBar(tr("Map Range"));
     range->setObjectName("MapRange");

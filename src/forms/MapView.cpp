@@ -25,7 +25,7 @@ MouseButton ButtonOf(const QMouseEvent* event)
 
 MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent)
     : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm),
-      stations(halvern, sprites, places, *this)
+      stations(halvern, sprites, places, *this), trails(halvern, looks, *this)
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] { update(); };
@@ -90,16 +90,18 @@ void MapView::paintEvent(QPaintEvent* event)
     const auto ratio = image.devicePixelRatio();
     for (const auto& rect : event->region())
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
+    trails.Paint(painter, event->region());
     sprites.Paint(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
 }
 
 /// The picture as it is, held from its place: what comes into the view is drawn when it is let go.
-void MapView::PaintPanned(QPainter& painter, const QImage& image) const
+void MapView::PaintPanned(QPainter& painter, const QImage& image)
 {
     painter.fillRect(rect(), Qt::black);
     painter.translate(panBy);
     painter.drawImage(rect(), image);
+    trails.Paint(painter, rect());
     sprites.Paint(painter, rect());
 }
 

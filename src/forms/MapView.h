@@ -9,6 +9,7 @@
 #include "forms/Looks.h"
 #include "forms/MapStations.h"
 #include "forms/SpriteLayer.h"
+#include "forms/Trails.h"
 #include "platform/qt/screen/MapPainter.h"
 #include "state/Halvern.h"
 
@@ -53,7 +54,7 @@ private:
     void OpenGroundMenu(QPoint at, const Place& place);
     void SettleSprites();
     void MoveBand();
-    void PaintPanned(QPainter& painter, const QImage& image) const;
+    void PaintPanned(QPainter& painter, const QImage& image);
     void UsePointer();
     QFont LabelFont() const;
 
@@ -68,6 +69,7 @@ private:
     QRegion bandAt;           ///< where the rubber band was last
     SpriteLayer sprites;
     MapStations stations;
+    Trails trails;
     std::optional<QPoint> panFrom; ///< where the middle button went down
     QPoint panBy;                  ///< how far the picture is held from its place since then
     int wheelTurn = 0;             ///< what the wheel has turned since the last whole step

@@ -9,6 +9,7 @@
 #include "forms/DesktopNotice.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
+#include "forms/Tints.h"
 #include "forms/Watching.h"
 
 namespace halvern {
@@ -24,14 +25,13 @@ struct LampLook {
 /// By `PortCondition`. The shape alone tells a port that works from one that does not.
 LampLook LookOf(PortCondition condition)
 {
-    static const QColor good(0x2E, 0xA0, 0x43), busy(0x2F, 0x81, 0xF7), amber(0xC9, 0x8A, 0x00), bad(0xE5, 0x48, 0x4D);
     static const std::array<LampLook, 7> looks{{{Shape::Ring, {}},
-                                                {Shape::Ring, amber},
-                                                {Shape::Disc, good},
-                                                {Shape::Disc, busy},
-                                                {Shape::Disc, amber},
-                                                {Shape::Disc, amber},
-                                                {Shape::Cross, bad}}};
+                                                {Shape::Ring, MarkColour(Mark::Warning)},
+                                                {Shape::Disc, MarkColour(Mark::Good)},
+                                                {Shape::Disc, MarkColour(Mark::Busy)},
+                                                {Shape::Disc, MarkColour(Mark::Warning)},
+                                                {Shape::Disc, MarkColour(Mark::Warning)},
+                                                {Shape::Cross, MarkColour(Mark::Bad)}}};
     return looks[static_cast<std::size_t>(condition)];
 }
 

@@ -20,9 +20,9 @@ const std::vector<RowColumn> PositionColumns{
     {10, 1, "W", "Watch: A alarm, T track, X killed object, D deleted"},
     {11, 1, "T", "Type of the report"},
     {12, 7, "Time", "Day, hour and minute of the report, UTC"},
-    {19, 8, "Latitude", "Degrees, minutes and hundredths"},
+    {19, 8, "Latitude", "Latitude: degrees, minutes and hundredths"},
     {27, 1, "O", "Symbol table, or the overlay character"},
-    {28, 9, "Longitude", "Degrees, minutes and hundredths"},
+    {28, 9, "Longitude", "Longitude: degrees, minutes and hundredths"},
     {37, 1, "S", "Symbol code"},
     {38, 0, "Comment", "Comment and extensions, as received"},
 };

@@ -52,4 +52,10 @@ QColor TintOfPacket(std::string_view rawRow)
     return {};
 }
 
+QColor MarkColour(Mark mark)
+{
+    static constexpr QRgb colours[] = {0xFF2A963E, 0xFF2F81F7, 0xFFB07800, 0xFFE5484D};
+    return QColor::fromRgb(colours[static_cast<std::size_t>(mark)]);
+}
+
 } // namespace halvern

@@ -17,4 +17,8 @@ QColor TintOfPacket(std::string_view rawRow);
 /// @param owner  for as long as it lives
 void KeepPlaceholdersLegible(QObject* owner);
 
+/// What a lamp or another mark says, in colours that stand out from a light and from a dark window alike.
+enum class Mark { Good, Busy, Warning, Bad };
+QColor MarkColour(Mark mark);
+
 } // namespace halvern

@@ -69,8 +69,23 @@ TEST_F(AllForms, SayTheirNamesToAScreenReader)
 {
     for (const auto* widget : screen.windows->Main().findChildren<QWidget*>()) {
         const auto* control = screen.halvern.All.Find(widget->objectName().toStdString());
-        if (control == nullptr || dynamic_cast<const Label*>(control) != nullptr) continue;
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << control->Name();
+        if (control == nullptr) continue;
+        const auto spoken =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))->text(QAccessible::Name);
+        if (const auto* label = qobject_cast<const QLabel*>(widget))
+            EXPECT_TRUE(label->text().isEmpty() || spoken == label->text()) << control->Name();
+        else
+            EXPECT_TRUE(!widget->accessibleName().isEmpty() && spoken.startsWith(widget->accessibleName()))
+                << control->Name() << ": " << spoken.toStdString();
+    }
+    for (auto* button : screen.windows->Main().findChildren<QToolButton*>())
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name).contains("PanMap"));
+    for (const auto* view : screen.windows->Main().findChildren<QTableView*>()) { // no two columns sound alike
+        QStringList columns;
+        for (int i = 0; i < view->model()->columnCount(); ++i)
+            columns += view->model()->headerData(i, Qt::Horizontal, Qt::AccessibleTextRole).toString();
+        columns.removeAll({});
+        EXPECT_EQ(columns.removeDuplicates(), 0) << view->objectName().toStdString();
     }
 }
 

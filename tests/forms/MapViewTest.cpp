@@ -268,5 +268,36 @@ TEST_F(MapWindow, IsReadAloud)
     EXPECT_TRUE(map->child(0)->text(QAccessible::Name).startsWith("Q0FAR"));
 }
 
+TEST_F(MapWindow, DrawsTrailsOfWhatMovesWhileTheyAreOn)
+{
+    const auto cyan = [&] { // between the two last places of the car, where its label is not
+        const auto at = (PlaceOf(40.25, 75.5) + PlaceOf(40.75, 75.5)) / 2;
+        const auto colour = view->grab({at - QPoint(3, 3), QSize(7, 7)}).toImage();
+        int most = 0;
+        for (int x = 0; x < 7; ++x) most = std::max(most, QColor(colour.pixel(x, 3)).green());
+        return most;
+    };
+    HearAt("Q0CAR", 40.25, 75.5);
+    HearAt("Q0CAR", 40.75, 75.5);
+    ShowNow();
+    const int ground = cyan();
+    QAction* on = nullptr;
+    for (const auto* menu : screen.windows->Main().findChildren<QMenu*>())
+        for (auto* action : menu->actions())
+            if (action->objectName() == "Looks.Trails") on = action;
+    ASSERT_NE(on, nullptr);
+    EXPECT_FALSE(on->isChecked());
+    on->trigger();
+    HearAt("Q0CAR", 40.25, 75.5);
+    ShowNow();
+    const int fresh = cyan();
+    EXPECT_GT(fresh, ground + 100);
+    screen.station.time.SetUtc({2010, 1, 1, 0, 0, 0});
+    HearAt("Q0NEW", 39, 75);
+    EXPECT_LT(cyan(), fresh - 50) << "it fades";
+    on->trigger();
+    EXPECT_EQ(cyan(), ground);
+}
+
 } // namespace
 } // namespace halvern::test

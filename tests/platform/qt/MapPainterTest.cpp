@@ -44,8 +44,10 @@ TEST(PaletteTest, EveryColourIsReadableOnBlackAndLikeNoOther)
 }
 
 /// Rows on the ground of their kind, and what is quiet, can be read in light and in dark.
-TEST(PaletteTest, RowsAreReadableOnTheirTints)
+TEST(PaletteTest, RowsAreReadableOnTheirTintsAndMarksStandOut)
 {
+    for (const auto mark : {Mark::Good, Mark::Busy, Mark::Warning, Mark::Bad})
+        for (const char* window : {"#efefef", "#323232"}) EXPECT_GE(Contrast(MarkColour(mark), QColor(window)), 3);
     for (const auto& [text, ground] : {std::pair{"black", "white"}, {"#eff0f1", "#232629"}}) {
         QPalette palette;
         palette.setColor(QPalette::Text, text);
