@@ -21,7 +21,7 @@ constexpr float FarApart = 90;                ///< degrees; no station drives th
 
 QPen PenOf(int step)
 {
-    auto ink = PaletteColour(colour::LightCyan);
+    auto ink = PaletteColour(colour::Yellow);
     ink.setAlpha(Brightest - (Brightest - Faintest) * step / (FadeSteps - 1));
     return QPen(ink, 0);
 }

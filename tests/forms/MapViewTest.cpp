@@ -270,7 +270,7 @@ TEST_F(MapWindow, IsReadAloud)
 
 TEST_F(MapWindow, DrawsTrailsOfWhatMovesWhileTheyAreOn)
 {
-    const auto cyan = [&] { // between the two last places of the car, where its label is not
+    const auto brightest = [&] { // between the two last places of the car, where its label is not
         const auto at = (PlaceOf(40.25, 75.5) + PlaceOf(40.75, 75.5)) / 2;
         const auto colour = view->grab({at - QPoint(3, 3), QSize(7, 7)}).toImage();
         int most = 0;
@@ -280,7 +280,7 @@ TEST_F(MapWindow, DrawsTrailsOfWhatMovesWhileTheyAreOn)
     HearAt("Q0CAR", 40.25, 75.5);
     HearAt("Q0CAR", 40.75, 75.5);
     ShowNow();
-    const int ground = cyan();
+    const int ground = brightest();
     QAction* on = nullptr;
     for (const auto* menu : screen.windows->Main().findChildren<QMenu*>())
         for (auto* action : menu->actions())
@@ -290,13 +290,13 @@ TEST_F(MapWindow, DrawsTrailsOfWhatMovesWhileTheyAreOn)
     on->trigger();
     HearAt("Q0CAR", 40.25, 75.5);
     ShowNow();
-    const int fresh = cyan();
+    const int fresh = brightest();
     EXPECT_GT(fresh, ground + 100);
     screen.station.time.SetUtc({2010, 1, 1, 0, 0, 0});
     HearAt("Q0NEW", 39, 75);
-    EXPECT_LT(cyan(), fresh - 50) << "it fades";
+    EXPECT_LT(brightest(), fresh - 50) << "it fades";
     on->trigger();
-    EXPECT_EQ(cyan(), ground);
+    EXPECT_EQ(brightest(), ground);
 }
 
 } // namespace
