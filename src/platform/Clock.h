@@ -44,8 +44,9 @@ public:
     TimeZone Zone() const override;
 };
 
-/// Two digits each, without marks between: "dd", "hh", "mm", "ss" one behind the other.
+/// Two digits each, without marks between: "ddhhmm".
 std::string DayHourMinute(const Moment& moment);
+/// The same with the seconds.
 std::string DayHourMinuteSecond(const Moment& moment);
 
 } // namespace halvern

@@ -55,7 +55,7 @@ public:
     /// @param source  whose event it is; without one it is the operator's
     void Dispatch(const Control& source, const std::function<void()>& handler);
     void Dispatch(const std::function<void()>& handler);
-    std::function<void(const std::exception&)> OnFailure;
+    std::function<void(const std::exception&)> OnFailure; ///< gets what ended a handler
 
     /// Whose doing it is that runs now.
     const Doing& Present() const { return present; }
@@ -104,6 +104,7 @@ public:
 
     /// Has a function told of every change from now on. @return what Unwatch takes to end it.
     int Watch(Watcher watcher);
+    /// Ends a watch. A number that is none does nothing.
     void Unwatch(int watch);
 
     /// What this kind of control has to show, in a fixed order.
@@ -191,6 +192,7 @@ public:
     Event OnLoad, OnActivate, OnUnload, OnResize;
     /// The operator pressed the close box. Without a handler the form unloads.
     Event OnCloseBox;
+    /// What the operator's press of the close box does.
     void PressCloseBox();
 
 private:
@@ -225,6 +227,7 @@ public:
     {
     }
     const int least, most;
+    /// The number that it shows.
     int Number() const;
     /// Shows another number, in no fewer digits than the first one had.
     void SetNumber(int number);
@@ -294,13 +297,16 @@ public:
 
     int Count() const { return static_cast<int>(rows.size()); }
     const std::string& Row(int index) const;
+    /// Puts a row at the end, or before the row of an index. The selection stays with its row.
     void Add(std::string_view row);
     void Insert(std::string_view row, int index);
+    /// Takes a row out; if it was the selected one none is.
     void Remove(int index);
     /// Takes out every row whose index `gone` says so of, in one pass. Watchers hear of it row by row when all are out.
     void RemoveIf(const std::function<bool(int index)>& gone);
     /// Takes the row out and puts another in its place; the selection stays.
     void Replace(int index, std::string_view row);
+    /// Takes every row out; none is selected.
     void Clear();
     /// Becomes a copy of another list's rows.
     void CopyRows(const List& other);
@@ -317,9 +323,11 @@ public:
     const std::string& Text() const { return text; }
     /// Typing: the text goes in, the row that equals it is selected, `OnChange` runs.
     void SetText(std::string_view next);
+    /// A key of the operator's, by its character code.
     void Press(int key);
     void Leave() const { Fire(OnLeave); }
 
+    /// Rows that are picked together, in a list that takes several. Marks go with their rows.
     bool Marked(int index) const;
     void Mark(int index, bool marked);
     void ClearMarks();
@@ -408,6 +416,7 @@ public:
     int Count() const { return static_cast<int>(entries.size()); }
     const std::string& Entry(int index) const { return ElementOf(entries, index); }
     bool EntryEnabled(int index) const { return ElementOf(allowed, index); }
+    /// Whether the operator may pick it.
     void SetEntryEnabled(int index, bool value);
     int Selected() const { return selected; }
     bool On(int index) const { return selected == index; }
@@ -463,7 +472,9 @@ public:
     int Cols() const { return static_cast<int>(columns.size()); }
     const std::string& Cell(int row, int column) const;
     void SetCell(int row, int column, std::string_view text);
+    /// Cells that remain keep their text; new ones are empty.
     void SetSize(int rows, int columns);
+    /// Puts a row at the end with a text in its first cell.
     void AddRow(std::string_view first);
     void AddColumn() { SetSize(rows, Cols() + 1); }
     /// Empties every cell; the size stays.

@@ -95,11 +95,13 @@ public:
     /// Bytes that must wait before `OnReceive` runs; 0: it never does.
     std::size_t ReceiveThreshold = 0;
 
+    /// Opens the line by `PortNumber` and `Settings`. @return why it could not be opened, nothing where it is
     std::optional<PortError> Open();
     void Close();
     bool IsOpen() const { return device != nullptr && device->IsOpen(); }
     /// Writes to a closed port are lost without a word.
     void Write(std::string_view bytes);
+    /// Forgets what waits to be sent.
     void DiscardOutput();
     void Arrived(std::string_view bytes) override;
     PropertyTexts Describe() const override;
@@ -130,6 +132,7 @@ public:
     /// Closes the connection, or gives up the one that is being tried.
     void Disconnect();
     bool Connected() const { return device != nullptr && device->Connected(); }
+    /// Bytes as they are. Without a connection they are lost without a word.
     void Write(std::string_view bytes);
     void Arrived(std::string_view bytes) override;
     void Lost(const std::string& why) override;

@@ -21,6 +21,7 @@ char ColumnAt(std::string_view text, std::size_t column);
 std::size_t PositionOf(std::string_view text, std::string_view what, std::size_t from = 1);
 std::size_t PositionOf(std::string_view text, char what, std::size_t from = 1);
 
+/// Whether a text stands somewhere in another; case counts.
 bool Holds(std::string_view text, std::string_view what);
 
 /// The number that a text begins with, behind leading blanks: sign, digits, one point. 0 where there is none.
@@ -46,6 +47,7 @@ std::string Padded(std::string_view text, std::size_t width);
 /// A call, or an object's name, as the stores key it: exactly 9 columns.
 std::string CallField(std::string_view call);
 
+/// Without the blanks (spaces and no others) at its front, its end, or both: a view of the same bytes.
 std::string_view TrimmedLeft(std::string_view text);
 std::string_view TrimmedRight(std::string_view text);
 std::string_view Trimmed(std::string_view text);
@@ -53,6 +55,7 @@ std::string_view Trimmed(std::string_view text);
 /// ASCII upper case; other bytes stay.
 std::string UpperCase(std::string_view text);
 char UpperCase(char character);
+/// ASCII lower case; other bytes stay.
 std::string LowerCase(std::string_view text);
 
 /// Every occurrence of a character taken out.
@@ -67,6 +70,7 @@ std::vector<std::string_view> LinesOf(std::string_view bytes);
 /// Nearest whole number, halves to the even neighbour.
 long RoundHalfToEven(double number);
 
+/// 0 to 9, whatever the locale.
 bool IsDigit(char character);
 
 /// The path setting as packets use it: the word "NONE" is an empty path.

@@ -38,7 +38,7 @@ struct MainForm : Form {
     MenuItem GpsMenu{*this, "GpsMenu", "&GPS Port", {"disabled"}};
     MenuItem WeatherMenu{*this, "WeatherMenu", "&Weather Station"};
 
-    // View: one entry a window, 1 to 10; the raw packets wait for the first port
+    // View: one entry a window, 1 to 10; FrmMenu(7), the raw packets, waits for the first port
     MenuItem ViewMenu{*this, "ViewMenu", "&View"};
     ControlArray<MenuItem> FrmMenu{*this,
                                    "FrmMenu",
@@ -126,24 +126,25 @@ struct MainForm : Form {
     Socket Psk63Soc{*this, "Psk63Soc", "127.0.0.1", 3131, 1000, TextLines};
 
     // Timers
-    Timer Timer2{*this, "Timer2"};
-    Timer MyObjectTimer{*this, "MyObjectTimer"};
-    Timer NetDecayTmr{*this, "NetDecayTmr"};
-    Timer IgateMessHold{*this, "IgateMessHold"};
-    Timer GpsTimer{*this, "GpsTimer"};
-    Timer WXSoft{*this, "WXSoft"};
+    Timer Timer2{*this, "Timer2"};               ///< the beacons
+    Timer MyObjectTimer{*this, "MyObjectTimer"}; ///< own objects
+    Timer NetDecayTmr{*this, "NetDecayTmr"};     ///< retires stations that are silent for two hours
+    Timer IgateMessHold{*this, "IgateMessHold"}; ///< the hold of a message that another gate may send first
+    Timer GpsTimer{*this, "GpsTimer"};           ///< when the GPS line opens next
+    Timer WXSoft{*this, "WXSoft"};               ///< when the weather file is read next
 
     // Stores without a window
-    List MyObjectLst{*this, "MyObjectLst"};
-    List TransmitLst{*this, "TransmitLst"};
-    KeyedList HeardOnRfLst{*this, "HeardOnRfLst"};
-    TextField IgMesSaveTxt{*this, "IgMesSaveTxt"};
-    List DecisionLst{*this, "DecisionLst"};
+    List MyObjectLst{*this, "MyObjectLst"};        ///< own objects, a record each
+    List TransmitLst{*this, "TransmitLst"};        ///< how far each of them is in its schedule
+    KeyedList HeardOnRfLst{*this, "HeardOnRfLst"}; ///< heard on radio, with the fewest hops
+    TextField IgMesSaveTxt{*this, "IgMesSaveTxt"}; ///< the message that is held
+    List DecisionLst{*this, "DecisionLst"};        ///< what gate and digipeater made of each packet
 
-    // Working variables
+    // Working variables. Each is its acting file's alone: the ports' and the server's of ports/, counts of relay/ and
+    // ports/, FrmState of view/ChildWindows, StartDone of app/StartUp.
     std::string KissRxBuffer, SoundRxBuffer, WxRxBuffer; ///< bytes that came in and are not consumed yet
     bool ServerLoggedIn = false;
-    std::string ServerAnswer; ///< what the server said of the login: "# logresp CALL verified, server NAME"
+    std::string ServerAnswer;          ///< what the server said of the login: "# logresp CALL verified, server NAME"
     std::string Psk63Hunt, Psk63Frame; ///< characters outside a packet, and of the one that comes in
     bool Psk63InFrame = false;
     std::int16_t IgateHoldCount = 0, DecayTicks = 0, ObjectCycle = 0, WxFileTicks = 0;

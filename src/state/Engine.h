@@ -15,7 +15,9 @@ namespace halvern {
 inline constexpr const char* NormalDestination = "APHV01";
 inline constexpr const char* SpecialDestination = "SPC";
 
-/// The engine's working variables.
+/// The engine's working variables. They are written where they belong: the line in hand by engine/ProcessPacket, calls,
+/// switches and settings by config/ and app/StartUp, what is of PSK63 and the GPS by their ports, playback, filter and
+/// log by history/ (engine/PacketLog closes a log that fails), the beacons by relay/Beacon.
 struct EngineState {
     // the line in hand
     std::string SourceCall; ///< without padding

@@ -41,6 +41,8 @@ struct StationPlotRecord {
 };
 
 /// The one view that all map drawing shares. Degrees, north positive and west positive; `MapLeftLon` is the larger.
+/// Only view/ and map/ write it, and config/ what the settings file says; others call `ShowView` and `GoToView`. The
+/// record of a station is engine/'s too.
 struct MapState {
     double MapRange = 1024; ///< half the height of the view, nautical miles
     double PrevRange = 1024;

@@ -24,8 +24,9 @@ struct MessageForm : Form {
     TextField MsgTxt{*this, "MsgTxt", "", 67};
     Button QueryCmd{*this, "QueryCmd", "&Query..."};
     Button PSk63HelpCmd{*this, "PSk63HelpCmd", "PSK63 &Help"};
-    Timer Timer1{*this, "Timer1"};
+    Timer Timer1{*this, "Timer1"}; ///< the retries
 
+    // relay/Messages alone writes these
     std::int16_t MsgNumber = 0;  ///< last message number used in this run
     std::int16_t RetryCycle = 0; ///< minutes in the slow phase of the retries
     std::string LastPskMsg, LastPskTo;

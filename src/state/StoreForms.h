@@ -4,7 +4,8 @@
 #include "platform/Controls.h"
 
 /// The windows that show a store each. The store holds the rows, in the order the engine gives them; the list beside
-/// it, whose name begins with "Sh", is a copy for display that Refresh renews.
+/// it, whose name begins with "Sh", is a copy for display that Refresh renews. Rows are written by engine/, marked by
+/// it, by relay/ and by reports/, put aside and brought back by history/.
 namespace halvern {
 
 struct PositionForm : Form {
