@@ -15,7 +15,10 @@ struct LookRow {
 constexpr LookRow LookRows[] = {
     {Look::DesktopNotices, "DesktopNotices", "Desktop &Notifications",
      "Have the desktop tell of messages to this station", false},
-    {Look::PlaceNames, "PlaceNames", "P&lace Names", "Towns on the map, below the stations", true},
+    {Look::ScaleBar, "ScaleBar", "Scale &Bar", "Nautical miles and kilometres on the map", true},
+    {Look::GridFigures, "GridFigures", "Gr&id Figures", "Degrees at the edges of the map", true},
+    {Look::Legend, "Legend", "&Legend", "What the colours of the labels say", true},
+    {Look::PlaceNames, "PlaceNames", "Pla&ce Names", "Towns on the map, below the stations", true},
     {Look::Trails, "Trails", "T&rails", "The last places of stations that move, fading with age", false},
 };
 

@@ -11,7 +11,7 @@ class QAction;
 namespace halvern {
 
 /// What the operator may switch about looks: pure display, that no rule of the station knows of.
-enum class Look { DesktopNotices, PlaceNames, Trails };
+enum class Look { DesktopNotices, ScaleBar, GridFigures, Legend, PlaceNames, Trails };
 
 /// Looks, and where windows stood: kept by key in a file of its own, apart from the station's settings.
 class Looks final : public QObject {

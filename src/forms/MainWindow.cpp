@@ -2,6 +2,7 @@
 #include "forms/MainWindow.h"
 
 #include <QtWidgets>
+#include <cmath>
 
 #include "forms/Bind.h"
 #include "forms/FormWindow.h"
@@ -285,6 +286,13 @@ void MainWindow::MakeToolbars()
     range->setMovable(false);
     auto* ladder = BindCombo(form.ScaleCombo, range);
     AddToBar(range, ladder, form.ScaleCombo);
+    const auto tell = [ladder, words = ladder->toolTip(), &form](const Change& = {}) {
+        const double across = RangeOfStep(form.ScaleCombo.Text()) * 2 * 4 / 3; // a view is 4 wide and 3 high
+        ladder->setToolTip(words + "\n" +
+                           tr("%1 nm across").arg(QLocale(QLocale::English).toString(std::round(across), 'f', 0)));
+    };
+    WatchFor(ladder, form.ScaleCombo, tell);
+    tell();
     auto* scale = BindField(form.ScaleTxt, range);
     auto* map = BindField(form.dMapTxt, range);
     for (auto* field : {scale, map}) {
@@ -310,6 +318,11 @@ void MainWindow::MakeStatusBar()
     statusBar()->addWidget(news, 1);
     statusBar()->addPermanentWidget(MakeLamps());
     statusBar()->addPermanentWidget(MakeNoticesMark());
+    place = new QLabel(statusBar());
+    place->setObjectName("PointerPlace");
+    place->setToolTip(tr("Locator under the pointer, distance and bearing from the own station"));
+    statusBar()->addPermanentWidget(place);
+    place->hide();
     auto* position = BindLabel(form.StatusBar2, statusBar());
     position->setMinimumWidth(fontMetrics().horizontalAdvance("-00.00000000 -000.00000000"));
     position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -331,6 +344,12 @@ QWidget* MainWindow::MakeLamps()
         });
     });
     return lamps;
+}
+
+void MainWindow::TellPlace(const QString& words)
+{
+    place->setText(words);
+    place->setVisible(!words.isEmpty());
 }
 
 // --- keys ------------------------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QToolButton>
@@ -19,6 +20,9 @@ public:
     WindowCare& Care() const { return *care; }
     /// The pop-up menu of a station on the map.
     QMenu& StationMenu() const { return *stationMenu; }
+    /// The locator, the distance and the bearing of a place under the pointer, at the right of the status bar; nothing
+    /// where the pointer is on none.
+    void TellPlace(const QString& words);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,6 +50,7 @@ private:
     WindowCare* care;
     QMenu* stationMenu = nullptr;
     QToolButton* notices = nullptr;
+    QLabel* place = nullptr;
     QList<QAction*> pictured; ///< actions that bear an icon; its name is the action's data
 };
 

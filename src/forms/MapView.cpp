@@ -25,10 +25,14 @@ MouseButton ButtonOf(const QMouseEvent* event)
 
 MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent)
     : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm),
-      stations(halvern, sprites, places, *this), trails(halvern, looks, *this)
+      stations(halvern, sprites, places, *this), trails(halvern, looks, *this), places(places),
+      names(form, halvern.Map, places), legend(new MapLegend(this))
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
-    drawn.front().painter->OnChange = [this] { update(); };
+    drawn.front().painter->OnChange = [this] {
+        furniture.Forget();
+        update();
+    };
     drawn.front().painter->OnBand = [this] { MoveBand(); };
     BindCommon(this, form.Map1);
     setToolTip({}); // each station has its own
@@ -51,6 +55,15 @@ MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidg
         update();
     });
     UsePointer();
+    for (const auto look : {Look::ScaleBar, Look::GridFigures, Look::Legend, Look::PlaceNames})
+        connect(looks.Action(look), &QAction::toggled, this, [this] {
+            names.Forget();
+            SettleLegend();
+            update();
+        });
+    connect(legend, &MapLegend::PutAway, looks.Action(Look::Legend),
+            [&looks] { looks.Action(Look::Legend)->setChecked(false); });
+    WatchFor(this, halvern.ConMdiFrm.BitMapMenu, [this](const Change&) { SettleLegend(); });
 }
 
 void MapView::UsePointer()
@@ -72,17 +85,51 @@ QFont MapView::LabelFont() const
 
 // --- painting --------------------------------------------------------------------------------------------------------
 
+/// Stations, and the names below them that give way to them. @return what is to be painted anew
+QRegion MapView::Settle(QSize viewSize)
+{
+    auto region = sprites.Settle(viewSize, LabelFont(), devicePixelRatioF());
+    if (!looks.On(Look::PlaceNames) || (region.isEmpty() && names.Settled())) return region;
+    region += names.Settle(viewSize, LabelFont(), sprites, furniture.ScaleBox());
+    if (!std::exchange(namesAsked, true)) QTimer::singleShot(0, this, &MapView::TellNamesTrouble);
+    return region;
+}
+
+void MapView::TellNamesTrouble()
+{
+    const auto trouble = places.Trouble();
+    if (!trouble.empty()) halvern.All.Dispatch([&] { halvern.Note({"Place Names", trouble}); });
+}
+
 void MapView::SettleSprites()
 {
-    const auto region = sprites.Settle(size(), LabelFont(), devicePixelRatioF());
+    const auto region = Settle(size());
     if (!region.isEmpty()) update(region);
+}
+
+void MapView::SettleFurniture()
+{
+    if (furniture.Settled(size(), LabelFont(), devicePixelRatioF())) return;
+    furniture.Settle(form.Map1.Frame(), size(), LabelFont(), devicePixelRatioF(), drawn.front().painter->Net());
+    names.Forget();
+}
+
+/// Over a picture all labels have the same colours.
+void MapView::SettleLegend()
+{
+    legend->setFont(LabelFont());
+    if (looks.On(Look::Legend) && !halvern.ConMdiFrm.BitMapMenu.Checked())
+        legend->Settle(size());
+    else
+        legend->hide();
 }
 
 void MapView::paintEvent(QPaintEvent* event)
 {
-    const auto before = sprites.Settle(size(), LabelFont(), devicePixelRatioF());
-    if (!event->region().contains(before.boundingRect()) && !before.isEmpty()) update(before);
     const auto& image = drawn.front().painter->Image(size(), devicePixelRatioF());
+    SettleFurniture();
+    const auto before = Settle(size());
+    if (!event->region().contains(before.boundingRect()) && !before.isEmpty()) update(before);
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!panBy.isNull()) return PaintPanned(painter, image);
@@ -90,8 +137,11 @@ void MapView::paintEvent(QPaintEvent* event)
     const auto ratio = image.devicePixelRatio();
     for (const auto& rect : event->region())
         painter.drawImage(QRectF(rect), image, QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
+    if (looks.On(Look::GridFigures)) furniture.PaintFigures(painter, event->region());
+    if (looks.On(Look::PlaceNames)) names.Paint(painter, event->region());
     trails.Paint(painter, event->region());
     sprites.Paint(painter, event->region());
+    if (looks.On(Look::ScaleBar)) furniture.PaintScale(painter, event->region());
     if (const auto band = drawn.front().painter->Band(size())) MapPainter::DrawBand(painter, *band);
 }
 
@@ -101,6 +151,7 @@ void MapView::PaintPanned(QPainter& painter, const QImage& image)
     painter.fillRect(rect(), Qt::black);
     painter.translate(panBy);
     painter.drawImage(rect(), image);
+    if (looks.On(Look::PlaceNames)) names.Paint(painter, rect());
     trails.Paint(painter, rect());
     sprites.Paint(painter, rect());
 }
@@ -115,8 +166,8 @@ void MapView::MoveBand()
 void MapView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    if (sprites.Pending() && event->oldSize().isValid())
-        sprites.Settle(event->oldSize(), LabelFont(), devicePixelRatioF());
+    if (sprites.Pending() && event->oldSize().isValid()) Settle(event->oldSize());
+    SettleLegend();
     FromScreen(form, [this] { form.SetClientSize(width(), height()); });
     update();
 }
@@ -171,7 +222,7 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
         panBy = event->position().toPoint() - *panFrom;
         return update();
     }
-    const auto at = PlaceAt(event->position());
+    auto at = PlaceAt(event->position());
     const int station = sprites.At(event->position().toPoint());
     FromScreen(form, [&] {
         if (station >= 0)
@@ -179,6 +230,8 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
         else
             Fire(form.Map1.OnMouseMove, at.longitude, at.latitude);
     });
+    if (station >= 0 && station < static_cast<int>(halvern.Map.StationPlot.size()))
+        at = {halvern.Map.StationPlot[station].Lat, halvern.Map.StationPlot[station].Lon};
     emit PointerMoved(at.latitude, at.longitude);
 }
 

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "forms/Looks.h"
+#include "forms/MapFurniture.h"
 #include "forms/MapStations.h"
+#include "forms/PlaceLayer.h"
 #include "forms/SpriteLayer.h"
 #include "forms/Trails.h"
 #include "platform/qt/screen/MapPainter.h"
@@ -53,9 +55,13 @@ private:
     void EndPan(bool move);
     void OpenGroundMenu(QPoint at, const Place& place);
     void SettleSprites();
+    QRegion Settle(QSize viewSize);
+    void TellNamesTrouble();
     void MoveBand();
     void PaintPanned(QPainter& painter, const QImage& image);
     void UsePointer();
+    void SettleFurniture();
+    void SettleLegend();
     QFont LabelFont() const;
 
     Halvern& halvern;
@@ -70,9 +76,14 @@ private:
     SpriteLayer sprites;
     MapStations stations;
     Trails trails;
+    MapFurniture furniture;
+    PlaceNames& places;
+    PlaceLayer names;
+    MapLegend* legend;
     std::optional<QPoint> panFrom; ///< where the middle button went down
     QPoint panBy;                  ///< how far the picture is held from its place since then
-    int wheelTurn = 0;             ///< what the wheel has turned since the last whole step
+    bool namesAsked = false;
+    int wheelTurn = 0; ///< what the wheel has turned since the last whole step
 };
 
 } // namespace halvern

@@ -8,7 +8,7 @@ namespace halvern {
 
 PlacePicker::PlacePicker(MapView& map, Done done) : QObject(&map), map(map), done(std::move(done))
 {
-    if (auto* window = qobject_cast<QMdiSubWindow*>(map.parentWidget())) {
+    if (auto* window = qobject_cast<QMdiSubWindow*>(map.parentWidget()->parentWidget())) {
         if (window->isMinimized()) window->showNormal();
         window->mdiArea()->setActiveSubWindow(window);
     }

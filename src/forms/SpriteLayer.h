@@ -63,6 +63,14 @@ public:
     QRegion Settle(QSize viewSize, const QFont& font, qreal ratio);
     /// Paints what stands in a region; the painter is clipped to it.
     void Paint(QPainter& painter, const QRegion& region) const;
+    /// Visits the box of every symbol, and of every label that is shown.
+    template <class Visit> void ForBoxes(Visit visit) const
+    {
+        for (const auto& pair : pairs) {
+            if (pair.picture != nullptr) visit(pair.pictureBox);
+            if (pair.labelShown) visit(pair.labelBox);
+        }
+    }
     /// The uppermost station at a place, or -1.
     int At(QPoint place) const;
     /// All of them, the uppermost first; those whose label is meant come before those whose symbol lies below.

@@ -6,10 +6,12 @@
 #include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
+#include "forms/MapRoom.h"
 #include "forms/StoreWindows.h"
 #include "forms/Tints.h"
 #include "forms/Watching.h"
 #include "platform/Files.h"
+#include "view/Ground.h"
 
 namespace halvern {
 namespace {
@@ -52,7 +54,11 @@ void Windows::AddChildren()
 {
     map = new MapView(halvern, looks, places);
     const auto& item = halvern.ConMdiFrm.FrmMenu;
-    AddChild(halvern.MapFrm, map, item(1), {});
+    AddChild(halvern.MapFrm, new MapRoom(halvern, map), item(1), {});
+    QObject::connect(map, &MapView::PointerMoved, main.get(), [this](double latitude, double longitude) {
+        main->TellPlace(Shown(PlaceInWords(OwnPlace(halvern), {latitude, longitude})));
+    });
+    QObject::connect(map, &MapView::PointerLeft, main.get(), [this] { main->TellPlace({}); });
     auto* range = main->findChild<QComboBox*>(Shown(halvern.ConMdiFrm.ScaleCombo.Name()));
     QObject::connect(range, &QComboBox::activated, map, [this] { map->setFocus(); }); // its keys move the map now
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), item(2), BesideMap(0, 3, 0));

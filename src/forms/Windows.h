@@ -9,6 +9,7 @@
 #include "forms/Looks.h"
 #include "forms/MainWindow.h"
 #include "forms/MapView.h"
+#include "map/Places.h"
 #include "platform/qt/screen/QtDialogs.h"
 
 namespace halvern {
@@ -21,6 +22,7 @@ public:
     ~Windows();
 
     MainWindow& Main() const { return *main; }
+    MapView& Map() const { return *map; }
     /// The window of a form; every form has one.
     QWidget* WindowOf(const Form& form) const;
     /// Lends the dialogs what they need: the windows of modal forms, pictures to print, a place to read.

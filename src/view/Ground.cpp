@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <numbers>
 #include <utility>
 
@@ -52,6 +53,19 @@ std::string Maidenhead(GroundPoint point)
         locator += static_cast<char>(first + part(north, size));
     }
     return locator;
+}
+
+std::string PlaceInWords(std::optional<GroundPoint> own, GroundPoint place)
+{
+    auto words = Maidenhead(place);
+    if (!own || words.empty()) return words;
+    const double miles = GroundDistance(*own, place), kilometres = miles * NauticalMile;
+    const auto decimals = [](double length) { return length < 99.95 ? 1 : 0; };
+    const long bearing = std::lround(GroundBearing(*own, place)) % 360;
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "  %.*f nm %.*f km  %03ld\u00B0", decimals(miles), miles,
+                  decimals(kilometres), kilometres, bearing);
+    return words + text.data();
 }
 
 } // namespace halvern

@@ -32,6 +32,10 @@ const char* CompassPoint(double bearing);
 /// finite. Source: IARU Region 1 VHF managers' handbook.
 std::string Maidenhead(GroundPoint point);
 
+/// A place in the words of a status bar: "FN30as  12.4 nm 23.0 km  087°", the locator alone where `own` is not known.
+/// UTF-8.
+std::string PlaceInWords(std::optional<GroundPoint> own, GroundPoint place);
+
 /// Where a row of `PosLst` says that its station is.
 GroundPoint PlaceOfRow(std::string_view row);
 

@@ -154,8 +154,14 @@ TEST_F(MapWindow, SnapsToAStationAndOpensItsMenu)
     HearAt("Q0CAR", 40.25, 75.5);
     ShowNow();
     const auto onSymbol = PlaceOf(40.25, 75.5) - QPoint(0, 8);
+    auto* words = screen.Find<QLabel>("PointerPlace");
+    EXPECT_TRUE(words->isHidden());
     QTest::mouseMove(view, onSymbol);
     EXPECT_EQ(halvern.ConMdiFrm.StatusBar2.Caption(), "40.25 -75.5");
+    EXPECT_EQ(words->text(), "FN20gg");
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(view, &leave);
+    EXPECT_TRUE(words->isHidden());
     QTest::mouseClick(view, Qt::RightButton, {}, onSymbol);
     EXPECT_EQ(halvern.Map.PopStation, halvern.PositionFrm.PosLst.Find("Q0CAR    "));
     EXPECT_TRUE(screen.windows->Main().StationMenu().isVisible());
@@ -164,6 +170,49 @@ TEST_F(MapWindow, SnapsToAStationAndOpensItsMenu)
     QTest::mouseClick(view, Qt::LeftButton, {}, onSymbol);
     EXPECT_FLOAT_EQ(halvern.Map.MapCenterLat, 40.25F);
     EXPECT_FLOAT_EQ(halvern.Map.MapCenterLon, 75.5F);
+}
+
+TEST_F(MapWindow, IsFurnishedAboveItsPictureAndBelowTheLabels)
+{
+    HearAt("Q0PHL", 39.9524, 75.1656); // on a town that the view names
+    ShowNow();
+    const auto changedBy = [&](const char* look, const QRect& calm = {}) {
+        const auto before = view->grab().toImage();
+        for (auto* menu : screen.windows->Main().findChildren<QMenu*>())
+            for (auto* action : menu->actions())
+                if (action->objectName() == look) action->trigger();
+        ShowNow();
+        const auto after = view->grab().toImage();
+        if (!calm.isNull()) EXPECT_EQ(before.copy(calm), after.copy(calm)) << look;
+        QRect changed;
+        for (int y = 0; y < after.height(); ++y)
+            for (int x = 0; x < after.width(); ++x)
+                if (before.pixel(x, y) != after.pixel(x, y)) changed |= QRect(x, y, 1, 1);
+        return changed;
+    };
+    const auto picture = screen.windows->Map().PictureOf(halvern.MapFrm.Map1);
+    const QRect label(PlaceOf(39.9524, 75.1656) + QPoint(18, 2), QSize(30, 10));
+    EXPECT_GT(changedBy("Looks.PlaceNames", label).width(), view->width() / 2);
+    EXPECT_LT(changedBy("Looks.ScaleBar").width(), view->width() / 3);
+    EXPECT_LT(changedBy("Looks.Legend").height(), view->height() / 3);
+    EXPECT_GT(changedBy("Looks.GridFigures").height(), view->height() / 2);
+    EXPECT_EQ(screen.windows->Map().PictureOf(halvern.MapFrm.Map1), picture) << "none of it is saved or printed";
+    EXPECT_EQ(halvern.NoticesFrm.NoticeLst.Count(), 0);
+}
+
+TEST_F(MapWindow, HasTheShapeOfThePictureThatIsTheMap)
+{
+    screen.Find<QAction>("ConMdiFrm.BitMapMenu")->trigger();
+    ShowNow();
+    EXPECT_NEAR(double(view->width()) / view->height(), 1240.0 / 900, 0.01);
+    EXPECT_EQ(halvern.MapFrm.Map1.Width(), view->width());
+    const auto shown = screen.windows->Map().PictureOf(halvern.MapFrm.Map1);
+    auto black = shown.copy(shown.width() - 20, 0, 20, shown.height());
+    const auto edge = std::exchange(black, black.copy());
+    black.fill(Qt::black);
+    EXPECT_NE(edge, black) << "the picture goes to the edge";
+    screen.Find<QAction>("ConMdiFrm.DosMapMenu")->trigger();
+    EXPECT_EQ(view->size(), view->parentWidget()->size());
 }
 
 TEST_F(MapWindow, RepaintsAStationsOwnPixelsWhenItMoves)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/screen/DisplayList.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QPainter>
@@ -29,6 +30,19 @@ public:
     {
         return (point.x() < 0) | (point.x() > wide) << 1 | (point.y() < 0) << 2 | (point.y() > high) << 3;
     }
+    /// Takes the next point of the line in hand; `from` is the one before, in view coordinates as `to` is. A stretch
+    /// along a meridian or a parallel goes through the middles of pixels, or it would be sharp here and blurred there.
+    void Take(QPointF from, QPointF to, QPointF next)
+    {
+        if (!piece.empty() && from.x() == to.x() && std::abs(from.y() - to.y()) * std::abs(perY) > LongStretch) {
+            next.setX(std::floor(next.x()) + Middle);
+            piece.back().setX(next.x());
+        } else if (!piece.empty() && from.y() == to.y() && std::abs(from.x() - to.x()) * std::abs(perX) > LongStretch) {
+            next.setY(std::floor(next.y()) + Middle);
+            piece.back().setY(next.y());
+        }
+        piece.push_back(next);
+    }
     /// Draws the line in hand, and forgets it.
     void DrawPiece(QPainter& painter)
     {
@@ -47,6 +61,7 @@ private:
     static constexpr double PointsApart = 0.5;
     /// From this ratio on a line of one device pixel is too thin, and is drawn a second time beside itself.
     static constexpr double FineScreen = 1.5, Beside = 0.5;
+    static constexpr double LongStretch = 12, Middle = 0.5; ///< device pixels
     double fineness;
     bool doubled;
     ViewFrame frame;
@@ -102,11 +117,34 @@ void DisplayList::DrawLine(QPainter& painter, std::size_t first, std::size_t end
             onto.DrawPiece(painter);
         else if (i + 1 < end && onto.Near(next, last))
             continue;
-        onto.piece.push_back(next);
+        const auto& from = points[i - 1];
+        onto.Take(QPointF(from.x, from.y), QPointF(points[i].x, points[i].y), next);
         last = next;
         lastBeyond = beyond;
     }
     onto.DrawPiece(painter);
+}
+
+NetLines DisplayList::Net() const
+{
+    NetLines net;
+    const auto frame = frames.back();
+    const auto crosses = [](double from, double to, double high, double low) { // most of the view
+        return std::min(std::max(from, to), high) - std::max(std::min(from, to), low) > (high - low) / 2;
+    };
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        if (steps[i].kind != Step::Line || steps[i].colour != colour::Blue) continue;
+        const auto end = i + 1 < steps.size() ? steps[i + 1].first : points.size();
+        for (std::size_t next = steps[i].first + 1; next < end; ++next) {
+            const auto& [x1, y1] = points[next - 1];
+            const auto& [x2, y2] = points[next];
+            if (y1 == y2 && y1 < frame.top && y1 > frame.bottom && crosses(x1, x2, frame.left, frame.right))
+                net.parallels.insert(y1);
+            else if (x1 == x2 && x1 < frame.left && x1 > frame.right && crosses(y1, y2, frame.top, frame.bottom))
+                net.meridians.insert(x1);
+        }
+    }
+    return net;
 }
 
 void DisplayList::DrawOn(QImage& image, qreal ratio) const

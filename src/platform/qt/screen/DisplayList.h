@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,11 @@
 class QPainter;
 
 namespace halvern {
+
+/// Where the net of a map's meridians and parallels stands in its view. Degrees, north and west positive.
+struct NetLines {
+    std::set<float> parallels, meridians;
+};
 
 /// What was drawn on a map, in order, eight bytes a point.
 class DisplayList {
@@ -37,6 +43,9 @@ public:
 
     /// Nothing but its frame.
     bool Empty() const { return points.empty() && pictures.empty(); }
+
+    /// The straight blue lines that cross most of the last frame.
+    NetLines Net() const;
 
     /// Draws everything on an image, in its device pixels.
     /// @param ratio  device pixels to a pixel of an ordinary screen

@@ -7,8 +7,6 @@
 #include <QBuffer>
 #include <QPainter>
 
-#include "platform/qt/screen/DisplayList.h"
-
 namespace halvern {
 
 MapPainter::MapPainter(Surface& surface) : surface(surface), list(std::make_shared<DisplayList>(surface.Frame()))
@@ -132,6 +130,17 @@ const QImage& MapPainter::Layers(QSize size, qreal ratio)
     for (std::size_t i = 1; i < layers.size(); ++i) layers[i]->DrawOn(image, ratio);
     image.setDevicePixelRatio(ratio);
     return image;
+}
+
+NetLines MapPainter::Net() const
+{
+    auto net = list->Net();
+    for (const auto& layer : kept) {
+        auto below = layer->Net();
+        net.parallels.merge(below.parallels);
+        net.meridians.merge(below.meridians);
+    }
+    return net;
 }
 
 std::optional<QRectF> MapPainter::Band(QSizeF size) const

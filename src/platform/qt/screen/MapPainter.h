@@ -12,12 +12,11 @@
 #include <QRegion>
 
 #include "platform/Surface.h"
+#include "platform/qt/screen/DisplayList.h"
 
 class QPainter;
 
 namespace halvern {
-
-class DisplayList;
 
 /// Draws what comes to a surface, and keeps it as a list, so that a picture of any size can be made of it at any time.
 ///
@@ -36,6 +35,9 @@ public:
     /// @param ratio  device pixels to each of those
     /// @return a picture that is good until the next call or drawing operation
     const QImage& Image(QSize size, qreal ratio = 1);
+
+    /// The net of the map as it stands.
+    NetLines Net() const;
 
     /// Where the rubber band is, in pixels of a picture of that size.
     std::optional<QRectF> Band(QSizeF size) const;

@@ -11,7 +11,7 @@ QColor PaletteColour(int number)
 {
     static constexpr std::array<QRgb, 16> colours{
         0xFF000000, // black: the ground, and exactly 0, so that a print can tell it
-        0xFF345EA8, // blue: the net of the shipped maps, which is to stay behind everything else
+        0xFF1E3862, // blue: the net of the shipped maps, to be seen behind everything else where it is looked for
         0xFF3FB05C, // green
         0xFF2FB0BE, // cyan
         0xFFEB5A5A, // red
