@@ -169,7 +169,7 @@ MapLegend::MapLegend(QWidget* map) : QFrame(map)
     onBlack.setColor(QPalette::WindowText, ScaleColour);
     onBlack.setColor(QPalette::Button, PaletteColour(colour::Black));
     away->setPalette(onBlack);
-    away->setFixedSize(QSize(1, 1) * fontMetrics().height()); // no higher than its row
+    away->setFixedSize(away->sizeHint().width(), fontMetrics().height()); // no higher than its row
     grid->addWidget(away, 1, 1, Qt::AlignTop | Qt::AlignRight);
     connect(away, &QToolButton::clicked, this, &MapLegend::PutAway);
 }
