@@ -71,8 +71,8 @@ void ServeStations(RowsView* view, Halvern& halvern, const CallOfRow& callOf, St
     view->Offers = [view, &halvern, callOf](QMenu& menu, const std::string& row) {
         const auto call = callOf(row);
         const bool known = StationOf(halvern, call) != NotFound;
-        const auto offer = [&](const QString& words, bool possible, const std::function<void()>& act) {
-            menu.addAction(words, view, act)->setEnabled(possible);
+        const auto offer = [&](const QString& words, bool possible, const std::function<void()>& chosen) {
+            menu.addAction(words, view, chosen)->setEnabled(possible);
         };
         offer(QObject::tr("&Show on the Map"), known, [&halvern, view, call] { ShowOnMap(halvern, view, call); });
         offer(QObject::tr("&Message..."), !call.empty() && call != halvern.Engine.OwnCall,

@@ -2,6 +2,8 @@
 #include "forms/Tints.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QWidget>
 
 #include "engine/ProcessPacket.h"
 #include "platform/Text.h"
@@ -18,6 +20,31 @@ struct KindOfPacket {
 constexpr float Weather = 0.56F;
 constexpr KindOfPacket Kinds[] = {{":", 0.12F}, {";)", 0.34F}, {"T", 0.78F}, {">", 0.47F}, {"_", Weather}};
 
+/// Sets the colour anew whenever the desktop's palette, and with it the owner's, has changed.
+class PlaceholderColour final : public QObject {
+public:
+    explicit PlaceholderColour(QWidget* owner) : QObject(owner)
+    {
+        owner->installEventFilter(this);
+        Set();
+    }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange) Set();
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    static void Set()
+    {
+        const auto wanted = QuietColour(QApplication::palette());
+        if (QApplication::palette().color(QPalette::PlaceholderText) == wanted) return;
+        QPalette one; // all else stays the desktop's
+        one.setColor(QPalette::PlaceholderText, wanted);
+        QApplication::setPalette(one);
+    }
+};
+
 } // namespace
 
 QColor QuietColour(const QPalette& palette)
@@ -28,17 +55,9 @@ QColor QuietColour(const QPalette& palette)
                             mix(text.blueF(), ground.blueF()));
 }
 
-void KeepPlaceholdersLegible(QObject* owner)
+void KeepPlaceholdersLegible(QWidget* owner)
 {
-    const auto set = [] {
-        const auto wanted = QuietColour(QApplication::palette());
-        if (QApplication::palette().color(QPalette::PlaceholderText) == wanted) return;
-        QPalette one; // all else stays the desktop's
-        one.setColor(QPalette::PlaceholderText, wanted);
-        QApplication::setPalette(one);
-    };
-    set();
-    QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, owner, set);
+    new PlaceholderColour(owner);
 }
 
 QColor TintOfPacket(std::string_view rawRow)

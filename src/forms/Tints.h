@@ -15,7 +15,7 @@ QColor TintOfPacket(std::string_view rawRow);
 
 /// Shows in empty fields what belongs there in the quiet colour, whatever colour the desktop has for that.
 /// @param owner  for as long as it lives
-void KeepPlaceholdersLegible(QObject* owner);
+void KeepPlaceholdersLegible(QWidget* owner);
 
 /// What a lamp or another mark says, in colours that stand out from a light and from a dark window alike.
 enum class Mark { Good, Busy, Warning, Bad };
