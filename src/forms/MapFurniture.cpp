@@ -169,8 +169,7 @@ MapLegend::MapLegend(QWidget* map) : QFrame(map)
     onBlack.setColor(QPalette::WindowText, ScaleColour);
     onBlack.setColor(QPalette::Button, PaletteColour(colour::Black));
     away->setPalette(onBlack);
-    away->setFixedSize(away->sizeHint().width(), fontMetrics().height()); // no higher than its row
-    grid->addWidget(away, 1, 1, Qt::AlignTop | Qt::AlignRight);
+    grid->addWidget(away, 1, 1, 2, 1, Qt::AlignTop | Qt::AlignRight); // higher than one row
     connect(away, &QToolButton::clicked, this, &MapLegend::PutAway);
 }
 
