@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/Controls.h"
+#include "platform/Lists.h"
 
 namespace halvern {
 

@@ -5,6 +5,7 @@
 
 #include "forms/RowsView.h"
 #include "platform/Controls.h"
+#include "platform/Lists.h"
 
 /// One binding a kind of control. Each makes a widget that shows its control and passes on what the operator does, and
 /// that bears the control's name as its object name. No binding knows a rule.

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
 
 /// The two kinds of windows that forms get: inside the main window, or dialogs above it. Both show when the form is
 /// visible, bear its caption, and hand the close box to the form, which decides.

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "forms/Watching.h"
-#include "platform/Controls.h"
+#include "platform/Lists.h"
 
 namespace halvern {
 

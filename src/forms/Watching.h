@@ -10,7 +10,7 @@
 #include <set>
 #include <utility>
 
-#include "platform/Controls.h"
+#include "platform/Control.h"
 
 namespace halvern {
 

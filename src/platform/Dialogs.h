@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Controls.h"
+#include "platform/Form.h"
 #include "platform/LineFiles.h"
 #include "platform/Surface.h"
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/Controls.h"
 #include "platform/EndMark.h"
+#include "platform/Form.h"
 
 /// Serial ports and TCP sockets as controls. The behaviour talks to these; what moves the bytes is a device that the
 /// platform puts behind each of them: a real one, or a simulated one.

@@ -7,6 +7,8 @@
 
 #include "platform/Controls.h"
 #include "platform/EndMark.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 #include "platform/Ports.h"
 #include "state/Lists.h"
 

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 #include "state/PositionFields.h"
 #include "state/Symbols.h"
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 
 namespace halvern {
 

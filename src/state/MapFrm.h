@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/Controls.h"
+#include "platform/Form.h"
 #include "platform/PictureSize.h"
 #include "platform/Surface.h"
 

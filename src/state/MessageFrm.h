@@ -5,6 +5,8 @@
 #include <string>
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 #include "state/Rows.h"
 
 namespace halvern {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
 
 namespace halvern {
 

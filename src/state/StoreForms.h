@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 
 /// The windows that show a store each. The store holds the rows, in the order the engine gives them; the list beside
 /// it, whose name begins with "Sh", is a copy for display that Refresh renews. Rows are written by engine/, marked by

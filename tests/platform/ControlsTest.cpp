@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Controls.h"
+#include "platform/Form.h"
+#include "platform/Lists.h"
 
 #include <gtest/gtest.h>
 

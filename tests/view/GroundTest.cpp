@@ -25,7 +25,7 @@ TEST(Ground, TellsHowFarWhichWayAndInWhichSquare)
     EXPECT_EQ(Maidenhead({91, 0}), "");
     EXPECT_EQ(PlaceInWords({}, {91, 0}), "");
     EXPECT_EQ(PlaceInWords(GroundPoint{40, 73}, {40, 72.8}), "FN30oa  9.2 nm 17.0 km  090\u00B0");
-    EXPECT_EQ(PlaceInWords(GroundPoint{40, 73}, {41, 73.0001 + 360}), "FN31ma  60 nm 111 km  000\u00B0");
+    EXPECT_EQ(PlaceInWords(GroundPoint{40, 73}, {41, 73.0001 + 360}), "FN31la  60.0 nm 111 km  000\u00B0");
 }
 
 } // namespace

@@ -12,7 +12,7 @@ TEST(MapScale, HasRoundLengthsAndFigures)
         EXPECT_DOUBLE_EQ(RoundLength(most), length) << most;
     EXPECT_DOUBLE_EQ(RoundInNet(-9.963, 10), -10);
     EXPECT_DOUBLE_EQ(RoundInNet(33.6667 + 1e-4, 1 / 12.0), 33 + 40 / 60.0);
-    EXPECT_DOUBLE_EQ(RoundInNet(33.43, 0.5), 33.43) << "nothing round is near";
+    EXPECT_DOUBLE_EQ(RoundInNet(33.43, 0.1), 33.43) << "nothing round is near";
     EXPECT_EQ(LatitudeFigure(-40.5), "40\u00B030'S");
     EXPECT_EQ(LatitudeFigure(0), "0\u00B0");
     EXPECT_EQ(LongitudeFigure(73 + 57.5 / 60), "73\u00B057.5'W");
