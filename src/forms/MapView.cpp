@@ -24,9 +24,9 @@ MouseButton ButtonOf(const QMouseEvent* event)
 } // namespace
 
 MapView::MapView(Halvern& halvern, const Looks& looks, PlaceNames& places, QWidget* parent)
-    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm), sprites(halvern.MapFrm),
-      stations(halvern, sprites, places, *this), trails(halvern, looks, *this), places(places),
-      names(form, halvern.Map, places), legend(new MapLegend(this))
+    : QWidget(parent), halvern(halvern), looks(looks), form(halvern.MapFrm),
+      sprites(halvern.MapFrm, halvern.Map.StationPlot), stations(halvern, sprites, places, *this),
+      trails(halvern, looks, *this), places(places), names(form, halvern.Map, places), legend(new MapLegend(this))
 {
     for (Surface* surface : form.Surfaces()) drawn.push_back({surface, std::make_unique<MapPainter>(*surface)});
     drawn.front().painter->OnChange = [this] {

@@ -135,15 +135,10 @@ void SpriteLayer::Measure(int index)
     if (index >= static_cast<int>(pairs.size())) pairs.resize(index + 1);
     auto& pair = pairs[index];
     pair = {};
-    if (!form.SymPic.Exists(index)) return;
+    if (!form.SymPic.Exists(index) || index >= static_cast<int>(plot.size())) return;
     const auto& picture = form.SymPic(index);
-    // it was laid out for the surface's size, which may not be the view's yet
-    const double across = (frame.left - frame.right) / form.Map1.Width();
-    const double down = (frame.top - frame.bottom) / form.Map1.Height();
-    pair.lon = static_cast<float>(picture.left - picture.width * across / 2);
-    pair.lat = static_cast<float>(picture.top - picture.height * down);
-    pair.pictureX = -static_cast<float>(picture.width) / 2;
-    pair.pictureY = -static_cast<float>(picture.height);
+    pair.lon = plot[index].Lon;
+    pair.lat = plot[index].Lat;
     if (picture.visible && !picture.file.empty()) {
         pair.pictureWide = static_cast<short>(picture.width);
         pair.pictureHigh = static_cast<short>(picture.height);
@@ -151,8 +146,7 @@ void SpriteLayer::Measure(int index)
     }
     if (form.SymLbl.Exists(index) && form.SymLbl(index).visible && !form.SymLbl(index).caption.empty()) {
         const auto& label = form.SymLbl(index);
-        pair.labelX = static_cast<float>((pair.lon - label.left) / across);
-        pair.labelY = static_cast<float>((pair.lat - label.top) / down);
+        pair.labelAside = static_cast<short>(picture.width);
         pair.labelWide = WidthOf(label.caption);
         pair.labelHigh = labelHeight;
     }
@@ -163,11 +157,12 @@ void SpriteLayer::Project(Pair& pair) const
 {
     const double x = (frame.left - pair.lon) / (frame.left - frame.right) * size.width();
     const double y = (frame.top - pair.lat) / (frame.top - frame.bottom) * size.height();
-    const auto corner = [](double place, float offset) {
-        return static_cast<int>(std::lround(std::clamp(place + offset, -30000.0, 30000.0)));
+    const auto corner = [](double place) {
+        return static_cast<int>(std::lround(std::clamp(place, -30000.0, 30000.0)));
     };
-    pair.pictureBox = {corner(x, pair.pictureX), corner(y, pair.pictureY), pair.pictureWide, pair.pictureHigh};
-    pair.labelBox = {corner(x, pair.labelX), corner(y, pair.labelY), pair.labelWide, pair.labelHigh};
+    pair.pictureBox = {corner(x - pair.pictureWide / 2.0), corner(y - pair.pictureHigh), pair.pictureWide,
+                       pair.pictureHigh};
+    pair.labelBox = {corner(x - pair.labelAside), corner(y), pair.labelWide, pair.labelHigh};
 }
 
 /// What a station's symbol takes, with its ring.

@@ -52,7 +52,7 @@ private:
 /// those of the latest stations. Symbols are all shown.
 class SpriteLayer {
 public:
-    explicit SpriteLayer(const MapForm& form) : form(form) {}
+    SpriteLayer(const MapForm& form, const std::vector<StationPlotRecord>& plot) : form(form), plot(plot) {}
 
     /// A station's picture or label changed.
     void Note(int index);
@@ -89,10 +89,9 @@ public:
 private:
     /// A station in pixels. A picture or a label that is not shown has an empty box.
     struct Pair {
-        float lon = 0, lat = 0;           ///< where it stands, view coordinates
-        float pictureX = 0, pictureY = 0; ///< of its picture's corner from there, pixels
-        float labelX = 0, labelY = 0;     ///< of its label's corner from there, pixels
+        float lon = 0, lat = 0; ///< where it stands, view coordinates; its picture is centred above that
         short pictureWide = 0, pictureHigh = 0, labelWide = 0, labelHigh = 0;
+        short labelAside = 0; ///< how far left of the place its label begins, whose top is level with that
         const QPixmap* picture = nullptr;
         QRect pictureBox, labelBox;
         bool labelShown = false; ///< there is room for it
@@ -108,6 +107,7 @@ private:
     void PaintLabel(QPainter& painter, const LabelSprite& label, const QRect& box) const;
 
     const MapForm& form;
+    const std::vector<StationPlotRecord>& plot;
     std::unique_ptr<SymbolPictures> pictures;
     std::vector<Pair> pairs;
     TakenRoom room;

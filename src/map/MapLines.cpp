@@ -18,7 +18,6 @@ private:
 
 BothSurfaces::BothSurfaces(MapForm& form, const ReadAgain& again) : map(form.Map1), twin(form.Pic1)
 {
-    if (!again) return;
     for (auto* surface : {&map, &twin})
         surface->BeginLines([again](Painter& painter) {
             OnPainter lines(painter);
@@ -28,8 +27,8 @@ BothSurfaces::BothSurfaces(MapForm& form, const ReadAgain& again) : map(form.Map
 
 BothSurfaces::~BothSurfaces()
 {
-    map.EndLines();
-    twin.EndLines();
+    map.EndLines(count);
+    twin.EndLines(0);
 }
 
 } // namespace halvern

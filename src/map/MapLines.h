@@ -20,28 +20,30 @@ public:
 /// Reads the lines of a map once more, from the file that they came from.
 using ReadAgain = std::function<void(MapLines& lines)>;
 
-/// Draws on the map and on its twin.
+/// Draws on the twin of the map, whose picture the map takes over when all is there (`FinishLineMap`); the map's
+/// painters are told what stands there now, and how to have it again.
 class BothSurfaces final : public MapLines {
 public:
-    /// @param again  has the same lines read once more; without it whoever wants them later keeps each of them
-    explicit BothSurfaces(MapForm& form, const ReadAgain& again = {});
+    /// @param again  has the same lines read once more
+    BothSurfaces(MapForm& form, const ReadAgain& again);
     ~BothSurfaces() override;
     BothSurfaces(const BothSurfaces&) = delete;
     BothSurfaces& operator=(const BothSurfaces&) = delete;
     void Start(double x, double y, int colour) override
     {
-        map.Point(x, y, colour);
+        ++count;
         twin.Point(x, y, colour);
     }
     void LineTo(double x, double y, int colour) override
     {
-        map.LineTo(x, y, colour);
+        ++count;
         twin.LineTo(x, y, colour);
     }
 
 private:
     Surface& map;
     Surface& twin;
+    std::size_t count = 0;
 };
 
 } // namespace halvern

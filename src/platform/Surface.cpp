@@ -47,9 +47,9 @@ void Surface::BeginLines(const LinesAgain& again)
     for (auto* painter : painters) painter->BeginLines(again);
 }
 
-void Surface::EndLines()
+void Surface::EndLines(std::size_t unseen)
 {
-    for (auto* painter : painters) painter->EndLines();
+    for (auto* painter : painters) painter->EndLines(unseen);
 }
 
 void Surface::Picture(const std::string& file, int wide, int high)

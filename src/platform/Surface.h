@@ -56,7 +56,8 @@ public:
     virtual void Circle(double x, double y, double radius, int colour) = 0;
     /// The points and lines from here to the end can be had again: who keeps that need not keep them.
     virtual void BeginLines(const LinesAgain&) {}
-    virtual void EndLines() {}
+    /// @param unseen  how many there were that this surface was not given, since it takes over its twin's picture
+    virtual void EndLines(std::size_t /*unseen*/) {}
     /// A picture file, from the top-left corner, `width` by `height` pixels.
     virtual void Picture(const std::string& file, int width, int height) = 0;
     /// What stands on another surface becomes the lasting picture of this one, if both are of a kind.
@@ -88,7 +89,7 @@ public:
     void Box(double x1, double y1, double x2, double y2, int colour);
     void Circle(double x, double y, double radius, int colour);
     void BeginLines(const LinesAgain& again);
-    void EndLines();
+    void EndLines(std::size_t unseen);
     void Picture(const std::string& file, int width, int height);
     /// The picture of `other` becomes the lasting picture of this surface; painters of a kind pair up.
     void Keep(Surface& other);

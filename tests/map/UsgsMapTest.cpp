@@ -75,12 +75,19 @@ TEST_F(UsgsMap, PointsOutsideAreLeftOutAndTheRestJoined)
     GoToView(halvern(), 34, 110, 16); // the tiles of region 12, whose lines a test may put anywhere
     EXPECT_THAT(Drawn(), ElementsAre());
     const ViewFrame view{.left = 73.5, .top = 40.1F, .right = 73, .bottom = 40};
-    BothSurfaces surfaces(halvern().MapFrm);
-    ReadTileLines(*station.files.Read(S() + "/mapdata/S12_RDI.GRF"), view, surfaces);
-    EXPECT_THAT(Drawn(),
+    const auto drawnOf = [&](const char* tile) {
+        const auto read = [&, bytes = *station.files.Read(S() + "/mapdata/" + tile)](MapLines& lines) {
+            ReadTileLines(bytes, view, lines);
+        };
+        {
+            BothSurfaces surfaces(halvern().MapFrm, read);
+            read(surfaces);
+        }
+        return Drawn();
+    };
+    EXPECT_THAT(drawnOf("S12_RDI.GRF"),
                 ElementsAre("point 73.0999985,40.0499992 6", "line 73.25,40.0499992 6", "line 73.25,40.0250015 6"));
-    ReadTileLines(*station.files.Read(S() + "/mapdata/S12_WB.GRF"), view, surfaces);
-    EXPECT_THAT(Drawn(), ElementsAre("point 73.0999985,40.0250015 1")); // an edge is outside
+    EXPECT_THAT(drawnOf("S12_WB.GRF"), ElementsAre("point 73.0999985,40.0250015 1")); // an edge is outside
 }
 
 TEST_F(UsgsMap, AMissingTileEndsTheDrawingAndTheHourglass)

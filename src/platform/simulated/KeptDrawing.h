@@ -28,7 +28,7 @@ public:
     void Box(double, double, double, double, int) override {} // the rubber band is in no picture
     void Circle(double x, double y, double radius, int colour) override;
     void BeginLines(const LinesAgain& again) override;
-    void EndLines() override { inLines = false; }
+    void EndLines(std::size_t) override { inLines = false; }
     void Picture(const std::string& file, int width, int height) override;
     void Keep(Painter& other) override;
     void WhitenGround() override { whiteGround = true; }

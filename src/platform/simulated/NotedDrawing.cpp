@@ -42,6 +42,15 @@ void NotedDrawing::BeginLines(const LinesAgain& again)
     inLines = true;
 }
 
+void NotedDrawing::EndLines(std::size_t unseen)
+{
+    inLines = false;
+    if (unseen == 0) return;
+    noted += unseen;
+    steps.back().count += unseen;
+    ForgetOldest();
+}
+
 void NotedDrawing::Note(Step step)
 {
     ++noted;
@@ -49,6 +58,11 @@ void NotedDrawing::Note(Step step)
         ++steps.back().count;
     else
         steps.push_back(std::move(step));
+    ForgetOldest();
+}
+
+void NotedDrawing::ForgetOldest()
+{
     for (const auto forgotten = Forgotten(); gone + steps.front().count <= forgotten; steps.pop_front())
         gone += steps.front().count;
 }

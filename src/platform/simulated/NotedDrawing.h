@@ -51,7 +51,7 @@ public:
         Note({Step::Circle, x, y, radius, 0, colour});
     }
     void BeginLines(const LinesAgain& again) override;
-    void EndLines() override { inLines = false; }
+    void EndLines(std::size_t unseen) override;
     void Picture(const std::string& file, int width, int height) override
     {
         Note({Step::Picture, static_cast<double>(width), static_cast<double>(height), 0, 0, 0, file});
@@ -60,6 +60,7 @@ public:
 
 private:
     void Note(Step step);
+    void ForgetOldest();
     /// How many of the oldest steps are forgotten by now.
     std::size_t Forgotten() const;
 
