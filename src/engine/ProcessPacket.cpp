@@ -11,6 +11,7 @@
 #include "engine/ReceiveMessage.h"
 #include "engine/ReceiveObject.h"
 #include "engine/ResetStores.h"
+#include "engine/StationAhead.h"
 #include "platform/Text.h"
 #include "protocol/DecodeMicE.h"
 #include "protocol/PacketHeader.h"
@@ -266,7 +267,10 @@ void ProcessPacket(Halvern& halvern, std::string& line, std::string_view tag)
     if (halvern.TerminalFrm.RawPacketLst.Count() > MostRawRows)
         return StartStoresAgain(halvern, "StartAgain", "32,700 raw packets");
     try {
-        if (halvern.Engine.ReviewMode || TakeIn(halvern, line)) HandleLine(halvern, line, tag);
+        const StationAhead ahead(halvern, line);
+        if (!halvern.Engine.ReviewMode && !TakeIn(halvern, line)) return;
+        ahead.FetchTexts();
+        HandleLine(halvern, line, tag);
     } catch (const RuntimeFailure&) {
         RemovePlaceholder(halvern);
     } catch (...) {

@@ -74,6 +74,7 @@ void KeyIndex::Part(int index)
 
 void KeyIndex::Insert(int index, std::string_view key)
 {
+    askedPlace = NotFound;
     inOrder = inOrder && index == static_cast<int>(entries.size());
     Join(*entries.insert(entries.begin() + index, Entry{SerialFor(index), std::string(key)}));
 }
@@ -81,6 +82,7 @@ void KeyIndex::Insert(int index, std::string_view key)
 void KeyIndex::Replace(int index, std::string_view key)
 {
     if (entries[index].key == key) return;
+    askedPlace = NotFound;
     Part(index);
     entries[index].key = key;
     Join(entries[index]);
@@ -88,6 +90,7 @@ void KeyIndex::Replace(int index, std::string_view key)
 
 void KeyIndex::Remove(int index)
 {
+    askedPlace = NotFound;
     inOrder = inOrder && index + 1 == static_cast<int>(entries.size());
     Part(index);
     entries.erase(entries.begin() + index);
@@ -97,15 +100,23 @@ void KeyIndex::Clear()
 {
     entries.clear();
     groups->clear();
+    askedPlace = NotFound;
     inOrder = true;
+}
+
+int KeyIndex::FirstOf(std::string_view key) const
+{
+    if (askedPlace != NotFound && askedKey == key) return askedPlace;
+    const auto group = groups->find(key);
+    if (group == groups->end()) return NotFound;
+    askedKey = key;
+    return askedPlace = PlaceOf(group->second.first);
 }
 
 int KeyIndex::Find(std::string_view key, int from) const
 {
-    const auto group = groups->find(key);
-    if (group == groups->end()) return NotFound;
-    const int first = PlaceOf(group->second.first);
-    if (first >= from) return first;
+    const int first = FirstOf(key);
+    if (first >= from || first == NotFound) return first;
     for (auto index = static_cast<std::size_t>(from); index < entries.size(); ++index)
         if (entries[index].key == key) return static_cast<int>(index);
     return NotFound;

@@ -26,7 +26,8 @@ public:
     void Remove(int index);
     void Clear();
     /// Index of the first row of a key at or behind `from`, or NotFound. With `from` at or before the first such row
-    /// the cost does not grow with the rows.
+    /// the cost does not grow with the rows. The last answer is kept: a packet asks for its station's row several
+    /// times.
     int Find(std::string_view key, int from = 0) const;
     /// How many rows have this key.
     int Count(std::string_view key) const;
@@ -43,9 +44,13 @@ private:
     void Join(const Entry& entry);
     void Part(int index);
 
+    int FirstOf(std::string_view key) const;
+
     std::vector<Entry> entries;
     std::unique_ptr<Groups> groups;
-    bool inOrder = true; ///< rows were added at the end alone: each stands where its serial says
+    mutable std::string askedKey;
+    mutable int askedPlace = NotFound; ///< first row of `askedKey`, as long as no row has come, gone or changed its key
+    bool inOrder = true;               ///< rows were added at the end alone: each stands where its serial says
 };
 
 } // namespace halvern
