@@ -107,6 +107,7 @@ struct CommandLine {
     CommandLine()
     {
         app.require_subcommand(1);
+        app.set_version_flag("--version", "mapmaker " HALVERN_VERSION);
         app.set_help_all_flag("--help-all", "tells of all commands");
         auto& lines = AddCommand(app, "lines", "Make a map from vector files: DATA/dosmaps/NAME.map");
         AddCommon(lines, map);

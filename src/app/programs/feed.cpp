@@ -17,6 +17,7 @@
 #include "platform/EndMark.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "platform/Version.h"
 #include "protocol/Passcode.h"
 
 namespace halvern {
@@ -202,6 +203,7 @@ Options ReadOptions(const QCoreApplication& application)
     parser.setApplicationDescription("A packet server on this machine: plays a file of packet lines to every client "
                                      "that logs in,\nand hands on what each client sends to the others.");
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addOption({"port", "TCP port on 127.0.0.1; 0 for any free one.", "number", "14580"});
     parser.addOption({"rate", "Lines a second; 0 for as fast as they are read.", "lines", "10"});
     parser.addOption({"loop", "Play the file again and again."});
@@ -245,5 +247,6 @@ int RunFeed(const Options& options)
 int main(int count, char** arguments)
 {
     const QCoreApplication application(count, arguments);
+    QCoreApplication::setApplicationVersion(QString::fromStdString(halvern::ProgramVersion()));
     return halvern::RunFeed(halvern::ReadOptions(application));
 }

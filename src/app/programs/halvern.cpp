@@ -121,6 +121,7 @@ int main(int count, char** arguments)
 {
     QApplication application(count, arguments);
     QApplication::setApplicationName("halvern");
+    QGuiApplication::setDesktopFileName("example.halvern.Halvern");
     QApplication::setApplicationVersion(QString::fromStdString(halvern::ProgramVersion()));
     return halvern::RunStation(application, halvern::ReadOptions(application));
 }
