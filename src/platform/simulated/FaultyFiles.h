@@ -3,9 +3,12 @@
 
 #include <cstddef>
 #include <limits>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/Files.h"
+#include "platform/Text.h"
 
 namespace halvern {
 
@@ -22,9 +25,7 @@ public:
     std::optional<std::string> Read(const std::string& path) const override { return under.Read(path); }
     std::string Write(const std::string& path, std::string_view bytes) override
     {
-        if (bytes.size() > room) return "No space left on device";
-        room -= bytes.size();
-        return under.Write(path, bytes);
+        return TakeRoom(bytes.size()) ? under.Write(path, bytes) : Full;
     }
     bool Remove(const std::string& path) override { return under.Remove(path); }
     bool Rename(const std::string& from, const std::string& to) override { return under.Rename(from, to); }
@@ -32,7 +33,8 @@ public:
     std::vector<std::string> Folders(const std::string& folder) const override { return under.Folders(folder); }
     std::unique_ptr<OutputFile> OpenForOutput(const std::string& path, std::string& trouble) override
     {
-        return under.OpenForOutput(path, trouble);
+        auto file = under.OpenForOutput(path, trouble);
+        return file ? std::make_unique<Output>(*this, std::move(file)) : nullptr;
     }
     std::unique_ptr<InputFile> OpenForInput(const std::string& path, std::string& trouble) const override
     {
@@ -42,6 +44,31 @@ public:
     std::string Shown(const std::string& path) const override { return under.Shown(path); }
 
 private:
+    static constexpr const char* Full = "No space left on device";
+
+    /// A row that needs more room than there is fails whole.
+    struct Output final : OutputFile {
+        Output(FaultyFiles& disk, std::unique_ptr<OutputFile> file) : disk(disk), file(std::move(file)) {}
+        bool PrintLine(std::string_view line) override
+        {
+            full = !disk.TakeRoom(line.size() + CrLf.size());
+            return !full && file->PrintLine(line);
+        }
+        std::string Trouble() const override { return full ? Full : file->Trouble(); }
+        bool Is(const std::string& path) const override { return file->Is(path); }
+
+        FaultyFiles& disk;
+        std::unique_ptr<OutputFile> file;
+        bool full = false;
+    };
+
+    bool TakeRoom(std::size_t bytes)
+    {
+        if (bytes > room) return false;
+        room -= bytes;
+        return true;
+    }
+
     Files& under;
     std::size_t room = std::numeric_limits<std::size_t>::max();
 };
