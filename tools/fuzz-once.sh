@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# tools/fuzz-once.sh TARGET [RUNS]: a fixed number of inputs from a fixed seed, starting from the recorded traffic and
+# tools/fuzz-once.sh TARGET [RUNS [SEED]]: a fixed number of inputs from a fixed seed, starting from the recorded traffic and
 # the target's own seeds where they are there. By hand: a larger RUNS, or the target itself for as long as you like.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -18,7 +18,7 @@ if [ -d "$traffic" ] && [ "$name" = fuzz_packet_line ]; then
     seeds+=("$work/traffic")
 fi
 mkdir "$work/corpus"
-"$target" -runs="$runs" -seed=1 -max_len=4096 -timeout=20 -rss_limit_mb=4096 -artifact_prefix="$work/" \
+"$target" -runs="$runs" -seed="${3:-1}" -max_len=4096 -timeout=20 -rss_limit_mb=4096 -artifact_prefix="$work/" \
     -print_final_stats=0 "$work/corpus" "${seeds[@]}" 2> "$work/log" || {
     tail -n 60 "$work/log"
     for input in "$work"/crash-* "$work"/timeout-* "$work"/oom-*; do
