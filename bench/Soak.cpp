@@ -5,6 +5,8 @@
 // the seed. On the standard output is a line a month.
 //
 //     soak [--hours N] [--seed S] [--lines FILE]
+#include <malloc.h>
+
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -12,6 +14,7 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <utility>
 
 #include "Invariants.h"
 #include "SoakTraffic.h"
@@ -135,7 +138,11 @@ private:
     std::string saved;
     std::vector<std::string> said;
     std::map<std::string, long> faults;
-    std::vector<double> residents;
+    struct Memory {
+        double emptied, most; ///< MB
+    };
+    std::vector<Memory> months;
+    double most = 0;
     std::size_t descriptors = 0;
     std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
 };
@@ -556,20 +563,28 @@ void Year::CheckHour()
     CheckOwnPackets();
     CheckBounds();
     CheckLog();
+    most = std::max(most, Resident());
     drawn += static_cast<long>(map.Take().size() + picture.Take().size());
 }
 
+/// Memory is compared when the lists are empty, since they hold an hour's or a day's packets by chance; and as the most
+/// that there was in a month.
 void Year::EndMonth(int number)
 {
-    residents.push_back(Resident());
-    std::cout << "month " << number << ": " << DayHourMinute(UtcNow(time)) << "z, " << packets << " packets, "
-              << residents.back() << " MB, "
-              << std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count() << " s" << std::endl;
+    main.ClearMenu.Click();
+    ::malloc_trim(0);
+    months.push_back({Resident(), std::exchange(most, 0)});
+    const auto took = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
+    std::cout << "month " << number << ": " << packets << " packets, " << months.back().emptied << " MB emptied, "
+              << months.back().most << " MB at most, " << took << " s" << std::endl;
+    if (number < 3) return;
+    Require(months.back().emptied <= months[1].emptied * 1.05, "memory that stays is flat");
+    Require(months.back().most <= months[1].most * 1.05, "memory at its most is flat");
 }
 
 void Year::Run()
 {
-    int months = 0;
+    int ended = 0;
     for (int hour = 1; hour <= options.hours; ++hour) {
         for (int minute = 0; minute < 60; ++minute) {
             for (const int count : traffic.Minute()) Second(count);
@@ -581,14 +596,13 @@ void Year::Run()
         }
         CheckHour();
         ActOfTheHour();
-        if (hour % 732 == 0) EndMonth(++months);
+        if (hour % 732 == 0) EndMonth(++ended);
     }
     std::cout << "seed " << options.seed << ": " << options.hours << " hours in order, " << packets << " packets, "
               << repeats << " repeated, " << gated << " to the Internet, " << saves << " saves, " << views << " views, "
               << messages << " messages, " << drawn << " steps drawn";
     for (const auto& [fault, count] : faults) std::cout << ", " << fault << " " << count;
     std::cout << std::endl;
-    if (residents.size() >= 3) Require(residents.back() <= residents[1] * 1.05, "memory is flat");
 }
 
 } // namespace

@@ -19,6 +19,7 @@ if [ -d "$traffic" ] && [ "$name" = fuzz_packet_line ]; then
 fi
 mkdir "$work/corpus"
 "$target" -runs="$runs" -seed="${3:-1}" -max_len=4096 -timeout=20 -rss_limit_mb=4096 -artifact_prefix="$work/" \
+    -detect_leaks=0 \
     -print_final_stats=0 "$work/corpus" "${seeds[@]}" 2> "$work/log" || {
     tail -n 60 "$work/log"
     for input in "$work"/crash-* "$work"/timeout-* "$work"/oom-*; do
