@@ -17,6 +17,7 @@ public:
     FontedControl(List& list) : control(&list) {}
     FontedControl(TextField& field) : control(&field) {}
     FontedControl(Grid& grid) : control(&grid) {}
+    /// What the font is of, as the file and the window name it.
     const std::string& Name() const;
     Font Get() const;
     void Set(const Font& font) const;

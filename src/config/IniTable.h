@@ -33,6 +33,7 @@ struct Setting {
     const List* list = nullptr; ///< the lines are a count and the entries of this list
     int builtIn = 0;            ///< its first entries, which are never written; the line before is the list's index
 
+    /// Whether the setting bears a mark.
     bool Has(SettingMark mark) const { return (marks & mark) != 0; }
 };
 using SettingTable = std::vector<Setting>;

@@ -28,6 +28,7 @@ enum class LineKind {
 class IniFault : public RuntimeFailure {
 public:
     IniFault(int line, const std::string& name);
+    /// The line that could not be had, from 1.
     int Line() const { return line; }
 
 private:
@@ -37,6 +38,7 @@ private:
 /// Reads line after line.
 class IniReader {
 public:
+    /// @param bytes a whole file; it must outlive the reader.
     explicit IniReader(std::string_view bytes) : rest(bytes) {}
 
     /// The next value, in its kind. @throws IniFault with `name` where the file has ended, or where the line holds no
@@ -62,6 +64,7 @@ private:
 /// integer its index; integers are held to 16 bits.
 class IniWriter {
 public:
+    /// Appends one line.
     void Put(LineKind kind, const SettingValue& value);
     const std::string& Bytes() const { return bytes; }
 

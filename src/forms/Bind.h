@@ -15,6 +15,7 @@ namespace halvern {
 /// control is. `spoken` names it where the control has no label of its own.
 void BindCommon(QWidget* widget, Control& control, const QString& spoken = {});
 
+/// Each of these makes the widget that shows a control and carries the operator's acts to it.
 QLabel* BindLabel(Label& label, QWidget* parent);
 QGroupBox* BindFrame(Frame& frame, QWidget* parent);
 QPushButton* BindButton(Button& button, QWidget* parent);

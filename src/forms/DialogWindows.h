@@ -9,6 +9,7 @@
 /// The dialogs, one function each; and the windows inside the main window that have more than a list.
 namespace halvern {
 
+/// Dialogs that take more than a table of rows.
 DialogWindow* MakeSetUpWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeAddPathWindow(Halvern& halvern, QWidget* parent);
 DialogWindow* MakeFontWindow(Halvern& halvern, QWidget* parent);
@@ -29,6 +30,7 @@ RowsView* DialogRows(Halvern& halvern, List& list, QWidget* parent);
 /// A list with its label above it.
 void AddList(QVBoxLayout* layout, List& list, RowsView* view);
 
+/// The two windows of the main area that are no plain store.
 QWidget* MakeMessageWindow(Halvern& halvern);
 QWidget* MakeWeatherWindow(Halvern& halvern);
 

@@ -15,6 +15,7 @@ namespace halvern {
 /// Where a window stands that was never placed, in pixels of the area it stands in.
 using FirstPlace = std::function<QRect(const QRect& area)>;
 
+/// A window in the main area.
 class ChildWindow final : public QMdiSubWindow {
     Q_OBJECT
 public:
@@ -52,6 +53,7 @@ private:
     bool placing = false;
 };
 
+/// A window above the main one.
 class DialogWindow final : public QDialog {
     Q_OBJECT
 public:

@@ -10,6 +10,7 @@ namespace halvern {
 class HelpWindow final : public QDialog {
     Q_OBJECT
 public:
+    /// Shows the contents page; nothing is read before it is shown.
     explicit HelpWindow(QWidget* parent);
     /// A page of the help, or, where there is none, a word about that.
     void ShowPage(const QString& path);

@@ -62,6 +62,7 @@ private:
 class MapLegend final : public QFrame {
     Q_OBJECT
 public:
+    /// @param map the view it lies on.
     explicit MapLegend(QWidget* map);
     /// To the corner of a map of that size, or away where the map is too small for it.
     void Settle(QSize map);

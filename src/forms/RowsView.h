@@ -12,6 +12,7 @@ namespace halvern {
 class PlainTable : public QTableView {
     Q_OBJECT
 public:
+    /// A table without a frame of cells, row by row selected.
     explicit PlainTable(QWidget* parent);
     /// An empty face and a size of 0 mean the desktop's fixed-width font.
     void UseFont(const Font& font);

@@ -19,6 +19,7 @@ namespace halvern {
 /// The pictures of symbol files, each loaded once; a file of twice the size beside it serves screens of double scale.
 class SymbolPictures {
 public:
+    /// @param ratio device pixels a pixel.
     explicit SymbolPictures(qreal ratio) : ratio(ratio) {}
     qreal Ratio() const { return ratio; }
     /// The address is good as long as this lives. A file that can't be read gives an empty picture.

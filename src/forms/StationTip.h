@@ -20,7 +20,9 @@ QString RichText(const StationCard& uppermost, const std::vector<StationCard>& c
 /// A card in a window; nothing where there is none.
 class CardView final : public QLabel {
 public:
+    /// Empty until it is shown a card.
     explicit CardView(QWidget* parent);
+    /// Takes the place of the card before.
     void Show(const StationCard& card);
 };
 

@@ -12,6 +12,7 @@ namespace halvern {
 /// The columns of rows of `PosLst`.
 extern const std::vector<RowColumn> PositionColumns;
 
+/// Each makes the window of one store; it follows the store from then on.
 QWidget* MakePositionWindow(Halvern& halvern);
 QWidget* MakeStatusWindow(Halvern& halvern);
 QWidget* MakeDigiWindow(Halvern& halvern);

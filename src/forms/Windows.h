@@ -21,6 +21,7 @@ public:
     explicit Windows(Halvern& halvern, const std::string& looksFile = {});
     ~Windows();
 
+    /// The main window, and the map inside it.
     MainWindow& Main() const { return *main; }
     MapView& Map() const { return *map; }
     /// The window of a form; every form has one.

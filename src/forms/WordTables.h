@@ -13,6 +13,7 @@ struct WordEntry {
     const char* tip;
 };
 
+/// The words on the controls: main window, Setup, dialogs.
 std::span<const WordEntry> MainWords();
 std::span<const WordEntry> SetUpWords();
 std::span<const WordEntry> DialogWords();

@@ -17,6 +17,7 @@ struct Playback {
     std::string title = {}; ///< of the window that shows how far it is; empty for none
 };
 
+/// How far a file was played.
 struct Played {
     std::uint64_t lines = 0; ///< that were read
     bool stopped = false;    ///< by the operator

@@ -30,6 +30,7 @@ Success FitInto(double& place, std::optional<double> number);
 /// Walks over the items and lines of a text. Blanks around an item and quotes at both its ends don't count.
 class Items {
 public:
+    /// @param bytes a whole file; it must outlive the reader.
     explicit Items(std::string_view bytes) : at(bytes.data()), end(bytes.data() + bytes.size()) {}
 
     /// The next item. Its comma or line end is passed.

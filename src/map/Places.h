@@ -21,16 +21,19 @@
 /// Angles are degrees, north positive and west positive. `docs/formats.md` describes the file.
 namespace halvern {
 
+/// A place to be named on the map.
 struct NamedPlace {
     std::string_view name;    ///< UTF-8; lives as long as the bytes that it was read from
     double lat = 0, lon = 0;  ///< lon may lie a turn outside of 180 to -180, where the view does
     std::uint32_t people = 0; ///< the sections of a town are told with 9,999 at most
 };
 
+/// The degrees at the edges of a view.
 struct PlaceView {
     double top = 0, left = 0, bottom = 0, right = 0; ///< left is the larger longitude
 };
 
+/// The nearest place, and the way from it.
 struct NearPlace {
     NamedPlace place;
     double kilometres = 0;

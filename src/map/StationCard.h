@@ -14,6 +14,7 @@ struct StationCard {
     std::string call;
     std::string symbol;  ///< its name, or nothing where it has none
     std::string picture; ///< the full path of the symbol's file
+    /// One line of a card.
     struct Line {
         const char* word;
         std::string text;

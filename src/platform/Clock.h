@@ -33,7 +33,9 @@ struct TimeZone {
 class Clock {
 public:
     virtual ~Clock() = default;
+    /// The operator's wall clock.
     virtual Moment LocalTime() const = 0;
+    /// How that clock stands to UTC now.
     virtual TimeZone Zone() const = 0;
 };
 

@@ -85,6 +85,7 @@ private:
     const Doing outer;
 };
 
+/// What each control of a form is: a name, enabled and shown or not, watched by the windows.
 class Control {
 public:
     using Watcher = std::function<void(const Change&)>;

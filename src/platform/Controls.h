@@ -13,6 +13,7 @@
 /// The kinds of controls that hold one value; lists and tables stand in Lists.h, windows in Form.h.
 namespace halvern {
 
+/// A text that the program shows.
 class Label : public Control {
 public:
     Label(Form& form, std::string_view name, std::string caption = "")
@@ -47,6 +48,7 @@ private:
     const int width;
 };
 
+/// A text that can be clicked.
 class Button : public Label {
 public:
     using Label::Label;

@@ -19,6 +19,7 @@ enum class Answer { Yes, No, Cancel, Left };
 /// The title of every box that has no title of its own.
 inline constexpr const char* ProgramTitle = "Halvern";
 
+/// Which file or folder the operator is asked for.
 struct FileRequest {
     bool save = false;
     std::string title;
@@ -41,7 +42,9 @@ public:
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
+    /// Tells the operator, who acknowledges it.
     virtual void Message(Icon icon, const std::string& text, const std::string& title = ProgramTitle) = 0;
+    /// Asks yes or no.
     virtual Answer Question(const std::string& text, const std::string& title = ProgramTitle) = 0;
     /// @return nothing where the operator cancelled; an empty answer is an answer.
     virtual std::optional<std::string> Input(const std::string& prompt, const std::string& title = ProgramTitle,

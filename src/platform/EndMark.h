@@ -33,6 +33,7 @@ inline constexpr Framing KissFrames{.mark = FrameEnd, .longest = 4096, .opens = 
 /// end mark yet waits here, and never takes more room than the longest event.
 class EndMarkCutter {
 public:
+    /// @param framing what ends a piece, and how long one may be.
     explicit EndMarkCutter(const Framing& framing) : framing(framing) {}
 
     /// Takes what has arrived; Next cuts it.

@@ -19,6 +19,7 @@ namespace halvern {
 class RuntimeFailure : public std::runtime_error {
 public:
     RuntimeFailure(int number, const std::string& description) : std::runtime_error(description), number(number) {}
+    /// The number that the operator is told of.
     int Number() const { return number; }
 
 private:

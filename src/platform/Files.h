@@ -19,7 +19,9 @@ inline constexpr std::int64_t LongestFile = 256LL << 20;
 class Files {
 public:
     virtual ~Files() = default;
+    /// Whether there is a file that can be opened.
     virtual bool Exists(const std::string& path) const = 0;
+    /// Whether there is a folder.
     virtual bool FolderExists(const std::string& path) const = 0;
     /// Only plain files are read, never a device or a pipe.
     /// @return nothing where the file is missing, can't be read, or is longer than LongestFile

@@ -20,6 +20,7 @@ class KeyIndex {
 public:
     KeyIndex();
     ~KeyIndex();
+    /// Follow the list: a row has come at the end or before an index, has another key, is gone; all are gone.
     void Add(std::string_view key) { Insert(static_cast<int>(entries.size()), key); }
     void Insert(int index, std::string_view key);
     void Replace(int index, std::string_view key);

@@ -26,6 +26,7 @@ public:
     List(Form& form, std::string_view name, ListStyle style, std::span<const std::string_view> rows, int selected = -1);
 
     int Count() const { return static_cast<int>(rows.size()); }
+    /// @throws RuntimeFailure where there is no such row.
     const std::string& Row(int index) const;
     /// Puts a row at the end, or before the row of an index. The selection stays with its row.
     void Add(std::string_view row);
@@ -41,6 +42,7 @@ public:
     /// Becomes a copy of another list's rows.
     void CopyRows(const List& other);
 
+    /// The selected index, -1 for none.
     int Selected() const { return selected; }
     /// Selects a row, -1 for none. `OnClick` runs if that changed the selection. @throws RuntimeFailure.
     void Select(int index);
@@ -125,6 +127,7 @@ private:
 class FolderList : public List {
 public:
     using List::List;
+    /// The folder whose entries the rows are.
     const std::string& Path() const { return path; }
     /// The owner fills the rows again in `OnPath`.
     void SetPath(const std::string& next)
@@ -143,8 +146,10 @@ private:
 class Grid : public Control {
 public:
     Grid(Form& form, std::string_view name) : Control(form, name), columns(2) { SetSize(2, 2); }
+    /// Size, the header row counted.
     int Rows() const { return rows; }
     int Cols() const { return static_cast<int>(columns.size()); }
+    /// @throws RuntimeFailure where there is no such cell.
     const std::string& Cell(int row, int column) const;
     void SetCell(int row, int column, std::string_view text);
     /// Cells that remain keep their text; new ones are empty.

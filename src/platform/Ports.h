@@ -86,6 +86,7 @@ protected:
 /// Event codes of a serial port; only received bytes matter here.
 inline constexpr int ReceivedBytes = 2;
 
+/// A serial line: a port whose device is opened by its name and speed.
 class SerialPort final : public Port {
 public:
     SerialPort(Form& form, std::string_view name, const halvern::Framing& framing = {}) : Port(form, name, framing) {}
@@ -110,6 +111,7 @@ public:
     std::function<void(int eventCode)> OnReceive;
 };
 
+/// A TCP connection to one server: a port whose device connects by host and number.
 class Socket final : public Port {
 public:
     Socket(Form& form, std::string_view name, std::string host, int port, int timeoutMs,

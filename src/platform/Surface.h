@@ -47,8 +47,11 @@ using LinesAgain = std::function<void(Painter& painter)>;
 class Painter {
 public:
     virtual ~Painter() = default;
+    /// Takes away all that was drawn.
     virtual void Clear() = 0;
+    /// The degrees at the edges, by which later steps are placed.
     virtual void SetFrame(const ViewFrame& frame) = 0;
+    /// One dot at a longitude (west positive) and latitude.
     virtual void Point(double x, double y, int colour) = 0;
     /// From the current point, which moves to the end of the line.
     virtual void LineTo(double x, double y, int colour) = 0;
@@ -79,9 +82,11 @@ public:
     using Control::Control;
     Surface(Form& form, std::string_view name) : Control(form, name) {}
 
+    /// A painter gets each step from here on, until it is detached.
     void Attach(Painter& painter) { painters.push_back(&painter); }
     void Detach(Painter& painter);
 
+    /// The steps below go to every painter, in order; coordinates are those of the frame.
     void Clear();
     void SetFrame(const ViewFrame& frame);
     void Point(double x, double y, int colour);
@@ -98,6 +103,7 @@ public:
     /// The picture as the bytes of a BMP file, or nothing where nobody makes one.
     std::string Bitmap() const;
 
+    /// The frame set last.
     const ViewFrame& Frame() const { return frame; }
     /// Size in pixels of an ordinary screen.
     int Width() const { return width; }
@@ -107,6 +113,7 @@ public:
     double UnitsWide(double pixels) const;
     double UnitsHigh(double pixels) const;
 
+    /// What the mouse pointer looks like above it.
     Pointer MousePointer() const { return pointer; }
     void SetMousePointer(Pointer next) { Put(pointer, next); }
     /// False while a map is drawn that comes on the screen as a whole.
@@ -148,6 +155,7 @@ struct LabelSprite {
 template <class Sprite> class SpriteArray : public Control {
 public:
     SpriteArray(Form& form, std::string_view name) : Control(form, name), sprites(1) {}
+    /// Element 0 is always there.
     int Count() const { return static_cast<int>(sprites.size()); }
     bool Exists(int index) const { return index >= 0 && index < Count(); }
     const Sprite& operator()(int index) const

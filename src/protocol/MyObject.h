@@ -32,6 +32,7 @@ struct ObjectPlace {
     std::string comment;
 };
 
+/// An own object as its row in the store says it.
 struct MyObject {
     std::string name;   ///< made to fit its 9 columns
     std::string symbol; ///< table or overlay character, and code

@@ -24,6 +24,7 @@ struct MessageTrailer {
     std::string brace, point, number;
 };
 
+/// The row of a message that goes out, from its fields.
 std::string OutMsgRecord(std::string_view destination, std::string_view ownDest, std::string_view path,
                          std::string_view text, const MessageTrailer& trailer);
 

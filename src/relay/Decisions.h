@@ -13,6 +13,7 @@ namespace halvern {
 /// Which of the three looked at the packet.
 enum class Way { ToInternet, ToRadio, Repeat };
 
+/// Why a packet was passed or not.
 enum class Reason {
     // it went on
     Passed,
@@ -46,6 +47,7 @@ enum class Reason {
     NotNext,
 };
 
+/// What was done with one packet, and why.
 struct Decision {
     Decision(Reason reason) : reason(reason) {}
     Decision(Reason reason, std::string_view word) : reason(reason), word(word) {}

@@ -12,6 +12,7 @@ namespace halvern {
 
 enum class PortCondition { Closed, Connecting, Open, Sending, Quiet, Unverified, Lost };
 
+/// One port as the status bar shows it.
 struct PortLamp {
     const char* name = ""; ///< short, for the bar
     MenuItem* item = nullptr;

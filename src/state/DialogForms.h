@@ -26,6 +26,7 @@ struct AddPathForm : Form {
     std::int16_t Hops = 0, Digis = 0;
 };
 
+/// Own messages to take back: those that still repeat.
 struct KillMsgForm : Form {
     explicit KillMsgForm(Controls& all) : Form(all, "KillMsgFrm", "Kill Message") {}
     List KillLst{*this, "KillLst", ListStyle::MultiRows};
@@ -47,6 +48,7 @@ struct ObjectFieldsForm : Form, PositionFields {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// A new object of the operator's.
 struct CreateObjectsForm : ObjectFieldsForm {
     explicit CreateObjectsForm(Controls& all) : ObjectFieldsForm(all, "CreateObjectsFrm", "Create and Send My Objects")
     {
@@ -63,11 +65,13 @@ struct CreateObjectsForm : ObjectFieldsForm {
     std::string OverlayChar = " "; ///< a blank for none
 };
 
+/// An own object's next place.
 struct MoveMyObjectForm : ObjectFieldsForm {
     explicit MoveMyObjectForm(Controls& all) : ObjectFieldsForm(all, "MoveMyObjectFrm", "Move My Object") {}
     List ObjectLst{*this, "ObjectLst"};
 };
 
+/// Own objects to kill: they are sent as killed, then no more.
 struct KillMyObjectsForm : Form {
     explicit KillMyObjectsForm(Controls& all) : Form(all, "KillMyObjectsFrm", "Kill My Object") {}
     List ObjectLst{*this, "ObjectLst"};
@@ -75,6 +79,7 @@ struct KillMyObjectsForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// Own objects to stay silent about, without a word on the air.
 struct StpTransObjectsForm : Form {
     explicit StpTransObjectsForm(Controls& all) : Form(all, "StpTransObjectsFrm", "Stop Sending My Object") {}
     List ObjectLst{*this, "ObjectLst"};
@@ -83,6 +88,7 @@ struct StpTransObjectsForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// Others' objects to go on sending as own ones.
 struct TakeTransObjForm : Form {
     explicit TakeTransObjForm(Controls& all) : Form(all, "TakeTransObjFrm", "Take Over Object") {}
     List OthersObjLst{*this, "OthersObjLst"};
@@ -90,6 +96,7 @@ struct TakeTransObjForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// A call to look for on the map.
 struct FindForm : Form {
     explicit FindForm(Controls& all) : Form(all, "FindFrm", "Find Call Sign") {}
     TextField FindPosTxt{*this, "FindPosTxt"};
@@ -101,6 +108,7 @@ struct FindForm : Form {
     Button FindCloseCmd{*this, "FindCloseCmd", "&Close"};
 };
 
+/// The calls that a search found, to choose from.
 struct FindFoundForm : Form {
     explicit FindFoundForm(Controls& all) : Form(all, "FindFoundFrm", "Call Signs Found") {}
     List CallSignLst{*this, "CallSignLst"};
@@ -108,12 +116,14 @@ struct FindFoundForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// All that is known of one station, as text.
 struct InformationForm : Form {
     explicit InformationForm(Controls& all) : Form(all, "InformationFrm", "Information") {}
     List InformationLst{*this, "InformationLst"};
     Button CloseCmd{*this, "CloseCmd", "&Close"};
 };
 
+/// The page of a call in a directory on the Internet.
 struct BrowserForm : Form {
     explicit BrowserForm(Controls& all) : Form(all, "browfrm", "Look Up") {}
     TextField WebBrowser1{*this, "WebBrowser1"};
@@ -122,6 +132,7 @@ struct BrowserForm : Form {
     Button BrowClose{*this, "BrowClose", "&Close"};
 };
 
+/// The course of one weather value at one station.
 struct GraphForm : Form {
     explicit GraphForm(Controls& all) : Form(all, "GraphFrm", "Graph") {}
     List GraphLst{*this, "GraphLst"};
@@ -132,6 +143,7 @@ struct GraphForm : Form {
     Button CloseCmd{*this, "CloseCmd", "&Close"};
 };
 
+/// Wind direction and speed of one station, as it was told packet by packet.
 struct CompassForm : Form {
     explicit CompassForm(Controls& all) : Form(all, "CompassFrm", "Wind") {}
     List CompassLst{*this, "CompassLst"};
@@ -144,6 +156,7 @@ struct CompassForm : Form {
     bool Running = false; ///< the simulation plays
 };
 
+/// The printer that maps go to.
 struct ChosePrinterForm : Form {
     explicit ChosePrinterForm(Controls& all) : Form(all, "ChosePrinter", "Choose A Printer") {}
     List PrinterLst{*this, "PrinterLst"};
@@ -153,6 +166,7 @@ struct ChosePrinterForm : Form {
     bool Chosen = false; ///< it was closed by OK
 };
 
+/// Stations whose moves are told, and shown closely.
 struct PosAlarmForm : Form {
     explicit PosAlarmForm(Controls& all) : Form(all, "PosAlarmFrm", "Position Alarm") {}
     Label HelpLbl{*this, "HelpLbl"};
@@ -163,6 +177,7 @@ struct PosAlarmForm : Form {
     std::string PosAlarmMode = "alarm"; ///< or "delete"
 };
 
+/// Stations that the view goes along with.
 struct PosTrackForm : Form {
     explicit PosTrackForm(Controls& all) : Form(all, "PosTrackFrm", "Position Track") {}
     List TrackLst{*this, "TrackLst"};
@@ -171,6 +186,7 @@ struct PosTrackForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// The one symbol that the filter lets in.
 struct JustSymForm : Form {
     explicit JustSymForm(Controls& all) : Form(all, "JustSym", "Just One Symbol") {}
     List SymbolLst{*this, "SymbolLst", ListStyle::Rows, FilterSymbols};
@@ -178,6 +194,7 @@ struct JustSymForm : Form {
     Button CancelCmd{*this, "CancelCmd", "&Cancel"};
 };
 
+/// Queries to everybody or to one station.
 struct QueryForm : Form {
     explicit QueryForm(Controls& all) : Form(all, "QueryFrm", "Query") {}
     Choice QueryOpt{*this,
@@ -200,6 +217,7 @@ struct NoticesForm : Form {
     int News = 0; ///< how often something was told since the window was last up
 };
 
+/// The font of one kind of text.
 struct FontForm : Form {
     explicit FontForm(Controls& all) : Form(all, "FontFrm", "Fonts") {}
     Choice FormOpt{*this,

@@ -20,6 +20,7 @@ struct MapForm : Form {
     Surface Pic1{*this, "Pic1"};
     Surface Pic2{*this, "Pic2"};
     Surface PrintPicBox{*this, "PrintPicBox"};
+    /// All that maps are drawn on.
     std::array<Surface*, 4> Surfaces() { return {&Map1, &Pic1, &Pic2, &PrintPicBox}; }
     SpriteArray<PictureSprite> SymPic{*this, "SymPic"};
     SpriteArray<LabelSprite> SymLbl{*this, "SymLbl"};

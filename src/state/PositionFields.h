@@ -22,6 +22,7 @@ struct PositionFields {
     TextField LatDegtxt, LatMintxt, LatDectxt, LatSigntxt;
     TextField LonDegtxt, LonMintxt, LonDectxt, LonSigntxt;
 
+    /// As the settings file lists them.
     std::array<TextField*, 8> InOrder()
     {
         return {&LatDegtxt, &LatMintxt, &LatDectxt, &LatSigntxt, &LonDegtxt, &LonMintxt, &LonDectxt, &LonSigntxt};

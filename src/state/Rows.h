@@ -11,6 +11,7 @@
 /// The columns of the store rows, 1-based, as docs/formats.md tells them. Reader and writer both use these.
 namespace halvern {
 
+/// A field of a row by its first column, from 1, and its width.
 struct ColumnRange {
     std::size_t first;
     std::size_t count;

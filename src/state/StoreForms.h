@@ -10,18 +10,21 @@
 /// it, by relay/ and by reports/, put aside and brought back by history/.
 namespace halvern {
 
+/// The last report of each station; row i is plot record i.
 struct PositionForm : Form {
     explicit PositionForm(Controls& all) : Form(all, "PositionFrm", "Position Form") {}
     KeyedList PosLst{*this, "PosLst"};
     List ShPosLst{*this, "ShPosLst"};
 };
 
+/// The last status text of each station.
 struct StatusForm : Form {
     explicit StatusForm(Controls& all) : Form(all, "StatusFrm", "Status Form") {}
     KeyedList StatusLst{*this, "StatusLst"};
     List ShStatusLst{*this, "ShStatusLst"};
 };
 
+/// The best path by which each station was heard.
 struct DigiForm : Form {
     explicit DigiForm(Controls& all) : Form(all, "DigiFrm", "Digi Form") {}
     KeyedList DigiLst{*this, "DigiLst"};
@@ -34,12 +37,14 @@ struct HeardForm : Form {
     Grid HeardGrid{*this, "HeardGrid"};
 };
 
+/// Every line as it came in, newest last.
 struct TerminalForm : Form {
     explicit TerminalForm(Controls& all) : Form(all, "TerminalFrm", "Raw Received") {}
     List RawPacketLst{*this, "RawPacketLst"}; ///< a marked row was unwrapped out of a third-party packet
     List ShRawPacketLst{*this, "ShRawPacketLst"};
 };
 
+/// DX spots and resource lines.
 struct DxForm : Form {
     explicit DxForm(Controls& all) : Form(all, "DxFrm", "Dx Form") {}
     List ResourceLst{*this, "ResourceLst"};
@@ -51,6 +56,7 @@ struct TelemetryForm : Form {
     explicit TelemetryForm(Controls& all) : Form(all, "TelemetryFrm", "Telemetry Form") {}
 };
 
+/// Which station's weather is graphed or shown on the compass, and which value of it.
 struct WeatherForm : Form {
     explicit WeatherForm(Controls& all) : Form(all, "WeatherFrm", "Weather Form") {}
     TextField CallSignTxt{*this, "CallSignTxt", "CALL SIGN"};

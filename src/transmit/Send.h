@@ -18,6 +18,7 @@ constexpr Road operator|(Road one, Road other)
     return static_cast<Road>(static_cast<unsigned>(one) | static_cast<unsigned>(other));
 }
 
+/// Whether a road is among some.
 constexpr bool Includes(Road roads, Road road)
 {
     return (static_cast<unsigned>(roads) & static_cast<unsigned>(road)) != 0;

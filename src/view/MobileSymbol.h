@@ -8,6 +8,7 @@ namespace halvern {
 /// The codes of things that move. They count on either symbol table.
 inline constexpr std::string_view MobileCodes = "'aObUfgXej[(<Ps=RpY*kuv)^>S";
 
+/// Whether a symbol is of something that drives, flies or swims.
 inline bool IsMobile(char symbolCode)
 {
     return symbolCode != '\0' && MobileCodes.find(symbolCode) != std::string_view::npos;

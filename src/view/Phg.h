@@ -8,6 +8,7 @@
 /// Power, height, gain and direction of a station's antenna. Source: APRS protocol reference, chapter 7.
 namespace halvern {
 
+/// Power, antenna height, gain and direction, as a report tells them.
 struct Phg {
     double power = 0;     ///< watts
     double height = 0;    ///< feet above the average terrain

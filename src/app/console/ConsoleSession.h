@@ -50,8 +50,10 @@ public:
     int CarryOutLines(const std::function<bool()>& stop);
 
     // for the commands
+    /// What is outside of the station: time, ports, drawing.
     ConsoleWorld& World() { return world; }
     void Print(const std::string& line) const { world.Print(line); }
+    /// Lets simulated time pass, all that falls due in it in order.
     void LetTimePass(std::int64_t milliseconds);
     /// The control that a name means. A name without a form is one of the main window, or the only one of that name.
     /// @throws ConsoleError where there is none

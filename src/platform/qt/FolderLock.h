@@ -9,6 +9,7 @@ namespace halvern {
 /// Keeps a second program off a station's folder, where it would undo what the first one saves.
 class FolderLock {
 public:
+    /// The folder is not taken yet.
     explicit FolderLock(const std::string& folder);
 
     /// Takes the folder for as long as this lives. What a program left behind that did not end in order is no obstacle,

@@ -14,7 +14,9 @@ namespace halvern {
 /// What a simulated port notes: every write since last asked. An open or a connect succeeds unless a refusal waits.
 class SimulatedLine {
 public:
+    /// What was written since it was last asked for, a write each.
     std::vector<std::string> TakeSent();
+    /// Whether the line is open.
     bool UpNow() const { return open; }
     /// The next open fails with this number and text.
     void Refuse(int number, std::string text) { refusal = PortError{number, "", std::move(text)}; }
@@ -28,6 +30,7 @@ private:
     std::optional<PortError> refusal;
 };
 
+/// A serial line whose far end is a test or the console.
 class SimulatedSerial final : public SerialDevice, public SimulatedLine {
 public:
     explicit SimulatedSerial(SerialPort& port) : port(port) { port.device = this; }
@@ -43,6 +46,7 @@ private:
     SerialPort& port;
 };
 
+/// A connection whose far end is a test or the console.
 class SimulatedSocket final : public SocketDevice, public SimulatedLine {
 public:
     explicit SimulatedSocket(Socket& socket) : socket(socket) { socket.device = this; }
@@ -62,6 +66,7 @@ private:
 /// A simulated device behind every port among these controls.
 class SimulatedPorts {
 public:
+    /// Gives each port of the station a simulated device.
     explicit SimulatedPorts(Controls& controls);
     /// @return nullptr for what is no port.
     SimulatedLine* Line(const Control& port) const;

@@ -15,6 +15,7 @@ namespace halvern {
 /// Files on a disk that gets full, over those of somebody else.
 class FaultyFiles final : public Files {
 public:
+    /// @param under the files that are asked where no fault is set.
     explicit FaultyFiles(Files& under) : under(under) {}
 
     /// Bytes that the disk still takes. A write that needs more fails whole.

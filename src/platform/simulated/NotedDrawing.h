@@ -14,6 +14,7 @@ namespace halvern {
 /// are read once more when they are asked for.
 class NotedDrawing : public Painter {
 public:
+    /// One drawing step as it was asked for.
     struct Step {
         enum Kind : unsigned char { Clear, Frame, Point, Line, Box, Circle, Picture, Lines } kind;
         double a = 0, b = 0, c = 0, d = 0;
@@ -25,6 +26,7 @@ public:
     /// Past this many steps the oldest half is forgotten, so that a station that nobody asks does not grow.
     static constexpr std::size_t MostSteps = 1 << 20;
 
+    /// Notes all steps of a surface from now on.
     explicit NotedDrawing(Surface& surface) : surface(surface) { surface.Attach(*this); }
     ~NotedDrawing() override { surface.Detach(*this); }
     NotedDrawing(const NotedDrawing&) = delete;

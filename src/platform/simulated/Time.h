@@ -14,6 +14,7 @@ class SimulatedTime final : public Clock {
 public:
     Moment LocalTime() const override;
     TimeZone Zone() const override { return zone; }
+    /// Local time stands thus to UTC from now on.
     void SetZone(const TimeZone& next) { zone = next; }
     /// Sets the clock; no timer fires.
     void SetUtc(const Moment& moment);
