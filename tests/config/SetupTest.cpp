@@ -193,17 +193,6 @@ TEST_F(Setup, TheWeatherFileIsFoundByItsFolders)
     EXPECT_EQ(setUp.Drive1.Text(), "/");
 }
 
-TEST_F(Setup, HelpAndTheTimeAreShown)
-{
-    station.time.SetUtc({2025, 3, 9, 4, 5, 6});
-    main.SetupMenu.Click();
-    EXPECT_EQ(setUp.UtcTimeLbl.Caption(), "03/09/2025 04:05:06");
-    Put("WxHelp.txt", "help");
-    EXPECT_THAT(SaidAt(setUp.WxHelpCmd), ElementsAre(HasSubstr("WxHelp.txt")));
-    EXPECT_THAT(SaidAt(setUp.IgateHelpCmd), ElementsAre(HasSubstr("No such file or directory")));
-    EXPECT_THAT(SaidAt(setUp.HelpCmd), ElementsAre(HasSubstr("halvern.chm")));
-}
-
 TEST_F(Setup, AFontGoesToAllListsAndFieldsOfAForm)
 {
     main.FontMenu.Click();

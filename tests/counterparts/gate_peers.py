@@ -9,24 +9,27 @@ from the server go on the air behind their hold, unless another gate was first. 
 """
 import collections
 import itertools
-import os
 import pathlib
 import re
 import shutil
-import socket
-import subprocess
 import sys
 import tempfile
-import threading
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "bench"))
+from real_peers import Air, Server, Station, run_alone, wait_for  # noqa: E402
+
 GATE, FAR, OTHER, NEAR, HOLD = b"Q0GAT", b"Q1FAR", b"Q2GAT", b"Q3NIL", 3
+SETTINGS = f"""select SetUpfrm.IgateOpt 1
+select SetUpfrm.IgateBIOpt 1
+select SetUpfrm.IgateHopOpt 1
+set SetUpfrm.IgateTimeLbl "{HOLD}"
+click SetUpfrm.TabOkCmd
+click ConMdiFrm.SoundCardMenu
+click ConMdiFrm.PortIp"""
 WORDS = [b"TCPIP", b"TCPXX", b"qAC", b"qAX", b"qAU", b"qAo", b"qAO", b"qAS", b"qAr", b"qAR", b"qAZ", b"qAI"]
 KEYWORDS = tuple(b"AP BEACON MAIL QST CQ GPS ALL AIR ID DF DRILL DX JAVA MICE QTH SKY SPACE SPC SYM TEST TLM WX ZIP DGPS "
                  b"RTCM TEL".split())
-CONF = ("ADEVICE stdin rec\nARATE 44100\nACHANNELS 1\nCHANNEL 0\nMYCALL N0CALL-10\nMODEM 1200\nAGWPORT 0\nKISSPORT 4000\n"
-        "TXDELAY 10\nTXTAIL 2\nPERSIST 255\nSLOTTIME 1\n")
-SOUND = '</usr/share/alsa/alsa.conf>\npcm.rec {\n type file\n slave.pcm null\n file "sent.raw"\n format raw\n}\n'
 
 
 # --- the rules, told a second time -----------------------------------------------------------------------------------
@@ -114,112 +117,6 @@ class Gate:
         return "addressee near" if near else "passed"
 
 
-# --- the peers -------------------------------------------------------------------------------------------------------
-
-def listen(sock, end, take):
-    def run():
-        rest = b""
-        while data := sock.recv(65536):
-            *whole, rest = (rest + data).split(end)
-            for each in whole:
-                take(each)
-    threading.Thread(target=run, daemon=True).start()
-
-
-def wait_for(holds, what, seconds=20):
-    until = time.monotonic() + seconds
-    while not holds():
-        if time.monotonic() > until:
-            raise SystemExit("failed: " + what)
-        time.sleep(0.01)
-
-
-class Air:
-    """The engine: sound in, frames out on port 4000, its log for what it transmits."""
-
-    def __init__(self, folder):
-        (folder / "engine.conf").write_text(CONF)
-        (folder / "sound.conf").write_text(SOUND)
-        self.folder, self.lines = folder, []
-        self.engine = subprocess.Popen(
-            ["direwolf", "-c", "engine.conf", "-t", "0", "-r", "44100", "-b", "16", "-n", "1", "-"], cwd=folder,
-            stdin=subprocess.PIPE, stdout=open(folder / "log", "wb"), stderr=subprocess.STDOUT,
-            env=dict(os.environ, ALSA_CONFIG_PATH=str(folder / "sound.conf")))
-        for _ in range(500):
-            try:
-                self.tap = socket.create_connection(("127.0.0.1", 4000))
-                break
-            except OSError:
-                time.sleep(0.02)
-        listen(self.tap, b"\xc0", lambda frame: frame and self.lines.append(unwrapped(text_of(frame))))
-
-    def say(self, lines):
-        (self.folder / "heard.txt").write_bytes(b"\n".join(lines) + b"\n")
-        subprocess.run(["gen_packets", "-o", "heard.wav", "heard.txt"], cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
-        self.engine.stdin.write((self.folder / "heard.wav").read_bytes()[44:] + bytes(44100))
-        self.engine.stdin.flush()
-
-    def sent(self):
-        return re.findall(rb"^\[0L\] (.*?)(?:<0x0d>)?\s*$", (self.folder / "log").read_bytes(), re.M)
-
-
-class Server:
-    """The feed, and a far station that is logged in to it and sees what the gate sends there."""
-
-    def __init__(self, build, folder):
-        self.feed = subprocess.Popen([build / "halvern-feed", "--check-login", "--port", "0"], stdout=subprocess.PIPE)
-        self.port = next(int(line.rsplit(b":", 1)[1]) for line in self.feed.stdout if line.startswith(b"listening"))
-        threading.Thread(target=self.feed.stdout.read, daemon=True).start()
-        self.lines, self.far = [], socket.create_connection(("127.0.0.1", self.port))
-        listen(self.far, b"\r\n", lambda line: line[:1] != b"#" and self.lines.append(line))
-        self.say(b"user %s pass %d" % (FAR, passcode(FAR)))
-
-    def say(self, line):
-        self.far.sendall(line + b"\r\n")
-
-    def gated(self):
-        return [line for line in self.lines if not line.startswith(GATE + b">")]
-
-
-def passcode(call):
-    code = 0x73e2
-    for i, byte in enumerate(call):
-        code ^= byte << (8 if i % 2 == 0 else 0)
-    return code & 0x7fff
-
-
-class Station:
-    def __init__(self, build, data, folder, port):
-        for entry in data.iterdir():
-            if entry.is_dir():
-                (folder / entry.name).symlink_to(entry)
-        settings = (data / "demo/Halvern.INI").read_bytes().split(b"\r\n")
-        (folder / "Halvern.INI").write_bytes(b"\r\n".join([GATE, b"0"] + settings[2:]))
-        self.process = subprocess.Popen([build / "halvern-console", folder], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.do(f"""set SetUpfrm.IntDomainCombo "127.0.0.1"
-            set SetUpfrm.APRServePortTxt "{port}"
-            set SetUpfrm.APRServePassTxt "{passcode(GATE)}"
-            select SetUpfrm.IgateOpt 1
-            select SetUpfrm.IgateBIOpt 1
-            select SetUpfrm.IgateHopOpt 1
-            set SetUpfrm.IgateTimeLbl "{HOLD}"
-            click SetUpfrm.TabOkCmd
-            click ConMdiFrm.SoundCardMenu
-            click ConMdiFrm.PortIp""")
-
-    def do(self, lines):
-        self.process.stdin.write((lines + '\necho "done"\n').encode())
-        self.process.stdin.flush()
-        answers = []
-        for line in self.process.stdout:
-            if line.strip() == b'echo "done"':
-                return answers
-            if line.startswith(b"error"):
-                raise SystemExit(line.decode())
-            answers.append(line.decode().strip())
-        raise SystemExit("failed: the station ended")
-
-
 # --- the story -------------------------------------------------------------------------------------------------------
 
 def recorded(traffic, count):
@@ -244,7 +141,7 @@ def to_server(air, server, lines):
     wait_for(lambda: last in server.lines, "the last line comes to the server", 60 + len(lines))
     gate = Gate()
     expected = [line for line in list(air.lines) if gate.step(line)]
-    for mine, theirs in itertools.zip_longest(expected, server.gated()):
+    for mine, theirs in itertools.zip_longest(expected, [line for line in server.lines if not line.startswith(GATE + b">")]):
         if mine != theirs:
             raise SystemExit(f"failed: expected {mine}\non the server {theirs}")
     print(f"{len(lines)} lines on the air, {len(air.lines)} frames, {len(expected)} lines on the server, all as expected, in "
@@ -272,21 +169,17 @@ def to_radio(air, server, station):
 
 
 def main():
-    if "GATE_PEERS_ALONE" not in os.environ:  # the engine listens on every interface, on a fixed port
-        os.environ["GATE_PEERS_ALONE"] = "1"
-        alone = ["unshare", "-rn", sys.executable]
-        if shutil.which("unshare") and subprocess.run([*alone, "-c", ""], stderr=subprocess.DEVNULL, check=False).returncode == 0:
-            os.execvp("unshare", [*alone, *sys.argv])
-        sys.exit(print("Skipped: no network namespace") or 77)
+    run_alone()
     build, data, traffic = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
     if not all(map(shutil.which, ("direwolf", "gen_packets", "ip"))) or not any(traffic.glob("*.tnc2")):
         sys.exit(print("Skipped: needs direwolf, ip and recorded packets") or 77)
-    subprocess.run(["ip", "link", "set", "lo", "up"], check=True)
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         (folder / "station").mkdir()
-        server, air = Server(build, folder), Air(folder)
-        station = Station(build, data, folder / "station", server.port)
+        server = Server(build, FAR)
+        air = Air(folder, lambda frame: unwrapped(text_of(frame)))
+        station = Station(build, data, folder / "station", GATE, server.port)
+        station.do(SETTINGS)
         try:
             wait_for(lambda: any(line.startswith(GATE) for line in server.lines), "the gate beacons on the server")
             to_server(air, server, recorded(traffic, int(sys.argv[4]) if len(sys.argv) > 4 else 300))

@@ -46,16 +46,6 @@ TEST_F(RowsTest, AreAnnouncedTogetherAndReadAsEmptyWhenGoneBefore)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(RowsTest, AreCutAtTheirColumns)
-{
-    store.Add("Q0ABC     >at home");
-    store.Add("Q0");
-    StoreModel model(store, {{1, 9, "Call", ""}, {11, 0, "Status", ""}}, StoreModel::Pace::AtOnce, false, nullptr);
-    EXPECT_EQ(TextAt(model, 0), "Q0ABC    ");
-    EXPECT_EQ(model.data(model.index(0, 1), Qt::DisplayRole).toString(), ">at home");
-    EXPECT_EQ(model.data(model.index(1, 1), Qt::DisplayRole).toString(), "");
-}
-
 /// Whatever happens to a store, a persistent index follows its row, as a reader's place does.
 TEST_F(RowsTest, KeepTheirIdentityThroughAnyChanges)
 {

@@ -34,18 +34,6 @@ TEST(Calibration, BothKindsOfFile)
     for (const auto& [file, corners] : inf) EXPECT_EQ(text(ReadInfCalibration(file)), text(corners)) << file;
 }
 
-/// By the height in its decimals, whatever binary numbers make of it; below one degree by the sum of both edges.
-TEST(Calibration, RangesComeFromATableWithHoles)
-{
-    const struct {
-        double top, bottom, range;
-    } cases[] = {{42, 41, 32},        {42, 41.9, 4},    {41.9, 42, 4},       {40, 40, 0.0625}, {10.125, 10, 4},
-                 {10.19, 10, 0.0625}, {10.05, 10, 2},   {10.04, 10, 0.0625}, {50, 0.5, 1024},  {50, -50, 0.0625},
-                 {80, 0.5, 2048},     {-20, -21, 1024}, {103.3, 1, 4096},    {500, 1, 8192}};
-    for (const auto& [top, bottom, range] : cases)
-        EXPECT_EQ(RangeOfPicture({top, 0, bottom, 0}), range) << top << " " << bottom;
-}
-
 class BitmapMap : public MapStation {
 protected:
     BitmapMap()
@@ -116,15 +104,6 @@ TEST_F(BitmapMap, APictureThatCantBeShownIsToldAndTheStationsStandWhereTheyAre)
     EXPECT_THAT(Said(), ElementsAre("message critical \"Halvern\" \"Error # 481 Invalid picture: '" + S() +
                                     "/bitmap/wide.old.gif'\""));
     EXPECT_EQ(halvern().MapFrm.Map1.Frame().top, 12);
-}
-
-TEST_F(BitmapMap, NothingIsDrawnWhileTheSelectorsFill)
-{
-    MapCommand(halvern(), "BitMap");
-    Drawn();
-    view().MapBusy = true;
-    main().BitMapCombo.Select(1);
-    EXPECT_THAT(Drawn(), IsEmpty());
 }
 
 TEST_F(BitmapMap, WithoutAPictureTheKindStays)

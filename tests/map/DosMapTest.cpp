@@ -40,18 +40,6 @@ TEST_F(DosMap, TheRangeChoosesAmongWorldAndList)
     EXPECT_THAT(Said(), IsEmpty());
 }
 
-TEST_F(DosMap, BothSurfacesGetEveryPoint)
-{
-    ShowMap();
-    station.picture.Take();
-    Go(64);
-    Strings onTwin;
-    const auto onMap = Drawn();
-    for (const auto& step : station.picture.Take()) onTwin.push_back(NotedDrawing::Text(step));
-    EXPECT_THAT(onMap, ElementsAre("clear", StartsWith("frame "), "point 126,55 3", "line 125,55 3"));
-    EXPECT_EQ(onTwin, onMap);
-}
-
 TEST_F(DosMap, WhatIsMissingOrDamagedIsToldAndTheCountryDrawn)
 {
     const auto lost = Message("information", "Dos Map file not found. You may have deleted it from the FOLDER"
@@ -136,14 +124,6 @@ TEST_F(DosMap, TheFirstActivationDrawsOnceAndPutsTheOwnStationFirst)
     EXPECT_FALSE(view().MapBusy || view().MapSyncPending);
 }
 
-TEST_F(DosMap, AFirstRunDrawsTheCountryWithoutAWord)
-{
-    halvern().Engine.ConfigLoaded = false;
-    ShowMap();
-    EXPECT_THAT(MapsDrawn(), ElementsAre(2));
-    EXPECT_EQ(main().dMapTxt.Text(), "USA.MAP");
-}
-
 TEST_F(DosMap, TheFirstActivationHasItsOwnWords)
 {
     folder.Put("maplist/maplist1.hvn", "");
@@ -157,14 +137,6 @@ TEST_F(DosMap, TheFirstActivationHasItsOwnWords)
                                         draws),
                             "bell"));
     EXPECT_FALSE(halvern().Engine.Ended);
-}
-
-TEST_F(DosMap, ADamagedFirstMapIsLeftAsItIs)
-{
-    folder.Put("dosmaps/local.map", "56\n");
-    ShowMap();
-    EXPECT_THAT(Said(), ElementsAre("bell"));
-    EXPECT_THAT(MapsDrawn(), IsEmpty());
 }
 
 TEST_F(DosMap, AWindowThatTheProgramEndsInPutsNothingInTheStores)

@@ -149,24 +149,5 @@ TEST(Places, TheNearestIsTheNearestOfAll)
     }
 }
 
-TEST(Places, EachRangeKeepsTheNamesOfTheWiderOnesAndTheirDistance)
-{
-    const std::pair<double, double> towns[] = {{40.7, 74}, {51.5, 0.1}, {35.7, -139.7}, {-33.9, -151.2}, {67, 50}};
-    for (const auto& [lat, lon] : towns)
-        for (double range = 1; range <= 4096; range *= 2) {
-            const double half = range / 60, wide = half * 4 / 3 / std::cos(lat * std::numbers::pi / 180);
-            const PlaceView view{lat + half, lon + wide, lat - half, lon - wide};
-            const auto shown = PlacesInView(Shipped(), view, range),
-                       finer = PlacesInView(Shipped(), view, range / 2, 1000);
-            EXPECT_LE(shown.size(), MostPlaces);
-            EXPECT_TRUE(range < 32 || range > 512 || shown.size() > 2 || lat > 60) << lat << " at " << range;
-            for (std::size_t i = 0; i < shown.size(); ++i) {
-                EXPECT_THAT(Names(finer), ::testing::Contains(shown[i].name));
-                for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_GT(std::hypot(shown[i].lat - shown[j].lat, shown[i].lon - shown[j].lon), range / 60 * 0.28);
-            }
-        }
-}
-
 } // namespace
 } // namespace halvern

@@ -93,31 +93,6 @@ TEST_F(MapmakerFiles, AFileOfOursTakesTheLinksPlaceAndFailureLeavesTheOldOne)
     EXPECT_THROW(WriteMap("/dev/null/a.map", {BodyFormat::Ascii, {1, 1, 0, 0}, 10, 0, 0}, {}), std::exception);
 }
 
-TEST_F(MapmakerFiles, TheListKeepsWhatItIsToldAndRefusesWhatItCantHold)
-{
-    const std::filesystem::path file = folder / "maplist1.hvn";
-    MapList list;
-    EXPECT_THROW(list.Write(file), std::runtime_error); // no step has a map
-    for (const int step : ListSteps) list.Add(step, {"a" + std::to_string(step), 38.53333, -139.99999});
-    list.Add(64, {"own", -0.25, 179.5});
-    EXPECT_THROW(list.Add(48, {"own", 0, 0}), std::runtime_error);
-    list.Write(file);
-    EXPECT_EQ(NearestMap(ReadWhole(file), 6, 0, 179), "own");
-    MapList again = MapList::Read(file);
-    ASSERT_EQ(again.Entries(64).size(), 2u);
-    EXPECT_EQ(again.Entries(64)[1].lat, -0.25);
-    EXPECT_EQ(again.Entries(64)[1].lon, 179.5);
-    EXPECT_EQ(again.Entries(1)[0].lon, -140);
-    EXPECT_EQ(again.Entries(1)[0].lat, 38.5333);
-    EXPECT_EQ(again.Remove("own"), 1u);
-    EXPECT_EQ(again.Entries(64).size(), 1u);
-    EXPECT_EQ(again.Entries(2048)[0].name, "a2048");
-    again.Add(1, {"ninechars", 0, 0});
-    EXPECT_THROW(again.Write(file), std::runtime_error);
-    WriteWhole(file, "not a list");
-    EXPECT_THROW(MapList::Read(file), std::runtime_error);
-}
-
 TEST(MapmakerGeometry, ClippingCutsAtTheFrameAndFollowsTheTurnsOfTheGlobe)
 {
     struct Case {
@@ -142,103 +117,6 @@ TEST(MapmakerGeometry, ClippingCutsAtTheFrameAndFollowsTheTurnsOfTheGlobe)
     for (const Case& test : cases) EXPECT_EQ(Clip(test.path, test.frame), test.pieces) << test.what;
 }
 
-TEST(MapmakerGeometry, LinesThatAreSimplifiedTogetherDoNotCross)
-{
-    constexpr int Units = 10000;
-    constexpr double Tolerance = 0.03;
-    // Both banks of a winding channel that is narrower than the tolerance, one of them a full turn away, and an islet.
-    std::vector<Path> banks(3);
-    std::mt19937 random(3);
-    for (int i = 0; i < 4000; ++i) {
-        const double lon = 20 - i * 0.0005, lat = 10 + 0.1 * std::sin(i / 40.0) * std::cos(i / 7.0);
-        const double shaken = 0.004 * std::uniform_real_distribution(0.0, 1.0)(random);
-        banks[0].push_back({lat + 0.001 + shaken, lon});
-        banks[1].push_back({lat - 0.001 - shaken, lon - 360});
-        if (i < 100) banks[2].push_back({lat + 0.0002 * std::sin(i), lon});
-    }
-    const auto inOneTurn = [](std::vector<Path> lines) {
-        for (Vertex& vertex : lines[1]) vertex.lon += 360;
-        return lines;
-    };
-    auto alone = banks, together = banks;
-    std::vector<Path*> lines;
-    for (std::size_t i = 0; i < banks.size(); ++i) {
-        alone[i] = Simplify(banks[i], Tolerance);
-        lines.push_back(&together[i]);
-    }
-    ASSERT_GT(test::Crossings(inOneTurn(alone), Units), 5);
-    EXPECT_EQ(SimplifyTogether(lines, Units, [&](const Vertex&) { return Tolerance; }), 0u);
-    EXPECT_EQ(test::Crossings(inOneTurn(together), Units), 0);
-    EXPECT_LT(together[0].size(), banks[0].size() / 4);
-
-    // What crosses in the source is counted and stays.
-    Path one{{0, 0}, {1, 1}}, other{{0, 1}, {1, 0}};
-    EXPECT_EQ(SimplifyTogether({&one, &other}, Units, [](const Vertex&) { return 1.0; }), 1u);
-    EXPECT_EQ(one, (Path{{0, 0}, {1, 1}}));
-}
-
-TEST(MapmakerGeometry, SimplifyingKeepsEveryLeftOutVertexWithinTheTolerance)
-{
-    EXPECT_EQ(Simplify({{40, 90}, {40.0005, 89.5}, {40, 89}}, 0.001), (Path{{40, 90}, {40, 89}}));
-    EXPECT_EQ(Simplify({{40, 90}, {40.002, 89.5}, {40, 89}}, 0.001).size(), 3u);
-    const Path ring{{40, 90}, {41, 90}, {41, 89}, {40, 89}, {40, 90}};
-    EXPECT_EQ(Simplify(ring, 0.1), ring);
-    const Path remote{{0, -20}, {0.0015, -20.5}, {0, -21}}; // where the shipped maps are coarser
-    EXPECT_EQ(Simplify(remote, 0.001), remote);
-    EXPECT_EQ(Simplify(remote, 0.001, Coarseness).size(), 2u);
-}
-
-TEST(MapmakerGeometry, APathAcrossTheDateLineGoesOn)
-{
-    const std::vector<std::pair<std::vector<double>, std::vector<double>>> cases{
-        {{-179, 179, 178}, {-179, -181, -182}},         // eastward past the line
-        {{179, -179, -178, 179}, {179, 181, 182, 179}}, // over and back
-        {{-179, 179, 179, -179}, {-179, -181, -181, -179}},
-        {{180, -180, -180}, {180, -180, -180}}, // around the globe
-        {{100, -70}, {100, -70}},               // less than half a turn
-    };
-    for (const auto& [before, after] : cases) {
-        Path path;
-        for (const double lon : before) path.push_back({1, lon});
-        TakeShortWays(path);
-        for (std::size_t i = 0; i < path.size(); ++i) EXPECT_EQ(path[i].lon, after[i]) << before[0] << " at " << i;
-    }
-}
-
-TEST(MapmakerGeometry, PiecesJoinWhereJustTwoOfAKindMeet)
-{
-    // Two pieces meet at the date line from both sides, one of them backwards; a third belongs to another line.
-    const std::vector<KeyedPath> joined =
-        JoinEnds({{1, {{0, -179}, {0, -180}}}, {1, {{0, 178}, {0, 180}}}, {2, {{0, -180}, {5, -180}}}});
-    ASSERT_EQ(joined.size(), 2u);
-    const Path& path = joined[0].vertices;
-    ASSERT_EQ(path.size(), 3u);
-    EXPECT_NEAR(std::abs(path[0].lon - path[2].lon), 3, 1e-9);
-    EXPECT_EQ(joined[1].key, 2);
-    const KeyedPath spoke{1, {{0, 0}, {0, 1}}};
-    EXPECT_EQ(JoinEnds({spoke, {1, {{0, 0}, {1, 0}}}, {1, {{0, 0}, {-1, 0}}}}).size(), 3u);
-}
-
-TEST(MapmakerGeometry, AnAreaHasHolesAndEdges)
-{
-    const Area area({{{0, 0}, {0, 10}, {10, 10}, {10, 0}, {0, 0}}, {{4, 4}, {4, 6}, {6, 6}, {6, 4}, {4, 4}}});
-    for (const Vertex inside : {Vertex{2, 2}, {5, 7}}) EXPECT_TRUE(area.Holds(inside));
-    for (const Vertex outside : {Vertex{5, 5}, {5, 11}, {-1, 5}}) EXPECT_FALSE(area.Holds(outside));
-}
-
-TEST(MapmakerTiles, RowsAreShortDenseAndWithinTheRegion)
-{
-    const std::string text = TileText({42, 84, 40, 74}, {{6, "", {{41, 90}, {41, 60}}}});
-    EXPECT_TRUE(text.starts_with("60840000W410000N0838507W410000N"));
-    std::size_t rows = 0;
-    for (std::size_t start = 0, end; (end = text.find('\n', start)) != std::string::npos; start = end + 1, ++rows)
-        EXPECT_LE(end - start, 1 + 40u * 15);
-    EXPECT_EQ(rows, 2u);
-    EXPECT_TRUE(text.ends_with("0740000W410000N\n"));
-    EXPECT_EQ(TileText({42, 84, 40, 74}, {{6, "", {{50, 90}, {50, 60}}}}), "");
-    EXPECT_EQ(TileName(6, "RDI"), "S07_RDI.GRF");
-}
-
 TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
 {
     const Rules rules = Rules::Parse("\xEF\xBB\xBF# layer condition colour name\r\n"
@@ -261,28 +139,6 @@ TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
                  {"roads", "type", "Major Highway", "none"}, {"my roads", "type", "Major Highway", "12full name"}};
     for (const auto& [layer, field, value, found] : cases)
         EXPECT_EQ(look(layer, field, value), found) << layer << value;
-}
-
-TEST(MapmakerRules, ATagIsFoundAmongTheOthers)
-{
-    const std::string tags = R"("ref"=>"I 87","note"=>"a \"b\" \\ => c","lanes"=>"4")";
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"ref", "I 87"}, {"note", "a \"b\" \\ => c"}, {"lanes", "4"}, {"I 87", ""}, {"", ""}};
-    for (const auto& [name, value] : cases) EXPECT_EQ(TagOf(tags, name), value) << name;
-    EXPECT_EQ(TagOf("", "ref") + TagOf("\"ref", "ref") + TagOf("\"ref\"=>", "ref"), "");
-}
-
-TEST(MapmakerRules, ABadRuleIsNamedByItsRow)
-{
-    for (const char* row :
-         {"lines", "lines highway 3", "lines =x 3", "lines a=b 16", "lines a=b red", "lines a=b 3 n more"})
-        try {
-            Rules::Parse("* * 1\n" + std::string(row) + "\n");
-            ADD_FAILURE() << row;
-        } catch (const std::runtime_error& error) {
-            EXPECT_NE(std::string(error.what()).find("row 2"), std::string::npos) << error.what();
-        }
-    EXPECT_THROW(Rules::Parse("# nothing\n"), std::runtime_error);
 }
 
 } // namespace

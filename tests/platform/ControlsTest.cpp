@@ -53,32 +53,6 @@ TEST_F(ControlsTest, TheFirstRowOfACallIsFoundAsByAWalk)
     }
 }
 
-TEST_F(ControlsTest, AComboClicksOnlyWhenItsSelectionChangesAListEachTime)
-{
-    int clicks = 0;
-    form.Ladder.OnClick = form.Stations.OnClick = [&] { ++clicks; };
-    form.Ladder.Click(1);
-    form.Ladder.Click(1);
-    EXPECT_EQ(clicks, 1);
-    form.Stations.Add("Q1");
-    form.Stations.Click(0);
-    form.Stations.Click(0);
-    EXPECT_EQ(clicks, 3);
-    EXPECT_THROW(form.Ladder.Click(3), RuntimeFailure);
-    EXPECT_EQ(form.Ladder.Text(), "two");
-}
-
-TEST_F(ControlsTest, TheSelectionStaysWithItsRow)
-{
-    for (const auto* row : {"a", "b", "c"}) form.Stations.Add(row);
-    form.Stations.Select(1);
-    form.Stations.Insert("new", 0);
-    EXPECT_EQ(form.Stations.Text(), "b");
-    EXPECT_EQ(form.Stations.Selected(), 2);
-    form.Stations.Remove(2);
-    EXPECT_EQ(form.Stations.Selected(), -1);
-}
-
 /// Each of three events in one another ends by what it throws, and is told as the doing of who set it off.
 TEST_F(ControlsTest, WhatIsThrownEndsOneHandlerAndIsToldAsWhoseDoingItIs)
 {

@@ -110,25 +110,6 @@ TEST_F(GpsPort, TakesTheBeaconsPlaceAndGivesItBackWhileARadioPortIsOpen)
     }
 }
 
-TEST_F(GpsPort, ABlockWithoutAFixSendsNothingAndAnotherSentenceEndsThePort)
-{
-    Open();
-    main.GpsCom.OnReceive(1); // another event than bytes
-    EXPECT_TRUE(main.GpsCom.IsOpen());
-    Hear("$GPRMC,210000,V,,,,,,,010100,,*7C");
-    EXPECT_TRUE(main.GpsMenu.Checked() && !main.GpsCom.IsOpen());
-    EXPECT_THAT(station.SentByRadio(), IsEmpty());
-    station.time.Wait(5 * 65000);
-    Hear(There);
-    EXPECT_THAT(station.SentByRadio(), SizeIs(2));
-    EXPECT_THAT(Said(), IsEmpty());
-    station.time.Wait(5 * 65000);
-    Hear("$GNRMC,210000,A,4100.00,N,07200.00,W,30.2,271.0,010100,,*7C");
-    EXPECT_THAT(Said(), ElementsAre(HasSubstr("Your GPS is not outputting the GPRMC GPS sentance.")));
-    EXPECT_TRUE(Stopped());
-    EXPECT_EQ(main.Timer2.Interval(), 1) << "the beacons go on";
-}
-
 TEST_F(GpsPort, ALineThatDoesNotOpenOrASilentReceiverEndsThePort)
 {
     const std::string title = "message none \"Error Opening GPS Port\" \"Error # ";

@@ -86,19 +86,6 @@ TEST_F(WeatherSources, ThePortsNumberIsAsLongAsTheTncs)
     }
 }
 
-TEST_F(WeatherSources, HalfARecordOfTheLastTimeIsForgotten)
-{
-    main.WeatherMenu.Click();
-    main.WeatherCom.Arrived(Record.substr(0, 20));
-    main.WeatherMenu.Click();
-    main.WeatherMenu.Click();
-    main.WeatherCom.Arrived(Record.substr(20));
-    main.WeatherCom.Arrived(Record.substr(0, 20));
-    main.WeatherCom.OnReceive(ReceivedBytes + 1);
-    main.WeatherCom.Arrived(Record.substr(20));
-    EXPECT_THAT(station.SentByRadio(), IsEmpty());
-}
-
 TEST_F(WeatherSources, ARateThatTheCountHasPassedIsMetNoMoreUntilTheCountComesRound)
 {
     Write("_10090556c220s004g005t077\n");

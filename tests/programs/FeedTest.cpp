@@ -103,28 +103,6 @@ TEST_F(FeedTest, WhatAVerifiedStationSaysComesToAllTheOthers)
     EXPECT_FALSE(Holds(two.heard, "nowhere") || Holds(one.heard, "hello")) << "nobody hears himself";
 }
 
-TEST_F(FeedTest, TheFileIsPlayedAtItsRateAndInALoop)
-{
-    Start({"--rate", "200", "--loop"});
-    Client client(port, "user Q2AAA pass -1");
-    EXPECT_TRUE(client.Hears("# logresp Q2AAA unverified, server HALVERN-FEED"));
-    for (int round = 0; round < 3; ++round) {
-        EXPECT_TRUE(client.Hears("Q1CCC>APRS:>three"));
-        client.heard.clear();
-    }
-    EXPECT_FALSE(Said("has heard all"));
-}
-
-TEST_F(FeedTest, AtALowRateNothingIsPlayedYet)
-{
-    Start({"--rate", "0.001"});
-    Client client(port, "user Q2AAA pass -1"), other(port, "user Q4AAA pass 1");
-    EXPECT_TRUE(RunUntil([&] { return Said("is Q2AAA") && Said("is Q4AAA"); }));
-    other.Send("Q4AAA>APRS:>now");
-    EXPECT_TRUE(client.Hears("Q4AAA>APRS:>now"));
-    EXPECT_FALSE(Holds(client.heard, "Q1AAA"));
-}
-
 TEST_F(FeedTest, WhoDoesNotReadIsNotWrittenToForEver)
 {
     Start({"--rate", "0"});

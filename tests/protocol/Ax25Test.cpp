@@ -44,16 +44,6 @@ TEST(Ax25, BuildsTheBytesThatTheStandardDraws)
     }
 }
 
-TEST(Ax25, EscapesCallsAndPayload)
-{
-    // the code of "`" is 192 when it is shifted
-    const auto built = BuildFrame("`", "A", "", "a\xC0\xDB\x80z");
-    EXPECT_EQ(built.payload, "a\xDB\xDC\xDB\xDD\x80z");
-    EXPECT_EQ(built.bytes, "\xC0\0\xDB\xDC@@@@@"s + "\xE0" + Shifted("A") + "a\x03\xF0" + built.payload + "\xC0");
-    // a character of eight bits does not fit and must not break the frame
-    EXPECT_EQ(BuildFrame("\xE0", "A", "", "").bytes.substr(2, 3), "\xDB\xDC@");
-}
-
 TEST(Ax25, RefusesWhatDoesNotFitInAFixedOrder)
 {
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {

@@ -167,18 +167,5 @@ TEST_F(OwnMessages, ByPsk63AreSentAgainWithEnter)
     EXPECT_THAT(station.SentBy(main.Psk63Soc), IsEmpty());
 }
 
-TEST_F(OwnMessages, StandOnOneTabThatTakesBackItsCaption)
-{
-    form.Show();
-    const List* const shown[] = {&form.TrafficLst, &form.MsgToYouLst, &form.BullLst};
-    for (const std::string caption : {"New Message!", "New Bulletin!"})
-        for (const int tab : {0, 1, 2}) {
-            form.SetCaption(caption);
-            form.SSTab2.Select(tab);
-            EXPECT_EQ(form.Caption(), tab == (caption == "New Message!" ? 1 : 2) ? "Message" : caption);
-            for (int list = 0; list < 3; ++list) EXPECT_EQ(shown[list]->Visible(), list == tab);
-        }
-}
-
 } // namespace
 } // namespace halvern::test

@@ -40,20 +40,6 @@ TEST(MyObjectRecords, AreWrittenAndReadBack)
     }
 }
 
-TEST(MyObjectRecords, TakeAPlaceFromWhatWasHeard)
-{
-    const std::tuple<std::string, int, int, const char*> cases[] = {{"088/036up front <Q2XYZ>", 88, 36, "up front "},
-                                                                    {".../...up <Q2XYZ>", 0, 0, "up "},
-                                                                    {"PHG5130 a < b <Q2XYZ>", 0, 0, "PHG5130 a "},
-                                                                    {"<Q2XYZ>", 0, 0, ""},
-                                                                    {"", 0, 0, ""}};
-    for (const auto& [tail, course, speed, comment] : cases) {
-        const auto place = HeardObjectPlace("<Q>       ;011212z4012.00N\\07200.25W<" + tail);
-        EXPECT_EQ(place.position, (PositionTexts{"40", "12", "00", "N", "072", "00", "25", "W"}));
-        EXPECT_TRUE(place.course == course && place.speed == speed && place.comment == comment) << tail;
-    }
-}
-
 TEST(PositionTexts, ComeFromDegrees)
 {
     const std::tuple<double, double, PositionTexts> cases[] = {

@@ -82,18 +82,6 @@ TEST_F(Geometry, GesturesEndWithTheLadder)
     }
 }
 
-TEST_F(Geometry, TheDragBoxTakesItselfAwayBeforeItIsDrawnAnew)
-{
-    MapCommand(halvern(), "PanMap");
-    halvern().MapFrm.Map1.OnMouseDown(MouseButton::Left, 73, 40);
-    station.map.Take();
-    halvern().MapFrm.Map1.OnMouseMove(72, 39);
-    halvern().MapFrm.Map1.OnMouseMove(71.5, 38);
-    EXPECT_THAT(Drawn(),
-                ElementsAre("box 73,40 73,40 15", "box 73,40 72,39 15", "box 73,40 72,39 15", "box 73,40 71.5,38 15"));
-    EXPECT_EQ(main().StatusBar2.Caption(), "38 -71.5");
-}
-
 TEST_F(Geometry, ThereIsNoWayWithoutAPlaceToGoTo)
 {
     for (int i = 0; i < 2; ++i) main().ZoomLastMenu.Click();
@@ -104,21 +92,6 @@ TEST_F(Geometry, ThereIsNoWayWithoutAPlaceToGoTo)
     ExpectView(38.533333F, 95.95F, 1024);
     halvern().PositionFrm.PosLst.Clear();
     EXPECT_NO_THROW(main().HomeMenu.Click());
-}
-
-TEST_F(Geometry, KindsOfMap)
-{
-    main().UsgsMapMenu.Click();
-    EXPECT_TRUE(main().UsgsMapMenu.Checked() && !main().UsgsMapMenu.Enabled());
-    EXPECT_TRUE(!main().DosMapMenu.Checked() && main().DosMapMenu.Enabled());
-    EXPECT_TRUE(main().ScaleCombo.Visible() && !main().dMapTxt.Visible() && !main().ScaleTxt.Visible());
-    main().Toolbar1Button(7).Click();
-    EXPECT_TRUE(main().DosMapMenu.Checked() && main().dMapTxt.Visible() && main().UsgsMapMenu.Enabled());
-    EXPECT_THAT(MapsDrawn(), IsEmpty());
-    main().BitMapMenu.SetChecked(true); // a picture has a view of its own
-    main().ScaleCombo.Click(0);
-    EXPECT_THAT(MapsDrawn(), IsEmpty());
-    ExpectView(40, 73, 1024);
 }
 
 TEST_F(Geometry, TheSurfacesFillTheWindow)

@@ -90,15 +90,6 @@ TEST_F(Plotting, LabelsAreBoxedOnAPictureAfterTheNextDrawing)
     EXPECT_EQ(view().StationPlot[0].Color, colour::White);
 }
 
-TEST_F(Plotting, AnotherSymbolGetsAnotherPictureAndItsOwnSize)
-{
-    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
-    station.Hear("Q1ABC>APRS:!4030.00N/07330.00W>");
-    EXPECT_EQ(Picture(1).width, 40);
-    EXPECT_NEAR(Label(1).left - 73.5, (view().MapLeftLon - view().MapRightLon) / 10, 1e-4);
-    EXPECT_EQ(view().StationPlot[1].SymFile, S() + "\\SYMBOLS\\TABLE1\\062.GIF");
-}
-
 TEST_F(Plotting, AStationWithoutAPictureIsNotFiledAndItsPictureToldOnce)
 {
     folder.Put("symbols/table1/097.gif", "no picture at all, only text");
