@@ -151,31 +151,6 @@ TEST_F(Settings, OlderCopiesStayBesideTheFile)
     for (int i = 0; i < 5; ++i) EXPECT_EQ(folder.Text(std::string("Halvern.INI") + ends[i]), saved[i]);
 }
 
-TEST_F(Settings, ALinkedListOfServersBecomesTheStationsOwn)
-{
-    namespace fs = std::filesystem;
-    const fs::path ini = folder.Path() + "/Halvern.INI", list = folder.Path() + "/APRSDomain.INI";
-    SaveFirst();
-    folder.Put("shared/list", Servers);
-    fs::remove(list);
-    fs::create_symlink("shared/list", list);
-    SaveFirst([](Halvern& halvern) {
-        halvern.SetUpfrm.CommentTXT.SetText("another");
-        halvern.SetUpfrm.IntDomainCombo.SetText(" EURO.aprs2.net");
-    });
-    EXPECT_EQ(folder.Text("shared/list"), Servers);
-    EXPECT_FALSE(fs::is_symlink(list));
-    EXPECT_EQ(folder.Text("APRSDomain.INI"),
-              " EURO.aprs2.net\r\n14580\r\nm/50 t/p,w\r\nrotate.aprs2.net\r\neuro.aprs2.net\r\n")
-        << "a typed one is added once, whatever its case";
-    fs::remove(ini);
-    fs::create_symlink("nowhere", ini); // a disk that is not there today
-    Station station(folder.Path());
-    StartProgram(station.halvern);
-    EXPECT_THAT(station.TakeSaid().front(), AllOf(HasSubstr(ini.string() + " could not be read: it is no plain file"),
-                                                  HasSubstr("/Halvern.INI.1.")));
-}
-
 TEST_F(Settings, AFullDiskLeavesTheOldFile)
 {
     const auto before = SaveFirst();

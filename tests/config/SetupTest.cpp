@@ -220,5 +220,24 @@ TEST_F(Setup, TheEndClosesPortsAndLeavesNoSnapshot)
     EXPECT_THAT(Said(), IsEmpty());
 }
 
+TEST(PositionFields, TakeWhatCanStandInAPacket)
+{
+    const struct {
+        const char* name;
+        Strings good, bad;
+    } fields[] = {{"Degrees of Latitude", {"00", "90"}, {"91", "9", "x1"}},
+                  {"Minutes of Latitude", {"00", "59"}, {"60", "5", "-5"}},
+                  {"Decimal Minutes Of Latitude", {"00", "99"}, {"1", "100", "1."}},
+                  {"Hemisphere Of Latitude", {"N", "S"}, {"W", "n", "NN"}},
+                  {"Degrees of Longitude", {"000", "180"}, {"181", "75", "x75"}},
+                  {"Minutes of Longitude", {"00", "59"}, {"60", "8", "0x"}},
+                  {"Decimal Minutes Of Longitude", {"00", "99"}, {"1", "100", "-4"}},
+                  {"Hemisphere Of Longitude", {"W", "E"}, {"N", "e", "WW"}}};
+    for (const auto& [name, good, bad] : fields) {
+        for (const auto& text : good) EXPECT_EQ(PositionFieldFault(text, name), "") << name;
+        for (const auto& text : bad) EXPECT_THAT(PositionFieldFault(text, name), testing::Not("")) << name << text;
+    }
+}
+
 } // namespace
 } // namespace halvern::test

@@ -3,7 +3,6 @@
 #include "mapmaker/MapFile.h"
 #include "mapmaker/MapList.h"
 #include "mapmaker/Output.h"
-#include "mapmaker/RegionTiles.h"
 #include "support/Crossings.h"
 #include "support/DrawnLines.h"
 
@@ -183,21 +182,6 @@ TEST(MapData, ShoresNearTownsAreFineAndDoNotCross)
         EXPECT_GT(stretches, 400) << town.lat;
         EXPECT_GT(brief, stretches / 2) << town.lat;
     }
-}
-
-TEST(MapData, EveryRegionHasItsTilesWithinTheCountry)
-{
-    const halvern::ViewFrame country{125, 50, 66, 24};
-    for (int region = 1; region <= 15; ++region)
-        for (const char* layer : {"PB", "RDI", "RDL", "WB"}) {
-            const auto bytes = ReadWhole(Data + "/mapdata/" + TileName(static_cast<std::size_t>(region - 1), layer));
-            halvern::test::DrawnLines drawn;
-            halvern::ReadTileLines(bytes, country, drawn);
-            std::size_t points = 0;
-            for (const auto& line : drawn.lines) points += line.vertices.size();
-            EXPECT_GT(points, 10u) << region << layer;
-            EXPECT_EQ(points, static_cast<std::size_t>(std::ranges::count(bytes, 'N'))) << region << layer;
-        }
 }
 
 } // namespace

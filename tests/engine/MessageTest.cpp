@@ -63,16 +63,6 @@ TEST_F(Messages, TheMailPathCarriesTheAckAndPlaybackSendsNone)
     EXPECT_EQ(form.MsgToYouLst.Count(), 3);
 }
 
-TEST_F(Messages, AnotherSsidOfOurCallIsFiledAndNeitherAckedNorRung)
-{
-    HearMessage("Q1ABC", "Q0OWN-5", "For the car{3");
-    HearMessage("Q1ABC", "Q0OWN-5", "For the car{3");
-    HearMessage("Q0OWN", "Q0OWN-5", "From ourselves{4");
-    EXPECT_THAT(Rows(form.MsgToYouLst), ElementsAre("Q1ABC>Q0OWN-5:For the car{3"));
-    EXPECT_THAT(Air(), IsEmpty());
-    EXPECT_THAT(Said(), IsEmpty());
-}
-
 TEST_F(Messages, TrafficBetweenOthersLeavesItsAcksOut)
 {
     HearMessage("Q1ABC", "Q2ABC", "Hello{1");

@@ -133,23 +133,5 @@ TEST_F(Operator, TakesTheFirstCallFoundByEnter)
     EXPECT_EQ(taken, "Q0ABC");
 }
 
-TEST_F(Operator, MarksSeveralRows)
-{
-    auto& list = halvern.KillMsgFrm.KillLst;
-    for (const char* row : {"one", "two", "three"}) list.Add(row);
-    halvern.KillMsgFrm.SetVisible(true);
-    ShowNow();
-    auto* view = Find<QTableView>(list);
-    for (const int row : {0, 2})
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                          view->visualRect(view->model()->index(row, 0)).center());
-    EXPECT_TRUE(list.Marked(0));
-    EXPECT_FALSE(list.Marked(1));
-    EXPECT_TRUE(list.Marked(2));
-    list.ClearMarks();
-    ShowNow();
-    EXPECT_FALSE(view->selectionModel()->hasSelection());
-}
-
 } // namespace
 } // namespace halvern::test

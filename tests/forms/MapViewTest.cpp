@@ -217,18 +217,6 @@ TEST_F(MapWindow, HasTheShapeOfThePictureThatIsTheMap)
     EXPECT_EQ(view->size(), view->parentWidget()->size());
 }
 
-TEST_F(MapWindow, RepaintsAStationsOwnPixelsWhenItMoves)
-{
-    for (int i = 0; i < 300; ++i) HearAt("Q" + std::to_string(1000 + i), 39 + i % 20 * 0.1, 74 + i / 20 * 0.1);
-    ShowNow();
-    PaintCounter counter;
-    view->installEventFilter(&counter);
-    HearAt("Q1000", 39.31, 74.22);
-    ShowNow();
-    EXPECT_GT(counter.pixels, 0);
-    EXPECT_LT(counter.pixels, 40000) << "of " << view->width() * view->height();
-}
-
 TEST_F(MapWindow, PaintsASymbolWhereItStands)
 {
     HearAt("Q0CAR", 40.25, 75.5);

@@ -143,30 +143,6 @@ TEST_F(View, FollowsTheEndOnlyForAReaderAtTheEnd)
     EXPECT_EQ(bar->value(), bar->maximum());
 }
 
-TEST_F(View, ClicksAndKeysSelectClickAndCopy)
-{
-    int clicks = 0;
-    store.OnClick = [&] { ++clicks; };
-    QApplication::setActiveWindow(view.get());
-    view->setFocus();
-    EXPECT_TRUE(view->hasFocus());
-    EXPECT_EQ(store.Selected(), -1) << "the keys come to it and pick nothing";
-    EXPECT_FALSE(view->selectionModel()->hasSelection());
-    const auto place = view->visualRect(view->model()->index(3, 0)).center();
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(store.Selected(), 3);
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(clicks, 2); // a list tells of each click, also on the row that is selected
-    QTest::keyClick(view.get(), Qt::Key_Down);
-    EXPECT_EQ(store.Selected(), 4);
-    EXPECT_EQ(clicks, 3);
-    store.Select(7);
-    ShowNow();
-    EXPECT_EQ(view->currentIndex().row(), 7);
-    QTest::keySequence(view.get(), QKeySequence::Copy);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "row 7");
-}
-
 /// Sorted and filtered, the rows that are shown are those of the store, in order, whatever happened to it; the row
 /// picked and the rows marked are the same ones.
 TEST_F(RowsTest, StandInOrderAndInChoiceThroughAnyChanges)

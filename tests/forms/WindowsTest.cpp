@@ -128,20 +128,6 @@ TEST_F(Desk, ACloseBoxHidesAndTheRowsStay)
     EXPECT_EQ(halvern.PositionFrm.PosLst.Count(), rows);
 }
 
-TEST_F(Desk, APlaceIsAppliedAndWrittenBack)
-{
-    auto& form = halvern.StatusFrm;
-    form.SetPlace({3000, 1500, 750, 6000, 0});
-    form.SetVisible(true);
-    auto* window = screen.windows->WindowOf(form);
-    EXPECT_EQ(window->geometry(), QRect(100, 50, 400, 200));
-    window->setGeometry(10, 20, 300, 240);
-    EXPECT_EQ(form.Place(), (Place{3600, 150, 300, 4500, 0}));
-    static_cast<QMdiSubWindow*>(window)->showMaximized();
-    EXPECT_EQ(form.Place().state, 2);
-    EXPECT_EQ(form.Place().width, 4500) << "the size to come back to";
-}
-
 /// The map fills what the others leave; no key hides what is merely covered; tiles never leave the area.
 TEST_F(Desk, WindowsShareTheAreaAndTheMapComesFirst)
 {
@@ -269,20 +255,6 @@ TEST_F(Desk, ListsReckonWhatTheirRowsLeaveOut)
     emit view->doubleClicked(view->model()->index(0, 0)); // shows it on the map
     EXPECT_EQ(halvern.Map.MapRange, 16);
     EXPECT_NEAR(halvern.Map.MapCenterLat, 41.819, 0.001);
-}
-
-TEST_F(Desk, CountsAreSortedAsNumbers)
-{
-    for (int i = 0; i < 11; ++i) screen.station.Hear("Q0OFTEN>APRS:>on");
-    for (int i = 0; i < 2; ++i) screen.station.Hear("Q0RARE>APRS:>on");
-    ShowNow();
-    auto* heard = screen.Find<GridView>("HeardFrm.HeardGrid");
-    const auto first = [&] { return heard->model()->index(0, 0).data().toString().trimmed().toStdString(); };
-    const auto asTheyCame = first();
-    heard->sortByColumn(heard->model()->columnCount() - 1, Qt::DescendingOrder);
-    EXPECT_EQ(first(), "Q0OFTEN");
-    heard->sortByColumn(-1, Qt::AscendingOrder);
-    EXPECT_EQ(first(), asTheyCame);
 }
 
 /// What became of each message stands beside its row, from the queue to the ack.

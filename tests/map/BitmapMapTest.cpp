@@ -68,17 +68,6 @@ TEST_F(BitmapMap, ThePictureGivesTheView)
     EXPECT_EQ(Drawn().size(), 3U);
 }
 
-TEST_F(BitmapMap, TxtWinsOverInfAndTheBaseEndsAtTheFirstPoint)
-{
-    MapCommand(halvern(), "BitMap");
-    main().BitMapCombo.Select(main().BitMapCombo.IndexOf("wide.old.gif"));
-    EXPECT_EQ(view().MapTopLat, 12);
-    station.files.Remove(S() + "/bitmap/WIDE.TXT");
-    DrawBitmapMap(halvern());
-    EXPECT_EQ(view().MapTopLat, 1);
-    EXPECT_EQ(view().MapLeftLon, 1);
-}
-
 TEST_F(BitmapMap, ABadCalibrationIsToldAndTheViewStays)
 {
     MapCommand(halvern(), "BitMap");

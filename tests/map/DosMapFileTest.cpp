@@ -91,18 +91,6 @@ TEST(DosMapFile, Heads)
     }
 }
 
-TEST(DosMapFile, EveryCutOfAMapIsDamage)
-{
-    for (const std::string& whole : {SmallMap(3), std::string(Head) + "LineFormat\n4,+<<,,,\n-1"}) {
-        const auto text = whole.substr(0, whole.find("-1") + 2);
-        for (std::size_t length = 0; length < text.size(); ++length) {
-            Notes notes;
-            std::string format;
-            EXPECT_NE(ReadMapLines(text.substr(0, length), notes, format), MapFileEnd::Marker) << length;
-        }
-    }
-}
-
 TEST(DosMapList, TheNearestMapInPlainDegrees)
 {
     const auto list = ListOf({"far     800000N1700000W", "first   410000N0740000W", "second  410000N0740000W",
@@ -114,25 +102,6 @@ TEST(DosMapList, TheNearestMapInPlainDegrees)
                  {40.05F, 73.0025F, "wide"}, {40.4F, 73.45F, "wide"}, {89, 179, "far"}};
     for (const auto& [latitude, longitude, name] : cases)
         EXPECT_EQ(NearestMap(list, 5, latitude, longitude), name) << latitude << " " << longitude;
-}
-
-TEST(DosMapList, DamagedListsHoldNoMap)
-{
-    const auto entry = std::string("local   400000N0730000W");
-    const auto withHead = [&](std::string_view start, std::string_view count) {
-        return ListRecord(start, count) + ListOf({entry}).substr(23);
-    };
-    EXPECT_EQ(NearestMap(withHead("13", "1"), 1, 0, 0), "local");
-    EXPECT_EQ(NearestMap(withHead(" 13,", "1 map"), 1, 0, 0), "local");
-    const std::pair<const char*, const char*> cases[] = {
-        {"0", "1"}, {"13", "0"}, {"14", "1"}, {"13", "2"}, {"-5", "1"}, {"13", "9999999999"}, {"9999999999999", "1"},
-        {"", ""},   {"x", "y"}};
-    for (const auto& [start, count] : cases)
-        EXPECT_EQ(NearestMap(withHead(start, count), 1, 0, 0), "") << start << " " << count;
-    EXPECT_EQ(NearestMap(ListOf({R"(..\evil 400000N0730000W)"}), 1, 0, 0), "") << "outside the folder";
-    for (int row : {-2, 0, 13}) EXPECT_EQ(NearestMap(ListOf({entry}), row, 0, 0), "") << row;
-    for (std::size_t length = 0; length < 13 * 23; ++length)
-        EXPECT_EQ(NearestMap(ListOf({entry}).substr(0, length), 1, 0, 0), "") << length;
 }
 
 } // namespace

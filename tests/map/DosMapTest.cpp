@@ -124,28 +124,5 @@ TEST_F(DosMap, TheFirstActivationDrawsOnceAndPutsTheOwnStationFirst)
     EXPECT_FALSE(view().MapBusy || view().MapSyncPending);
 }
 
-TEST_F(DosMap, TheFirstActivationHasItsOwnWords)
-{
-    folder.Put("maplist/maplist1.hvn", "");
-    Remove("dosmaps/usa.map");
-    ShowMap();
-    EXPECT_THAT(Said(),
-                ElementsAre(Message("information",
-                                    "For your map center and map range no Dos Map was found in the "
-                                    "FOLDERmaplist1.hvn file If may have to edit maplist1.hvn to make the map you "
-                                    "are trying to display work." +
-                                        draws),
-                            "bell"));
-    EXPECT_FALSE(halvern().Engine.Ended);
-}
-
-TEST_F(DosMap, AWindowThatTheProgramEndsInPutsNothingInTheStores)
-{
-    Remove("maplist/maplist1.hvn");
-    ShowMap();
-    EXPECT_TRUE(halvern().Engine.Ended);
-    EXPECT_EQ(halvern().PositionFrm.PosLst.Count(), 0);
-}
-
 } // namespace
 } // namespace halvern::test

@@ -90,19 +90,5 @@ TEST_F(UsgsMap, PointsOutsideAreLeftOutAndTheRestJoined)
     EXPECT_THAT(drawnOf("S12_WB.GRF"), ElementsAre("point 73.0999985,40.0250015 1")); // an edge is outside
 }
 
-TEST_F(UsgsMap, AMissingTileEndsTheDrawingAndTheHourglass)
-{
-    MapCommand(halvern(), "PanMap");
-    EXPECT_THROW(GoToView(halvern(), 34, 110, 16), RuntimeFailure);
-    EXPECT_TRUE(PanMode(halvern()));
-}
-
-TEST(UsgsLayers, GoByTheRange)
-{
-    EXPECT_EQ(LayersOf(16)[1], "RDL");
-    EXPECT_EQ(LayersOf(32)[0], "PB");
-    EXPECT_EQ(LayersOf(32)[1], "RDI");
-}
-
 } // namespace
 } // namespace halvern::test

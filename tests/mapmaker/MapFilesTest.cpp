@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mapmaker/MapFile.h"
-#include "mapmaker/MapList.h"
 #include "mapmaker/Output.h"
-#include "mapmaker/RegionTiles.h"
-#include "mapmaker/Rules.h"
-#include "support/Crossings.h"
 #include "support/DrawnLines.h"
 #include "support/Station.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <filesystem>
 #include <random>
 
@@ -77,68 +72,6 @@ TEST_F(MapmakerFiles, WhatIsNoMapIsNamedAndRefused)
             EXPECT_NE(std::string(error.what()).find("bad.map"), std::string::npos);
         }
     }
-}
-
-TEST_F(MapmakerFiles, AFileOfOursTakesTheLinksPlaceAndFailureLeavesTheOldOne)
-{
-    WriteWhole(folder / "shared", "all read this");
-    std::filesystem::create_symlink(folder / "shared", folder / "own");
-    WriteWhole(folder / "own", "changed");
-    EXPECT_EQ(ReadWhole(folder / "shared"), "all read this");
-    EXPECT_EQ(ReadWhole(folder / "own"), "changed");
-    std::filesystem::create_directory(folder / "own.new"); // stands in the new file's way
-    EXPECT_THROW(WriteWhole(folder / "own", "half"), std::runtime_error);
-    EXPECT_EQ(ReadWhole(folder / "own"), "changed");
-    EXPECT_THROW(ReadWhole(folder), std::runtime_error);
-    EXPECT_THROW(WriteMap("/dev/null/a.map", {BodyFormat::Ascii, {1, 1, 0, 0}, 10, 0, 0}, {}), std::exception);
-}
-
-TEST(MapmakerGeometry, ClippingCutsAtTheFrameAndFollowsTheTurnsOfTheGlobe)
-{
-    struct Case {
-        const char* what;
-        Path path;
-        Box frame;
-        std::vector<Path> pieces;
-    };
-    const Box square{1, 1, -1, -1};
-    const std::vector<Case> cases{
-        {"inside", {{0, 0.5}, {0, -0.5}}, square, {{{0, 0.5}, {0, -0.5}}}},
-        {"through", {{0, 3}, {0, -3}}, square, {{{0, 1}, {0, -1}}}},
-        {"out and in again", {{0, 0}, {0, 2}, {0.5, 2}, {0.5, 0}}, square, {{{0, 0}, {0, 1}}, {{0.5, 1}, {0.5, 0}}}},
-        {"past it", {{0, 3}, {0, 2}}, square, {}},
-        {"above it", {{2, 3}, {2, -3}}, square, {}},
-        {"across the date line", {{0, 179}, {0, 181}}, {1, -178, -1, -182}, {{{0, -181}, {0, -179}}}},
-        {"twice in a frame of two turns",
-         {{0, 10}, {0, 9}},
-         {1, 380, -1, 0},
-         {{{0, 10}, {0, 9}}, {{0, 370}, {0, 369}}}},
-    };
-    for (const Case& test : cases) EXPECT_EQ(Clip(test.path, test.frame), test.pieces) << test.what;
-}
-
-TEST(MapmakerRules, TheFirstRuleThatFitsDecides)
-{
-    const Rules rules = Rules::Parse("\xEF\xBB\xBF# layer condition colour name\r\n"
-                                     "lines highway=motorway 14 ref\n"
-                                     "\n"
-                                     "*     highway=*        skip   # all other roads\n"
-                                     "*     waterway=river   9  -\n"
-                                     "\"my roads\" \"type=Major Highway\" 12 \"full name\"\r\n"
-                                     "sea   *                3\n");
-    const auto look = [&](const std::string& layer, const std::string& field, const std::string& value) {
-        const std::optional<Look> found =
-            rules.LookOf(layer, [&](const std::string& name) { return name == field ? value : std::string(); });
-        return found ? std::to_string(found->colour) + found->nameField : "none";
-    };
-    const struct {
-        const char *layer, *field, *value, *found;
-    } cases[] = {{"lines", "highway", "motorway", "14ref"},  {"areas", "highway", "motorway", "none"},
-                 {"sea", "highway", "path", "none"},         {"lines", "waterway", "river", "9"},
-                 {"sea", "waterway", "dock", "3"},           {"lines", "waterway", "dock", "none"},
-                 {"roads", "type", "Major Highway", "none"}, {"my roads", "type", "Major Highway", "12full name"}};
-    for (const auto& [layer, field, value, found] : cases)
-        EXPECT_EQ(look(layer, field, value), found) << layer << value;
 }
 
 } // namespace

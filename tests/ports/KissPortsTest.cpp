@@ -78,19 +78,5 @@ TEST_F(KissPorts, SendOnEveryOpenPortOrOnTheOneNamed)
     EXPECT_THAT(send("SOUND"), IsEmpty());
 }
 
-TEST_F(KissPorts, LeaveTheEscapedPayloadWithTheCaller)
-{
-    std::string payload = "a\xC0z";
-    SendPacket(halvern, "AP", "A", "", payload, "");
-    EXPECT_EQ(payload, "a\xC0z") << "nothing is open: nothing was sent";
-    station.OpenTnc();
-    SendPacket(halvern, "AP-16", "A", "", payload, "");
-    EXPECT_EQ(payload, "a\xC0z") << "refused";
-    EXPECT_THAT(Said(), ElementsAre(StartsWith("message critical \"Halvern\" \"Your Destination")));
-    SendPacket(halvern, "AP", "A", "", payload, "");
-    EXPECT_EQ(payload, "a\xDB\xDCz");
-    EXPECT_THAT(station.SentByRadio(), ElementsAre("A>AP:a\xC0z"));
-}
-
 } // namespace
 } // namespace halvern::test

@@ -45,29 +45,6 @@ TEST_F(PortRules, OpeningStartsWhatThePortNeeds)
     EXPECT_EQ(main.MSComm1.Settings + " " + std::to_string(main.MSComm1.PortNumber), "9600,n,8,1 12");
 }
 
-TEST_F(PortRules, OnlyTheLastPortStopsTheTimers)
-{
-    const char* const items[] = {"PortTnc", "SoundCardMenu", "PortIp", "Psk63Menu"};
-    for (const auto* last : items) {
-        for (const auto* item : items) Item(item).Click();
-        form.Timer1.Start(8000);
-        for (const auto* item : items) {
-            if (item == last) continue;
-            Item(item).Click();
-            EXPECT_TRUE(main.Timer2.Running() && main.NetDecayTmr.Running()) << item << " before " << last;
-        }
-        Item(last).Click();
-        for (const Timer* timer : {&main.Timer2, &main.NetDecayTmr, &form.Timer1}) {
-            EXPECT_FALSE(timer->Enabled()) << timer->Name();
-            EXPECT_EQ(timer->Interval(), 0) << timer->Name();
-        }
-        EXPECT_FALSE(main.MyObjectsMenu.Visible());
-        // the look-up goes with the Internet port, but only where that is the last
-        EXPECT_EQ(main.CgiFinduMenu.Visible(), last != std::string("PortIp")) << last;
-        main.CgiFinduMenu.SetVisible(false);
-    }
-}
-
 TEST_F(PortRules, TheInternetPortNeedsAServerAndItsPort)
 {
     const std::string failed = "Internet connection failed.", status = "Not connected to feed.example:";

@@ -76,17 +76,6 @@ TEST_F(Psk63Port, SendsNothingWhileAPacketComesInAndAnswersWhenItIsThrough)
     EXPECT_TRUE(main.Psk63Hunt.ends_with("~") && !main.Psk63Hunt.ends_with("S~"));
 }
 
-TEST_F(Psk63Port, HearsWholeLinesOnEveryOtherPort)
-{
-    Open(" 3131");
-    EXPECT_EQ(station.ports.SocketOf(main.Psk63Soc)->port, 3131);
-    halvern.Engine.IgateOn = true;
-    for (const auto* line : {"Q1ABC>APRS::Q0OWN    :Hello{7\r\n", "Q0OWN>APRS:>me\r\n", "cq cq de Q1ABC\r\n", ">\r\n"})
-        main.Psk63Soc.Arrived(line);
-    EXPECT_THAT(Raw(), ElementsAre("Q1ABC>APRS::Q0OWN    :Hello{7"));
-    EXPECT_THAT(Sent(), ElementsAre("Q0OWN>APHV01::Q1ABC    :ack7\r\n"));
-}
-
 TEST_F(Psk63Port, TellsOfALostConnectionAndOfNone)
 {
     Open("3122");

@@ -75,28 +75,6 @@ TEST_F(WeatherSources, ReportGoesByEveryRoadUnderAWeatherSymbol)
     EXPECT_THAT(station.SentBy(main.Psk63Soc), Contains(StartsWith("Q0OWN>APHV01:@"))) << "a file's line has no path";
 }
 
-TEST_F(WeatherSources, ThePortsNumberIsAsLongAsTheTncs)
-{
-    for (const auto& [tnc, weather, number] : {std::tuple{0, 9, 1}, {9, 9, 10}, {9, 4, 5}, {0, 15, 1}}) {
-        setUp.PortLst.Preselect(tnc);
-        setUp.WXPortCombo.Preselect(weather);
-        main.WeatherMenu.Click();
-        EXPECT_EQ(main.WeatherCom.PortNumber, number);
-        main.WeatherMenu.Click();
-    }
-}
-
-TEST_F(WeatherSources, ARateThatTheCountHasPassedIsMetNoMoreUntilTheCountComesRound)
-{
-    Write("_10090556c220s004g005t077\n");
-    main.WxFileTicks = 3;
-    setUp.TimeOpt.Select(1);
-    for (int tick = 0; tick < 100; ++tick) EXPECT_THAT(Tick(), IsEmpty());
-    main.WxFileTicks = 32767;
-    EXPECT_THAT(Tick(), ElementsAre(HasSubstr("_220/004g005t077")));
-    EXPECT_EQ(main.WxFileTicks, 1);
-}
-
 TEST_F(WeatherSources, AFileThatCannotBeReadIsToldOnceAndSendsNothing)
 {
     const auto wx = folder.Path() + "/wx.txt";

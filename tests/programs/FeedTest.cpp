@@ -119,16 +119,5 @@ TEST_F(FeedTest, WhoDoesNotReadIsNotWrittenToForEver)
     EXPECT_TRUE(two.Hears("Q4AAA>APRS:>the end"));
 }
 
-TEST_F(FeedTest, NothingIsPlayedToWhoDoesNotLogIn)
-{
-    Start({"--rate", "0"});
-    Client client(port, "hello");
-    EXPECT_TRUE(client.Hears("# invalid login"));
-    client.Send("Q2AAA>APRS:>no");
-    EXPECT_TRUE(RunUntil([&] { return Said("invalid login: Q2AAA"); }));
-    client.Send("user Q2AAA pass 1");
-    EXPECT_TRUE(client.Hears("Q1CCC>APRS:>three"));
-}
-
 } // namespace
 } // namespace halvern::test

@@ -35,26 +35,6 @@ struct Beacons : StationTest {};
 
 const std::string Position = "=4049.14N/07308.41W-PHG5130 own";
 
-TEST_F(Beacons, EveryPortHasItsOwnForm)
-{
-    setUp.UnPath.Preselect(1); // WIDE2-2
-    setUp.CommentTXT.SetText("a\xC0\xDB\xFF");
-    main.InternetSoc.Connect();
-    main.ServerLoggedIn = true;
-    main.Psk63Soc.Connect();
-    station.OpenTnc();
-    station.time.Wait(8001);
-    const std::string head = "Q0OWN>APHV01,WIDE2-2:", status = head + ">here",
-                      plain = head + "=4049.14N/07308.41W-PHG5130 a\xC0\xDB\xFF";
-    // what radio has escaped stays so for the rest of the tick
-    const std::string escaped = "Q0OWN>APHV01,TCPIP*:=4049.14N/07308.41W-PHG5130 a\xDB\xDC\xDB\xDD\xFF\r\n",
-                      internet = "Q0OWN>APHV01,TCPIP*:>here\r\n";
-    EXPECT_THAT(station.SentByRadio(), ElementsAre(plain, status, plain, status));
-    EXPECT_THAT(station.SentBy(main.InternetSoc), ElementsAre(escaped, internet, escaped, internet));
-    EXPECT_THAT(station.SentBy(main.Psk63Soc), ElementsAre(plain + "\r\n", status + "\r\n"));
-    EXPECT_THAT(Raw(), ElementsAre(status, plain, status, plain)) << "the engine hears the status first";
-}
-
 TEST_F(Beacons, TheDialectOfMarksSpeaksCharacterByCharacter)
 {
     setUp.Psk63PortTxt.SetText("3122");
@@ -121,30 +101,6 @@ TEST_F(Beacons, ABadPathClosesThePortsOnce)
     station.time.Wait(10);
     EXPECT_THAT(station.SentByRadio(), SizeIs(2));
     EXPECT_EQ(halvern.Engine.BeaconRate, 20);
-}
-
-TEST_F(Beacons, AWeatherSymbolStopsTheSchedule)
-{
-    setUp.SymbolCombo.Preselect(setUp.SymbolCombo.IndexOf("Weather Station Home /_"));
-    station.OpenTnc();
-    station.time.Wait(100000);
-    main.BeaconMenu.Click();
-    EXPECT_THAT(Air(), IsEmpty());
-    EXPECT_TRUE(!main.Timer2.Enabled() && main.Timer2.Interval() == 1);
-}
-
-TEST_F(Beacons, BeaconNowSendsTheStoredPositionAlone)
-{
-    station.Hear("Q0OWN>APHV01:!4100.00N/07200.00W-moved", "MAP");
-    station.OpenTnc();
-    main.Timer2.Stop();
-    main.InternetSoc.Connect();
-    main.Psk63Soc.Connect();
-    main.BeaconMenu.Click();
-    const std::string payload = ":=4100.00N/07200.00W-moved";
-    EXPECT_THAT(Air(), ElementsAre("radio Q0OWN>APHV01" + payload, "internet Q0OWN>APHV01,TCPIP*" + payload + "\r\n",
-                                   "psk63 Q0OWN>APHV01" + payload + "\r\n"));
-    EXPECT_EQ(halvern.TerminalFrm.RawPacketLst.Count(), 1);
 }
 
 } // namespace

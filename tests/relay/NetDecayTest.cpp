@@ -49,13 +49,5 @@ TEST_F(NetDecay, RetiresStationsAfterTwoHoursOverMidnightToo)
     EXPECT_FALSE(main.NetDecayTmr.Running());
 }
 
-TEST_F(NetDecay, LeavesALoneStationAlone)
-{
-    station.Hear("Q0AAA>APRS:!4903.50N/07201.75W-");
-    Minutes(200);
-    EXPECT_THAT(Retired(), IsEmpty());
-    EXPECT_THAT(Raw(), SizeIs(1));
-}
-
 } // namespace
 } // namespace halvern::test

@@ -152,28 +152,5 @@ TEST_F(MyObjects, OfAnyNameAreTakenOverAndGoOutWhole)
 
 // --- on the air ------------------------------------------------------------------------------------------------------
 
-TEST_F(MyObjects, OfADamagedFileGoOutAsFarAsTheyAre)
-{
-    main.InternetSoc.Connect();
-    main.MyObjectLst.Add(";HERE     *010000z4012.00N/07200.00W>\xDB|WIDE2-2");
-    main.MyObjectLst.Add(";SHORT"); // and the stage of the second one is missing
-    main.TransmitLst.Add(" ");
-    main.MyObjectTimer.Start(1);
-    station.time.Wait(1);
-    EXPECT_THAT(Air(), ElementsAre("internet Q0OWN>APHV01,TCPIP*:;HERE     *010000z4012.00N/07200.00W>\xDB\r\n"));
-}
-
-TEST_F(MyObjects, GoWithStoresThatStartAgainInTheMiddleOfATick)
-{
-    for (const auto* name : {"ONE", "TWO", "THREE"}) Create(name);
-    for (int i = 0; i <= 32700; ++i) halvern.TerminalFrm.RawPacketLst.Add("x");
-    station.time.Wait(60000);
-    EXPECT_EQ(main.MyObjectLst.Count() + main.TransmitLst.Count(), 0);
-    EXPECT_FALSE(main.MyObjectTimer.Running());
-    Create("FOUR");
-    station.time.Wait(1);
-    EXPECT_THAT(Rows(main.TransmitLst), ElementsAre("A"));
-}
-
 } // namespace
 } // namespace halvern::test

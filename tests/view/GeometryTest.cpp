@@ -12,24 +12,6 @@ protected:
         GoToView(halvern(), 40, 73, 1024);
         MapsDrawn();
     }
-    void ExpectView(float latitude, float longitude, double range)
-    {
-        EXPECT_FLOAT_EQ(view().MapCenterLat, latitude);
-        EXPECT_FLOAT_EQ(view().MapCenterLon, longitude);
-        EXPECT_EQ(view().MapRange, range);
-    }
-    void Drag(double x1, double y1, double x2, double y2)
-    {
-        auto& map = halvern().MapFrm.Map1;
-        map.OnMouseDown(MouseButton::Left, x1, y1);
-        map.OnMouseMove(x2, y2);
-        map.OnMouseUp(MouseButton::Left, x2, y2);
-    }
-    void ClickAt(MouseButton button, double x, double y)
-    {
-        halvern().MapFrm.Map1.OnMouseDown(button, x, y);
-        halvern().MapFrm.Map1.OnMouseUp(button, x, y);
-    }
 };
 
 TEST_F(Geometry, TheFrameIsFourByThreeOnTheGroundWithWestAtTheLeft)
@@ -64,34 +46,6 @@ TEST_F(Geometry, ThePoleHasNoWidth)
     EXPECT_THROW(GoToView(halvern(), std::numeric_limits<float>::infinity(), 0, 64), RuntimeFailure);
     EXPECT_THROW(GoToView(halvern(), 1e38F, 3e38F, 1e40), RuntimeFailure);
     EXPECT_NO_THROW(GoToView(halvern(), 90, 0, 64)); // the map's pi misses the zero
-}
-
-TEST_F(Geometry, GesturesEndWithTheLadder)
-{
-    MapCommand(halvern(), "PanMap");
-    for (const auto& [range, away, closer] : {std::tuple{4096.0, 8000.0, 2048.0}, {8000.0, 8000.0, 4096.0}}) {
-        GoToView(halvern(), 40, 73, range);
-        ClickAt(MouseButton::Right, 70.5, 41.25);
-        ExpectView(41.25, 70.5, away);
-        GoToView(halvern(), 40, 73, range);
-        MapsDrawn();
-        Drag(80, 42, 70, 38);
-        ExpectView(40, 75, closer);
-        EXPECT_EQ(view().PrevCenterLon, 80) << "Zoom Last goes back to where the button went down";
-        EXPECT_THAT(MapsDrawn(), ElementsAre(closer >= 4096 ? 1 : 3));
-    }
-}
-
-TEST_F(Geometry, ThereIsNoWayWithoutAPlaceToGoTo)
-{
-    for (int i = 0; i < 2; ++i) main().ZoomLastMenu.Click();
-    ExpectView(38.533333F, 95.95F, 1024);
-    view().PrevCenterLon = 0;
-    view().PrevCenterLat = 12;
-    main().Toolbar1Button(2).Click();
-    ExpectView(38.533333F, 95.95F, 1024);
-    halvern().PositionFrm.PosLst.Clear();
-    EXPECT_NO_THROW(main().HomeMenu.Click());
 }
 
 TEST_F(Geometry, TheSurfacesFillTheWindow)

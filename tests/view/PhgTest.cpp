@@ -100,5 +100,20 @@ TEST_F(Phg, TheItemsDrawAtOnceAndAfterEveryMap)
     EXPECT_FALSE(main().PlotPhgFixedMenu.Checked());
 }
 
+TEST_F(Phg, TheBeamPushesTheCircle)
+{
+    for (char digit = '0'; digit <= '9'; ++digit) Row(std::string("!010000z4000.00N/07300.00W-PHG513") + digit);
+    PlotPhg(halvern(), 0, 0);
+    const double push = Degrees(25, 20, 1.9952623, 2) / (0.015625 * 2) / 64, half = push * std::sqrt(0.5);
+    const std::pair<double, double> expected[] = {{0, 0},     {half, -half},  {0, -push}, {-half, -half},
+                                                  {-push, 0}, {-half, +half}, {0, push},  {half, half},
+                                                  {push, 0},  {0, 0}};
+    const auto circles = Circles();
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_NEAR(circles[i].b - 40, expected[i].first, 1e-4) << i;
+        EXPECT_NEAR(circles[i].a - 73, expected[i].second, 1e-4) << i;
+    }
+}
+
 } // namespace
 } // namespace halvern::test

@@ -78,18 +78,6 @@ TEST_F(Plotting, ColoursTellWhatAStationWasHeardBy)
     EXPECT_EQ(view().StationPlot[i].Caption, "object");
 }
 
-TEST_F(Plotting, LabelsAreBoxedOnAPictureAfterTheNextDrawing)
-{
-    EXPECT_FALSE(Label(0).border);
-    EXPECT_EQ(Label(0).ground, colour::Black);
-    main().BitMapMenu.SetChecked(true);
-    ReplotStations(halvern());
-    EXPECT_TRUE(Label(0).border);
-    EXPECT_EQ(Label(0).ground, colour::BrightWhite);
-    EXPECT_EQ(Label(0).colour, colour::Black);
-    EXPECT_EQ(view().StationPlot[0].Color, colour::White);
-}
-
 TEST_F(Plotting, AStationWithoutAPictureIsNotFiledAndItsPictureToldOnce)
 {
     folder.Put("symbols/table1/097.gif", "no picture at all, only text");
@@ -105,19 +93,6 @@ TEST_F(Plotting, AStationWithoutAPictureIsNotFiledAndItsPictureToldOnce)
                  RuntimeFailure);
     station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
     ExpectPair(1, 40.5, 73.5);
-}
-
-TEST_F(Plotting, ThePopUpOpensForTheRightButtonOnASymbolThatIsThere)
-{
-    int opened = 0;
-    main().Pop1Menu.OnClick = [&] { ++opened; };
-    SymbolMouseDown(halvern(), 0, MouseButton::Left);
-    EXPECT_EQ(opened, 0);
-    SymbolMouseDown(halvern(), 0, MouseButton::Right);
-    EXPECT_EQ(opened, 1);
-    EXPECT_EQ(view().PopStation, 0);
-    EXPECT_THROW(SymbolMouseDown(halvern(), 1, MouseButton::Right), RuntimeFailure);
-    EXPECT_THROW(SymbolMouseMove(halvern(), -1), RuntimeFailure);
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -74,24 +73,6 @@ TEST_F(DialogsTest, AQuestionOffersTheHarmlessAnswer)
         });
         EXPECT_EQ(dialogs.Question("White?", "Halvern Print Map"), answer);
     }
-}
-
-TEST_F(DialogsTest, AnEmptyAnswerIsAnAnswerAndCancelIsNone)
-{
-    Then<QInputDialog>([](QInputDialog& dialog) {
-        EXPECT_EQ(dialog.labelText(), "Which call?");
-        EXPECT_EQ(dialog.textValue(), "Q1ABC");
-        dialog.setTextValue("");
-        dialog.accept();
-    });
-    EXPECT_EQ(dialogs.Input("Which call?", "Find", "Q1ABC"), "");
-    std::string prompt = "Enter";
-    while (prompt.size() < 200) prompt += " a call";
-    Then<QInputDialog>([](QInputDialog& dialog) {
-        EXPECT_LT(dialog.width(), dialog.fontMetrics().averageCharWidth() * 90) << "a long prompt is wrapped";
-        dialog.reject();
-    });
-    EXPECT_FALSE(dialogs.Input(prompt));
 }
 
 TEST_F(DialogsTest, AFileDialogStartsInItsFolderAndGivesAPath)

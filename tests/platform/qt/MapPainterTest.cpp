@@ -155,26 +155,6 @@ TEST_F(MapPainterTest, KeepSharesTheFinishedPictureAndItsOwnLinesGo)
     EXPECT_EQ(At(map, 220, 100), colour::Black);
 }
 
-TEST_F(MapPainterTest, TheRubberBandIsTheLastBoxAndIsSeenOnAnyGround)
-{
-    EXPECT_FALSE(map.Band({400, 200}));
-    form.Map1.Box(10, 5, 0, -5, colour::BrightWhite);
-    form.Map1.Box(10, 5, -10, -5, colour::BrightWhite);
-    ASSERT_TRUE(map.Band({400, 200}));
-    EXPECT_EQ(map.Band({400, 200})->toRect(), QRect(101, 51, 200, 100));
-    EXPECT_EQ(At(map, 100, 100), colour::Black) << "the picture itself stays clean";
-    for (const auto ground : {Qt::white, Qt::black}) {
-        QImage image(400, 200, QImage::Format_RGB32);
-        image.fill(ground);
-        const auto before = image;
-        QPainter painter(&image);
-        MapPainter::DrawBand(painter, *map.Band({400, 200}));
-        EXPECT_NE(image, before);
-    }
-    form.Map1.Clear();
-    EXPECT_FALSE(map.Band({400, 200}));
-}
-
 TEST_F(MapPainterTest, APictureCoversItsShareOfTheSurface)
 {
     const test::TemporaryFolder folder;

@@ -20,34 +20,6 @@ struct OnTheAir : testing::Test {
     Channel channel;
 };
 
-TEST_F(OnTheAir, AMessageIsRepeatedToADeafPartnerUntilItsAck)
-{
-    const std::string odd = "\xC0\xDB\xDC\xDD\x80 gr\xFC\xDF\xFF";
-    ChannelStation one(channel, "Q0AAA"), two(channel, "Q0BBB");
-    channel.Reaches = [](std::size_t, std::size_t to) { return to != 1; };
-    one.Type("Q0BBB", odd);
-    for (const int wait : {1, 4000, 8000, 16000}) one.time.Wait(wait);
-    RunUntil([&] { return channel.Lines.size() >= 4; });
-    EXPECT_EQ(channel.Lines, Rows(4, "Q0AAA>APHV01::Q0BBB    :" + odd + "{1"));
-    EXPECT_EQ(two.messages.Count(), 0);
-
-    channel.Reaches = [](std::size_t, std::size_t) { return true; };
-    one.time.Wait(32000);
-    EXPECT_TRUE(Shows(one, "Q0AAA>Q0BBB:1." + odd + " MESSAGE RECEIVED"));
-    EXPECT_THAT(Station::Rows(two.messages), ElementsAre("Q0AAA>Q0BBB:1." + odd));
-    EXPECT_EQ(channel.Lines.back(), "Q0BBB>APHV01::Q0AAA    :ack1");
-
-    two.Type("Q0AAA", "back");
-    two.time.Wait(1);
-    EXPECT_TRUE(Shows(two, "Q0BBB>Q0AAA:1.back MESSAGE RECEIVED"));
-    const auto before = channel.Lines.size();
-    for (auto* station : {&one, &two}) station->time.Wait(3600 * 1000);
-    two.Type("Q0AAA", "more");
-    two.time.Wait(1);
-    EXPECT_TRUE(Shows(two, "Q0BBB>Q0AAA:2.more MESSAGE RECEIVED"));
-    EXPECT_EQ(channel.Lines.size(), before + 2) << "what is acked is not sent again";
-}
-
 /// Ten stations in a row, each of which hears its neighbours alone.
 TEST_F(OnTheAir, EightDigipeatersCarryAMessageAndItsAck)
 {

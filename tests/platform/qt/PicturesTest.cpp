@@ -64,13 +64,5 @@ TEST(Pictures, AllThatComeWithTheProgramCanBeShown)
     EXPECT_GT(count, 150);
 }
 
-TEST(Pictures, APipeIsNoPictureAndHoldsNobodyUp)
-{
-    const TemporaryFolder folder;
-    const auto pipe = folder.Path() + "/045.gif";
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
-    EXPECT_TRUE(LoadedPicture(pipe).isNull());
-}
-
 } // namespace
 } // namespace halvern::test
