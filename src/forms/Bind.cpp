@@ -189,8 +189,11 @@ QComboBox* BindCombo(List& list, QWidget* parent)
     const auto show = [combo, &list, writing, typed] {
         if (*writing) return;
         const QSignalBlocker quiet(combo);
+        const int cursor = typed ? combo->lineEdit()->cursorPosition() : 0;
         if (combo->currentIndex() != list.Selected()) combo->setCurrentIndex(list.Selected());
-        if (typed) PutText(combo->lineEdit(), list.Text());
+        if (!typed) return;
+        PutText(combo->lineEdit(), list.Text());
+        combo->lineEdit()->setCursorPosition(cursor); // a new index has emptied the line on the way
     };
     show();
     UseFont(combo, list.Font());

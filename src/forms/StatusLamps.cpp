@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/StatusLamps.h"
 
+#include <QAccessible>
 #include <QtWidgets>
 #include <numeric>
 
@@ -62,6 +63,15 @@ bool IsWorthWords(PortCondition condition)
 {
     return condition != PortCondition::Closed && condition != PortCondition::Open &&
            condition != PortCondition::Sending;
+}
+
+/// Whether a port that comes from one condition into another one is news: what goes on at an open port is none.
+bool IsNews(PortCondition before, PortCondition now)
+{
+    const auto settled = [](PortCondition condition) {
+        return condition == PortCondition::Sending || condition == PortCondition::Quiet ? PortCondition::Open : condition;
+    };
+    return settled(before) != settled(now);
 }
 
 QToolButton* FlatButton(QWidget* parent)
@@ -184,6 +194,7 @@ void StatusLamps::ShowLamp(QToolButton* button, const PortLamp& lamp, PortCondit
     const auto words = Shown(lamp.words);
     const auto spoken = Spoken(Shown(lamp.item->Caption())) + ": " + words;
     if (button->icon().isNull() || shown != lamp.condition) button->setIcon(LampIcon(lamp.condition, this));
+    const bool news = IsNews(shown, lamp.condition);
     shown = lamp.condition;
     const bool roomy = window()->width() > 160 * fontMetrics().averageCharWidth();
     const bool silent = lamp.condition == PortCondition::Closed && !roomy; // its tip names it
@@ -193,6 +204,9 @@ void StatusLamps::ShowLamp(QToolButton* button, const PortLamp& lamp, PortCondit
     if (button->accessibleName() == spoken) return;
     button->setAccessibleName(spoken);
     button->setToolTip(lamp.reason.empty() ? spoken : spoken + "\n" + Shown(lamp.reason));
+    if (!news) return;
+    QAccessibleEvent alert(button, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void StatusLamps::ShowFigures()
