@@ -18,6 +18,7 @@ namespace {
 
 constexpr const char* Blank = "Blank"; ///< the only line of an empty list's file
 constexpr const char* PositionsFile = "Pos.txt";
+constexpr std::size_t BehindStamp = 18; ///< a column of a station's row: always "z"
 
 std::string PathOf(const Halvern& halvern, const char* file)
 {
@@ -130,7 +131,8 @@ bool BringBack(Halvern& halvern, std::string_view row, int index)
     auto& stations = halvern.PositionFrm.PosLst;
     const auto latitude = static_cast<float>(LatTextToDegrees(positionRow::Latitude(row)));
     const auto longitude = static_cast<float>(LonTextToDegrees(positionRow::Longitude(row)));
-    if (row.size() < positionRow::Code || latitude == 0 || longitude == 0 || index > LastStation) return false;
+    if (row.size() < positionRow::Code || ColumnAt(row, BehindStamp) != 'z') return false;
+    if (latitude == 0 || longitude == 0 || index > LastStation) return false;
     const std::string type(Columns(row, positionRow::Type, 1));
     const bool added = index == stations.Count();
     if (added) stations.Add(row);

@@ -109,14 +109,14 @@ void NewSymbol(Halvern& halvern, int index, std::string_view dataField, const st
 {
     auto& plot = halvern.Map.StationPlot;
     if (index < 0 || index > LastStation) NoSuchRow();
+    PictureSprite picture;
+    LabelSprite label;
+    LoadPicture(halvern, picture, symFile); // first of all: where it fails the record of the row stays as it is
     if (index >= static_cast<int>(plot.size())) plot.resize(index + 1);
     auto& station = plot[index];
     station = {
         latitude, longitude, LabelColour(halvern.Engine, ColumnAt(dataField, 1)), std::string(TrimmedRight(call)),
         true,     symFile};
-    PictureSprite picture;
-    LabelSprite label;
-    LoadPicture(halvern, picture, symFile);
     const Layout layout(halvern);
     layout.Place(station, picture);
     layout.Place(station, picture, label);

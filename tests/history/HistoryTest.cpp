@@ -163,13 +163,14 @@ TEST_F(History, WhatCanBeReadOfADamagedStateComesBack)
     Put("one.log", "Q5ONE>APRS:!4049.14N/07308.41W-\r\n");
     Import("one.log");
     Put("Pos.txt", "Q0OWN     the own row\r\nQ1ABC     =010000z4049.14N/07308.41W-good\r\nQ2\r\n\r\n"
-                   "Q3BAD     =010000z4049.14N/07308.41W\x01\r\nQ4BAD     =010000z4x49.14N/07308.41W-\r\n");
+                   "Q3BAD     =010000z4049.14N/07308.41W\x01\r\nQ4BAD     =010000z4x49.14N/07308.41W-\r\n"
+                   "Q5BAD     =010000x4049.14N/07308.41W-\r\n");
     Put("MsgTimerint.txt", "-7e99");
     Put("Objtrans.txt", "1\r\n2\r\n");
     station.files.Remove(Path() + "/Digi.txt");
     Said();
     halvern.All.Dispatch(main.RestoreMenu.OnClick);
-    EXPECT_THAT(Said(), Contains(HasSubstr("Error # 53 File not found: 4 damaged rows of 'Pos.txt', 'Digi.txt'")));
+    EXPECT_THAT(Said(), Contains(HasSubstr("Error # 53 File not found: 5 damaged rows of 'Pos.txt', 'Digi.txt'")));
     EXPECT_THAT(Stations(), ElementsAre("Q0OWN", "Q1ABC"));
     EXPECT_THAT(Rows(form.BullLst), ElementsAre("Q1ABC>BLN1:a bulletin"));
     EXPECT_EQ(main.MyObjectLst.Count(), main.TransmitLst.Count());

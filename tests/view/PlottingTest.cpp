@@ -89,6 +89,8 @@ TEST_F(Plotting, AStationWithoutAPictureIsNotFiledAndItsPictureToldOnce)
                 ElementsAre(HasSubstr("\"Error # 53 File not found: '" + S() + "/symbols/table1/098.GIF'\""),
                             HasSubstr("\"Error # 481 Invalid picture: '" + S() + "/symbols/table1/097.gif'\"")));
     EXPECT_FALSE(halvern().MapFrm.SymPic.Exists(1));
+    EXPECT_THROW(NewSymbol(halvern(), 0, "!", S() + "/symbols/none.gif", "Q9BAD", 1, 2), RuntimeFailure);
+    EXPECT_NE(halvern().Map.StationPlot.at(0).Caption, "Q9BAD") << "a row without its picture keeps its record";
     EXPECT_THROW(NewSymbol(halvern(), LastStation + 1, "!", S() + "/symbols/table1/045.gif", "Q", 1, 2),
                  RuntimeFailure);
     station.Hear("Q1ABC>APRS:!4030.00N/07330.00W-");
