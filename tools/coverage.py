@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Tells which lines of src/ the core tests run, room by room.
+"""Tells which lines of src/ and of the tools the core tests run, room by room.
 
     tools/coverage.py            the table
     tools/coverage.py --missed   and every line that no test ran, as FILE:LINE
@@ -31,14 +31,14 @@ def run_tests():
 
 
 def runs_of_lines():
-    """How often each line of src/ was run: {file: {line: times}}. What a header defines may be counted in a test's object."""
+    """How often each line was run: {file: {line: times}}. What a header defines may be counted in a test's object."""
     runs = collections.defaultdict(dict)
     for path in BUILD.rglob("*.gcno"):
         told = subprocess.run(["gcov", "--json-format", "--stdout", path], cwd=BUILD, capture_output=True, check=True)
         for unit in map(json.loads, told.stdout.splitlines()):
             for source in unit["files"]:
                 name = os.path.relpath(os.path.join(unit["current_working_directory"], source["file"]), ROOT)
-                if name.startswith("src/"):
+                if name.startswith(("src/", "tools/")):
                     lines = runs[name]
                     for line in source["lines"]:
                         number = line["line_number"]
@@ -54,7 +54,7 @@ def main():
     rooms, missed = collections.defaultdict(lambda: [0, 0]), []
     for name, lines in sorted(runs_of_lines().items()):
         ran = sum(times > 0 for times in lines.values())
-        for room in (os.path.dirname(name), "src, all of it"):
+        for room in (os.path.dirname(name), name.split("/")[0] + ", all of it"):
             rooms[room][0] += ran
             rooms[room][1] += len(lines)
         missed += [f"{name}:{number}" for number, times in sorted(lines.items()) if not times]
