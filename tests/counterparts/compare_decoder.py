@@ -106,36 +106,21 @@ def kind_of(info):
     return "plain" if first in b"!=/@" else "other"
 
 
-def only_one_side(dest, info, row, place):
-    """The rule by which one of the two reads a position and the other does not."""
-    kind = kind_of(info)
+def why_unread(kind, dest, info, place):
+    """The first of our rules by which we read no position where they do, or None."""
     text = info.decode("latin-1")
-    body = text[8:] if len(text) > 7 and text[7] == "z" else text[1:]
-    if row is None:
-        if kind != "Mic-E" and not dest.startswith(LET_IN):
-            return "mode Normal does not let the destination in"
-        if kind == "plain" and body[:1] and not body[:1].isdigit() and body[:1] != " ":
-            return "we do not read the compressed form"
-        if text[0] in "/@" and text[7:8] in ("h", "/") or text[0] == ";" and text[17:18] in ("h", "/"):
-            return "we read no stamp but ddhhmmz"
-        if kind == "other" and text[0] == ")":
-            return "we do not read items"
-        if kind == "other" and text[0] == ";" and len(text) > 18 and not text[18].isdigit():
-            return "we do not read the compressed form"
-        if kind == "other" and "!" in text[:41]:
-            return "we look for a position behind a banner only in TheNet beacons"
-        if kind == "Mic-E" and len(text) < 9:
-            return "we do not read fewer than nine characters"
-        if kind == "Mic-E" and not symbol_known(text[8], text[7]):
-            return "we know no such symbol"
-        if kind == "sentence":
-            return "we drop sentences without a fix, without a symbol, or cut short"
-        if place is not None and (abs(place[0]) < 1e-9 or abs(place[1]) < 1e-9):
-            return "the equator and the meridian of Greenwich are no positions here"
-        if re.match(r"^.{7,17}[!-~ ]", body) and len(body) > 18 and not symbol_known(body[8], body[18]):
-            return "we know no such symbol"
-        return None
-    return "they refuse what we read by columns"
+    body = text[8:] if text[7:8] == "z" else text[1:]
+    rules = (
+        (kind != "Mic-E" and not dest.startswith(LET_IN), "mode Normal does not let the destination in"),
+        (kind == "plain" and re.match(r"[^\d ]", body), "we do not read the compressed form"),
+        (text[0] in "/@" and text[7:8] in ("h", "/"), "we read no stamp but ddhhmmz"),
+        (kind == "Mic-E" and len(text) < 9, "we do not read fewer than nine characters"),
+        (kind == "Mic-E" and len(text) > 8 and not symbol_known(text[8], text[7]), "we know no such symbol"),
+        (kind == "sentence", "we drop sentences without a fix, without a symbol, or cut short"),
+        (min(map(abs, place)) < 1e-9, "the equator and the meridian of Greenwich are no positions here"),
+        (len(body) > 18 and not symbol_known(body[8], body[18]), "we know no such symbol"),
+    )
+    return next((rule for holds, rule in rules if holds), None)
 
 
 def symbol_known(table, code):
@@ -161,7 +146,8 @@ def main():
             same["neither reads " + kind] += 1
             continue
         if row is None or place is None:
-            rule = only_one_side(dest, info, row, place)
+            refused = "they refuse what we read by columns" if kind == "sentence" else None
+            rule = why_unread(kind, dest, info, place) if row is None else refused
             (rules.update([kind + ": " + rule]) if rule else unexplained.append((kind, call, dest, info, row)))
             continue
         mine = our_place(row)
