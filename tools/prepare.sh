@@ -4,7 +4,7 @@
 BUILD_PACKAGES="g++ cmake ninja-build ccache zlib1g-dev robin-map-dev qt6-base-dev qt6-serialport-dev qt6-charts-dev libqt6opengl6-dev
     qt6-svg-dev qt6-qpa-plugins libgl1-mesa-dev libxkbcommon-dev fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 python3 python3-pil direwolf socat iproute2
-    appstream desktop-file-utils mandoc file"
+    appstream desktop-file-utils mandoc file python3-pyatspi at-spi2-core dbus xvfb xauth openbox xdotool"
 
 # Installs the packages that are missing, and nothing where none is.
 install_missing() {
