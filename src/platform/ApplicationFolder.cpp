@@ -57,7 +57,7 @@ std::string ApplicationFolder(const fs::path& program, const fs::path& userData)
 {
     if (HoldsData(program)) return fs::absolute(program);
     const auto folder = fs::absolute(userData) / "halvern";
-    for (const char* place : {"../share/halvern", "../../data"}) {
+    for (const char* place : {"../share/halvern", "../../share/halvern", "../../data"}) {
         const auto source = (program / place).lexically_normal();
         if (!HoldsData(source)) continue;
         LinkInto(folder, source);

@@ -13,8 +13,8 @@ namespace halvern {
 /// operators add files to are made and get a link for each file. Later starts add what a new version brings, and renew
 /// links whose data have moved.
 ///
-/// @param program   the folder in which the program lies; its data are there, in ../share/halvern, or, in a build
-///                  folder of the sources, in ../../data
+/// @param program   the folder in which the program lies; its data are there, in ../share/halvern (seen from bin or
+///                  from lib/halvern), or, in a build folder of the sources, in ../../data
 /// @param userData  where programs keep a user's data; "halvern" is made in it
 /// @return an absolute path
 std::string ApplicationFolder(const std::filesystem::path& program, const std::filesystem::path& userData);

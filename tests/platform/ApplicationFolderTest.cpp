@@ -27,7 +27,7 @@ TEST(ApplicationFolderTest, TheUsersFolderIsFilledAndTakesFilesOfTheOperator)
     const auto get = [&](const std::string& program) {
         return ApplicationFolder(folder.Path() + program, folder.Path() + "/user");
     };
-    ASSERT_EQ(get("/bin"), folder.Path() + "/user/halvern");
+    ASSERT_EQ(get("/lib/halvern"), folder.Path() + "/user/halvern");
     EXPECT_EQ(files.Read(get("/bin") + "\\DOSMAPS\\USA.MAP"), "map");
     EXPECT_EQ(files.Write(get("/bin") + "/dosmaps/own.map", "own"), "");
     EXPECT_FALSE(fs::exists(folder.Path() + "/share/halvern/dosmaps/own.map"));
