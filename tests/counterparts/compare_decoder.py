@@ -116,7 +116,7 @@ def why_unread(kind, dest, info, place):
         (text[0] in "/@" and text[7:8] in ("h", "/"), "we read no stamp but ddhhmmz"),
         (kind == "Mic-E" and len(text) < 9, "we do not read fewer than nine characters"),
         (kind == "Mic-E" and len(text) > 8 and not symbol_known(text[8], text[7]), "we know no such symbol"),
-        (kind == "sentence", "we drop sentences without a fix, without a symbol, or cut short"),
+        (kind == "sentence" and re.fullmatch(rb"GPS([CE]\d\d|.?)", dest), "we drop what names no symbol by its letters"),
         (min(map(abs, place)) < 1e-9, "the equator and the meridian of Greenwich are no positions here"),
         (len(body) > 18 and not symbol_known(body[8], body[18]), "we know no such symbol"),
     )
