@@ -64,5 +64,17 @@ TEST_F(Geometry, TheSurfacesFillTheWindow)
     EXPECT_THAT(MapsDrawn(), IsEmpty());
 }
 
+TEST_F(Geometry, TheDragBoxTakesItselfAwayBeforeItIsDrawnAnew)
+{
+    MapCommand(halvern(), "PanMap");
+    halvern().MapFrm.Map1.OnMouseDown(MouseButton::Left, 73, 40);
+    station.map.Take();
+    halvern().MapFrm.Map1.OnMouseMove(72, 39);
+    halvern().MapFrm.Map1.OnMouseMove(71.5, 38);
+    EXPECT_THAT(Drawn(),
+                ElementsAre("box 73,40 73,40 15", "box 73,40 72,39 15", "box 73,40 72,39 15", "box 73,40 71.5,38 15"));
+    EXPECT_EQ(main().StatusBar2.Caption(), "38 -71.5");
+}
+
 } // namespace
 } // namespace halvern::test
