@@ -2,16 +2,23 @@
 #include "forms/FilterLine.h"
 
 #include <QKeyEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace halvern {
+
+void OfferClear(QLineEdit* line)
+{
+    line->setClearButtonEnabled(true);
+    line->findChild<QToolButton*>()->setAccessibleName(QObject::tr("Clear"));
+}
 
 FilterLine::FilterLine(QAbstractItemView* list, bool stays) : list(list), stays(stays)
 {
     setPlaceholderText(tr("Filter"));
     setToolTip(tr("Only rows that hold these words ( / )"));
     setAccessibleName(tr("Filter of %1").arg(list->accessibleName()));
-    setClearButtonEnabled(true);
+    OfferClear(this);
     auto* box = new QWidget(list->parentWidget());
     delete list->parentWidget()->layout()->replaceWidget(list, box);
     auto* layout = new QVBoxLayout(box);

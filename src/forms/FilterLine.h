@@ -6,6 +6,9 @@
 
 namespace halvern {
 
+/// Gives a line the button that empties it, with a name for a screen reader.
+void OfferClear(QLineEdit* line);
+
 /// A line above a list: the list shows only the rows that hold what is typed there. Down and Enter go on to the list,
 /// Escape empties the line.
 class FilterLine final : public QLineEdit {

@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "engine/ProcessPacket.h"
+#include "forms/FilterLine.h"
 #include "forms/Glyphs.h"
 #include "forms/Layouts.h"
 #include "forms/StationMenu.h"
@@ -205,7 +206,7 @@ QWidget* MakeGateWindow(Halvern& halvern)
     auto* window = new QWidget;
     auto* layout = new QVBoxLayout(window);
     auto* call = WideFor(9, BindField(halvern.GateFrm.CallTxt, window));
-    call->setClearButtonEnabled(true);
+    OfferClear(call);
     layout->addWidget(Beside({LabelFor(call, halvern.GateFrm.CallTxt), call}, window));
     auto* rows = MakeRows(halvern.GateFrm.GateLst, {GateColumns, false, true}, window);
     ServeStations(rows, halvern, [](std::string_view row) { return std::string(TrimmedRight(gateRow::Call(row))); });
