@@ -13,28 +13,6 @@ const auto Fend = "\xC0"s;
 
 struct KissPorts : StationTest {};
 
-TEST_F(KissPorts, HandOnOneFrameAnArrival)
-{
-    station.OpenTnc();
-    main.MSComm1.Arrived(FrameOf("Q0AAA>APRS:>one") + FrameOf("Q0BBB>APRS:>two"));
-    EXPECT_THAT(Raw(), ElementsAre("Q0AAA>APRS:>one"));
-    main.MSComm1.Arrived(Fend);
-    EXPECT_THAT(Raw(), SizeIs(2));
-    // what the sound card engine sends is kept apart, and takes the same road
-    main.SoundCardMenu.Click();
-    main.SoundSoc.Arrived(FrameOf("Q0CCC>APRS:>three"));
-    EXPECT_THAT(Raw(), SizeIs(3));
-    EXPECT_EQ(main.KissRxBuffer, Fend);
-    // only received bytes are listened to
-    main.MSComm1.ReceiveThreshold = 0;
-    station.HearOnTnc("Q0AAA>APRS:>one");
-    main.MSComm1.OnReceive(7);
-    EXPECT_THAT(Raw(), SizeIs(3));
-    main.MSComm1.OnReceive(ReceivedBytes);
-    main.MSComm1.OnReceive(ReceivedBytes);
-    EXPECT_THAT(Raw(), SizeIs(4));
-}
-
 TEST_F(KissPorts, FindTheFrameInWhateverComes)
 {
     const auto frame = FrameOf("Q0AAA>APRS:>one");

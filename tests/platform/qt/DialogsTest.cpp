@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/qt/Glyphs.h"
 #include "support/Station.h"
 #include "support/qt/Application.h"
 
@@ -43,20 +42,6 @@ struct DialogsTest : ::testing::Test {
     QObject here;
     const test::TemporaryFolder folder;
 };
-
-TEST_F(DialogsTest, AMessageShowsItsFixedWordsAndABytesText)
-{
-    Then<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.windowTitle(), "Halvern");
-        EXPECT_EQ(box.text(), QString::fromUtf8("<b>Grüße</b>"));
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.icon(), QMessageBox::Critical);
-        box.accept();
-    });
-    dialogs.Message(Icon::Stop, "<b>Gr\xFC\xDF"
-                                "e</b>"); // Latin-1
-    EXPECT_EQ(Shown("Gr\xC3\xBC\xC3\x9F"), Shown("Gr\xFC\xDF"));
-}
 
 TEST_F(DialogsTest, AQuestionOffersTheHarmlessAnswer)
 {
