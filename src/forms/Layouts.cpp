@@ -162,6 +162,16 @@ void ShowSymbols(RowsView* view, const std::string& programFolder)
     view->ShowPictures(SymbolOfRow, SymbolPicture(programFolder));
 }
 
+QWidget* Scrolled(QWidget* form)
+{
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(form);
+    return area;
+}
+
 void ShowStationSymbols(RowsView* view, const std::string& programFolder)
 {
     view->ShowPictures(SymbolOfStation, SymbolPicture(programFolder));

@@ -47,6 +47,9 @@ QLabel* Warning(const QString& text, const QList<TextField*>& fields, const std:
 /// Gives each symbol of a list its picture.
 void ShowSymbols(QComboBox* combo, const std::string& programFolder);
 void ShowSymbols(RowsView* view, const std::string& programFolder);
+/// A form that is never less than what it needs: where its window is smaller it scrolls.
+QWidget* Scrolled(QWidget* form);
+
 /// Gives each station of a list of `PosLst` rows the picture of its symbol, in the first column.
 void ShowStationSymbols(RowsView* view, const std::string& programFolder);
 

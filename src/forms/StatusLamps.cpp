@@ -69,7 +69,8 @@ bool IsWorthWords(PortCondition condition)
 bool IsNews(PortCondition before, PortCondition now)
 {
     const auto settled = [](PortCondition condition) {
-        return condition == PortCondition::Sending || condition == PortCondition::Quiet ? PortCondition::Open : condition;
+        return condition == PortCondition::Sending || condition == PortCondition::Quiet ? PortCondition::Open
+                                                                                        : condition;
     };
     return settled(before) != settled(now);
 }

@@ -6,6 +6,7 @@
 #include "forms/DialogWindows.h"
 #include "forms/Glyphs.h"
 #include "forms/Icons.h"
+#include "forms/Layouts.h"
 #include "forms/MapRoom.h"
 #include "forms/StoreWindows.h"
 #include "forms/Tints.h"
@@ -64,11 +65,11 @@ void Windows::AddChildren()
     AddChild(halvern.PositionFrm, MakePositionWindow(halvern), item(2), BesideMap(0, 3, 0));
     AddChild(halvern.StatusFrm, MakeStatusWindow(halvern), item(3), BesideMap(1, 3, 1));
     AddChild(halvern.DigiFrm, MakeDigiWindow(halvern), item(4), BesideMap(1, 3, 2));
-    AddChild(halvern.MessageFrm, MakeMessageWindow(halvern), item(5), BesideMap(1, 3, 0));
+    AddChild(halvern.MessageFrm, Scrolled(MakeMessageWindow(halvern)), item(5), BesideMap(1, 3, 0));
     AddChild(halvern.HeardFrm, MakeHeardWindow(halvern), item(6), BesideMap(0, 3, 1));
     AddChild(halvern.TerminalFrm, MakeTerminalWindow(halvern), item(7), BesideMap(2, 3, 0));
     AddChild(halvern.DxFrm, MakeDxWindow(halvern), item(8), BesideMap(2, 3, 1));
-    AddChild(halvern.WeatherFrm, MakeWeatherWindow(halvern), item(9), BesideMap(0, 3, 2));
+    AddChild(halvern.WeatherFrm, Scrolled(MakeWeatherWindow(halvern)), item(9), BesideMap(0, 3, 2));
     AddChild(halvern.TelemetryFrm, MakeTelemetryWindow(halvern), item(10), BesideMap(2, 3, 2));
     AddChild(halvern.GateFrm, MakeGateWindow(halvern), halvern.ConMdiFrm.GateMenu, OverMap);
 }

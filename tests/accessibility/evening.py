@@ -166,7 +166,7 @@ def main():
     if pyatspi is None or not all(map(shutil.which, tools)):
         sys.exit(print("Skipped: needs python3-pyatspi, " + ", ".join(tools)) or SKIPPED)
     if "SCREEN_OF_ITS_OWN" not in os.environ:
-        os.environ.update(SCREEN_OF_ITS_OWN="1", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        os.environ.update(SCREEN_OF_ITS_OWN="1", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         os.execvp("xvfb-run", ["xvfb-run", "-a", "-s", "-screen 0 1366x768x24", "dbus-run-session", "--", sys.executable, *sys.argv])
     build, data = (pathlib.Path(word).resolve() for word in sys.argv[1:3])
     with tempfile.TemporaryDirectory() as name:

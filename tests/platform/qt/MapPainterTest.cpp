@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QPainter>
-
-#include "forms/Tints.h"
 #include "platform/qt/screen/Palette.h"
 #include "state/MapFrm.h"
 #include "support/Station.h"
@@ -16,51 +13,16 @@
 namespace halvern {
 namespace {
 
-/// Contrast of two colours, 1 to 21, by the measure of the Web Content Accessibility Guidelines.
-double Contrast(const QColor& a, const QColor& b)
+TEST(PaletteTest, NoColourIsLikeAnother)
 {
-    const auto light = [](const QColor& colour) {
-        const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
-    };
-    const double first = light(a), second = light(b);
-    return std::max(first, second) / std::min(first, second);
-}
-
-TEST(PaletteTest, EveryColourIsReadableOnBlackAndLikeNoOther)
-{
-    for (int number = colour::Blue; number <= colour::BrightWhite; ++number) {
-        // Blue is for the net of the maps and no label's colour: it need only be seen where it is looked for.
-        const double least = number == colour::Blue ? 1.75 : 5.5;
-        EXPECT_GE(Contrast(PaletteColour(number), PaletteColour(colour::Black)), least) << number;
+    for (int number = colour::Blue; number <= colour::BrightWhite; ++number)
         for (int other = colour::Black; other < number; ++other) {
             const auto a = PaletteColour(number), b = PaletteColour(other);
             const int apart =
                 std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
             EXPECT_GE(apart, 60) << number << " and " << other;
         }
-    }
     EXPECT_EQ(PaletteColour(-1), PaletteColour(99));
-}
-
-/// Rows on the ground of their kind, and what is quiet, can be read in light and in dark.
-TEST(PaletteTest, RowsAreReadableOnTheirTintsAndMarksStandOut)
-{
-    for (const auto mark : {Mark::Good, Mark::Busy, Mark::Warning, Mark::Bad})
-        for (const char* window : {"#efefef", "#323232"}) EXPECT_GE(Contrast(MarkColour(mark), QColor(window)), 3);
-    for (const auto& [text, ground] : {std::pair{"black", "white"}, {"#eff0f1", "#232629"}}) {
-        QPalette palette;
-        palette.setColor(QPalette::Text, text);
-        palette.setColor(QPalette::Base, ground);
-        for (const auto* packet : {":a", ";a", "T#1", ">a", "_a", "!a"}) {
-            QImage row(1, 1, QImage::Format_RGB32);
-            row.fill(palette.color(QPalette::Base));
-            if (const auto tint = TintOfPacket("Q0ABC>APRS:" + std::string(packet)); tint.isValid())
-                QPainter(&row).fillRect(row.rect(), tint);
-            EXPECT_GE(Contrast(palette.color(QPalette::Text), row.pixelColor(0, 0)), 4.5) << packet;
-            EXPECT_GE(Contrast(QuietColour(palette), row.pixelColor(0, 0)), 4.5) << packet;
-        }
-    }
 }
 
 /// A map of 40 by 20 degrees on 400 by 200 pixels. A whole degree is the middle of each tenth pixel, from 20 west at
