@@ -59,12 +59,6 @@ TEST_F(ConsoleSessionTest, ALineThatCannotBeCarriedOutIsToldAndChangesNothing)
     EXPECT_FALSE(halvern.Engine.Ended);
 }
 
-TEST_F(ConsoleSessionTest, AQuietLineIsSkippedAndTheRestIsAnswered)
-{
-    EXPECT_THAT(Answers({"", "   ", "# remark \"", "echo \"a\\\"b\\\\\\x07\\r\\n\\t\\xff\"", "  echo   \"\" \r"}),
-                ElementsAre(R"(echo "a\"b\\\x07\r\n\t\xFF")", "echo \"\""));
-}
-
 TEST_F(ConsoleSessionTest, WhatWasDrawnIsToldInOrderAndForgotten)
 {
     auto& map = halvern.MapFrm.Map1;

@@ -14,7 +14,6 @@
 #include <map>
 #include <numbers>
 #include <random>
-#include <set>
 #include <sstream>
 
 namespace {
@@ -119,21 +118,6 @@ TEST(MapData, AllOfItStaysSmall)
     for (const auto& file : std::filesystem::recursive_directory_iterator(Data))
         if (file.is_regular_file()) bytes += file.file_size();
     EXPECT_LE(bytes, 45'000'000u);
-}
-
-TEST(MapData, TheListNamesOnlyMapsThatShipAndLeavesNoneOut)
-{
-    std::set<std::string> named{"world", "usa"};
-    const auto list = MapList::Read(Data + "/maplist/maplist1.hvn");
-    for (const int step : ListSteps)
-        for (const auto& entry : list.Entries(step)) {
-            named.insert(entry.name);
-            const auto map = Maps().find(entry.name);
-            ASSERT_NE(map, Maps().end()) << entry.name;
-            EXPECT_LE(step, map->second.plan.widestStep) << entry.name;
-            EXPECT_GE(step, map->second.plan.narrowestStep) << entry.name;
-        }
-    for (const auto& [name, map] : Maps()) EXPECT_TRUE(named.contains(name)) << name;
 }
 
 TEST(MapData, TheChosenMapCoversTheViewWhereverLandIsAndShowsSomething)
