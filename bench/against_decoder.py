@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Lines a CPU second, decoded and kept, beside a packet engine's decoder that only decodes.
 
-    bench/against_decoder.py CONSOLE DATA_FOLDER TRAFFIC_FOLDER [--rounds 16] [--runs 3]
+    bench/against_decoder.py CONSOLE DATA_FOLDER TRAFFIC_FOLDER [--rounds 16] [--runs 3] [--same-calls]
 
 Plays all recorded lines ROUNDS times, each round under changed calls (so that each brings its own stations), into
 `halvern-console --simulate` by one `replay`, and feeds the same file to `decode_aprs` (Debian's direwolf). CPU time of
@@ -29,12 +29,12 @@ def other_call(call: bytes, turn: int) -> bytes:
     return bytes(moved)
 
 
-def write_lines(folder: pathlib.Path, rounds: int, path: pathlib.Path) -> int:
+def write_lines(folder: pathlib.Path, rounds: int, path: pathlib.Path, same: bool = False) -> int:
     recorded = [line for file in sorted(folder.glob("*.tnc2")) for line in file.read_bytes().splitlines()]
     with path.open("wb") as out:
         for turn in range(rounds):
             for line in recorded:
-                out.write(CALL.sub(lambda m: other_call(m[1], turn) + (m[2] or b"") + b">", line) + b"\n")
+                out.write(CALL.sub(lambda m: other_call(m[1], 0 if same else turn) + (m[2] or b"") + b">", line) + b"\n")
     return rounds * len(recorded)
 
 
@@ -54,11 +54,12 @@ def main() -> None:
     options.add_argument("traffic", type=pathlib.Path)
     options.add_argument("--rounds", type=int, default=16)
     options.add_argument("--runs", type=int, default=3)
+    options.add_argument("--same-calls", action="store_true", help="as a feed is where most stations are known")
     options.add_argument("--only", choices=["halvern"], help="for a profile: no decoder beside it")
     args = options.parse_args()
     with tempfile.TemporaryDirectory() as folder:
         lines_file = pathlib.Path(folder, "lines.tnc2")
-        lines = write_lines(args.traffic, args.rounds, lines_file)
+        lines = write_lines(args.traffic, args.rounds, lines_file, args.same_calls)
         station = pathlib.Path(folder, "station")
         station.mkdir()
         for entry in args.data.resolve().iterdir():

@@ -73,8 +73,9 @@ def main():
     model = re.search(r"model name\s*: (.*)", pathlib.Path("/proc/cpuinfo").read_text())
     print(f"{datetime.date.today()}, {os.cpu_count()} cores of {model[1] if model else platform.machine()}, "
           f"load {os.getloadavg()[0]:.1f} at the start")
-    played = script("against_decoder.py", build / "halvern-console", data, traffic, "--runs", RUNS).splitlines()
-    table("Decoded and kept, beside a decoder", ["What"], [(line,) for line in played])
+    for title, options in (("each round new stations", []), ("the same stations again", ["--same-calls"])):
+        played = script("against_decoder.py", build / "halvern-console", data, traffic, "--runs", RUNS, *options).splitlines()
+        table(f"Decoded and kept, beside a decoder: {title}", ["What"], [(line,) for line in played])
     table("By the bench programs", ["What", "Median", "Unit", f"{RUNS} runs", "Command"], bench_rows(build))
     table("The desktop program, from outside", ["What"], [(line,) for line in script("windows.py", build).splitlines()])
 
