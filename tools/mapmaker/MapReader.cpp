@@ -2,6 +2,7 @@
 #include "MapFile.h"
 
 #include "Output.h"
+#include "map/DosMapFile.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,110 +13,93 @@ namespace halvern::mapmaker {
 
 namespace {
 
-/// Takes a map's rows and turns offsets into places.
-class MapReader {
-public:
-    explicit MapReader(const std::string& bytes) : rows_(bytes) {}
+double Number(const std::string& text)
+{
+    double value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || stop != text.data() + text.size())
+        throw std::runtime_error("has \"" + text + "\" where a number belongs");
+    return value;
+}
 
-    MapContent Read()
+/// Takes the station's own reading of a map's lines. The station keeps the origin in single precision, which is put
+/// right here, so that what is read and written again stays the same.
+class LineTaker final : public MapLines {
+public:
+    LineTaker(double left, double top)
+        : acrossOrigin_(left - static_cast<float>(left)), downOrigin_(top - static_cast<float>(top))
     {
-        MapPlan& plan = content_.plan;
-        top_ = Number(Row());
-        left_ = Number(Row());
-        scale_ = Number(Row());
-        plan.unitsPerDegree = static_cast<int>(scale_);
-        plan.frame.bottom = Number(Row());
-        plan.frame.right = Number(Row());
-        plan.widestStep = static_cast<int>(Number(Row()));
-        plan.narrowestStep = static_cast<int>(Number(Row()));
-        const std::string word = Row();
-        if (scale_ < 1 || (word != "ASCII" && word != "LineFormat"))
-            throw std::runtime_error("isn't a map of mapmaker's");
-        plan.format = word == "ASCII" ? BodyFormat::Ascii : BodyFormat::LineFormat;
-        if (plan.format == BodyFormat::Ascii)
-            ReadAscii();
-        else
-            ReadLineFormat();
-        FindFrame();
-        return std::move(content_);
     }
+    void Start(double x, double y, int colour) override
+    {
+        lines.push_back({colour, "", {}});
+        LineTo(x, y, colour);
+    }
+    void LineTo(double x, double y, int) override
+    {
+        lines.back().vertices.push_back({y + downOrigin_, x + acrossOrigin_});
+    }
+
+    std::vector<DrawnLine> lines;
 
 private:
-    std::string Row()
-    {
-        std::string row;
-        if (!std::getline(rows_, row)) throw std::runtime_error("ends before its end mark");
-        return row;
-    }
-
-    static double Number(const std::string& text)
-    {
-        double value = 0;
-        const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-        if (error != std::errc() || stop != text.data() + text.size())
-            throw std::runtime_error("has \"" + text + "\" where a number belongs");
-        return value;
-    }
-
-    void Add(double across, double down)
-    {
-        if (content_.lines.empty()) throw std::runtime_error("has a point before the first line");
-        content_.lines.back().vertices.push_back({top_ - down / scale_, left_ - across / scale_});
-    }
-
-    void ReadAscii()
-    {
-        for (std::string row = Row(); row != "0,-1"; row = Row()) {
-            const std::size_t comma = row.find(',');
-            if (comma == std::string::npos) throw std::runtime_error("has a row without a comma");
-            if (!row.starts_with("0,0,")) {
-                Add(Number(row.substr(0, comma)), Number(row.substr(comma + 1)));
-                continue;
-            }
-            const std::size_t end = std::min(row.find(',', 4), row.size());
-            const std::string name = end < row.size() ? row.substr(end + 1) : "";
-            content_.lines.push_back({static_cast<int>(Number(row.substr(4, end - 4))), name, {}});
-        }
-    }
-
-    void ReadLineFormat()
-    {
-        constexpr int CodeBase = 27;
-        for (std::string row = Row(); row != "-1"; row = Row()) {
-            content_.lines.push_back({static_cast<int>(Number(row)), "", {}});
-            const std::string text = Row();
-            const auto code = [&](std::size_t at) { return static_cast<unsigned char>(text[at]) - CodeBase; };
-            for (std::size_t i = 0; i + 2 < text.size(); i += 3)
-                Add(code(i) * 16 + code(i + 2) / 8, code(i + 1) * 8 + code(i + 2) % 8);
-        }
-    }
-
-    /// The head has the origin, not the top and left edge: those are where the lines end.
-    void FindFrame()
-    {
-        Box& frame = content_.plan.frame;
-        frame.top = frame.bottom;
-        frame.left = frame.right;
-        for (const DrawnLine& line : content_.lines) {
-            const Box bounds = BoundsOf(line.vertices);
-            frame.top = std::max(frame.top, bounds.top);
-            frame.left = std::max(frame.left, bounds.left);
-        }
-    }
-
-    std::istringstream rows_;
-    double top_ = 0;
-    double left_ = 0;
-    double scale_ = 1;
-    MapContent content_;
+    const double acrossOrigin_, downOrigin_;
 };
+
+/// The station draws no names: they stand behind the colours of an Ascii body.
+void TakeNames(std::istream& body, std::vector<DrawnLine>& lines)
+{
+    std::size_t next = 0;
+    for (std::string row; std::getline(body, row) && next < lines.size();) {
+        if (!row.starts_with("0,0,")) continue;
+        const std::size_t comma = row.find(',', 4);
+        lines[next++].name = comma == std::string::npos ? "" : row.substr(comma + 1);
+    }
+}
+
+/// The head has the origin, not the top and left edge: those are where the lines end.
+void FindFrame(MapContent& content)
+{
+    Box& frame = content.plan.frame;
+    frame.top = frame.bottom;
+    frame.left = frame.right;
+    for (const DrawnLine& line : content.lines) {
+        const Box bounds = BoundsOf(line.vertices);
+        frame.top = std::max(frame.top, bounds.top);
+        frame.left = std::max(frame.left, bounds.left);
+    }
+}
+
+MapContent Read(const std::string& bytes)
+{
+    std::istringstream rows(bytes);
+    std::string head[8];
+    for (std::string& row : head)
+        if (!std::getline(rows, row)) throw std::runtime_error("ends before its end mark");
+    const std::string& word = head[7];
+    if (Number(head[2]) < 1 || (word != "ASCII" && word != "LineFormat"))
+        throw std::runtime_error("isn't a map of mapmaker's");
+    LineTaker taker(Number(head[1]), Number(head[0]));
+    std::string format;
+    if (ReadMapLines(bytes, taker, format) != MapFileEnd::Marker) throw std::runtime_error("is damaged");
+    MapContent content;
+    content.plan = {word == "ASCII" ? BodyFormat::Ascii : BodyFormat::LineFormat,
+                    {0, 0, Number(head[3]), Number(head[4])},
+                    static_cast<int>(Number(head[2])),
+                    static_cast<int>(Number(head[5])),
+                    static_cast<int>(Number(head[6]))};
+    content.lines = std::move(taker.lines);
+    if (content.plan.format == BodyFormat::Ascii) TakeNames(rows, content.lines);
+    FindFrame(content);
+    return content;
+}
 
 } // namespace
 
 MapContent ReadMap(const std::filesystem::path& file)
 {
     try {
-        return MapReader(ReadWhole(file)).Read();
+        return Read(ReadWhole(file));
     } catch (const std::runtime_error& error) {
         throw std::runtime_error(file.string() + ": " + error.what());
     }
