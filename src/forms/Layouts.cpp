@@ -155,6 +155,9 @@ void ShowSymbols(QComboBox* combo, const std::string& programFolder)
     static_cast<StoreModel*>(combo->model())->ShowPictures(SymbolOfRow, SymbolPicture(programFolder));
     combo->setIconSize({20, 20});
     combo->setMaxVisibleItems(20);
+    // As wide as its rows it would ask for the picture of each: some 200 files before the first window is seen.
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(24);
 }
 
 void ShowSymbols(RowsView* view, const std::string& programFolder)
