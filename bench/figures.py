@@ -16,21 +16,24 @@ import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
 RUNS = 5
-# Bench program, its filter, what a row says of it, unit, and the figure out of a row of its CSV.
-RATE = lambda row: float(row["items_per_second"]) / 1000
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+
+def rate(row):
+    return float(row["items_per_second"]) / 1000
 
 
 def time_in(unit):
     return lambda row: float(row["cpu_time"]) * NANOSECONDS[row["time_unit"]] / NANOSECONDS[unit]
 
 
+# Bench program, its filter, what a row says of it, unit, and the figure out of a row of its CSV.
 BENCHES = [
-    ("EngineBench", "StationsKnown/1000$", "reports of 1,000 known stations", "thousand a second", RATE),
-    ("EngineBench", "StationsKnown/31990$", "reports of 31,990 known stations", "thousand a second", RATE),
-    ("EngineBench", "KindOfPacket/mic_e$", "Mic-E reports", "thousand a second", RATE),
-    ("EngineBench", "KindOfPacket/message_to_us$", "messages to the station, filed and acknowledged", "thousand a second", RATE),
-    ("GateBench", "ReportsToInternet$", "gate, reports to the Internet", "thousand a second", RATE),
+    ("EngineBench", "StationsKnown/1000$", "reports of 1,000 known stations", "thousand a second", rate),
+    ("EngineBench", "StationsKnown/31990$", "reports of 31,990 known stations", "thousand a second", rate),
+    ("EngineBench", "KindOfPacket/mic_e$", "Mic-E reports", "thousand a second", rate),
+    ("EngineBench", "KindOfPacket/message_to_us$", "messages to the station, filed and acknowledged", "thousand a second", rate),
+    ("GateBench", "ReportsToInternet$", "gate, reports to the Internet", "thousand a second", rate),
     ("AirBench", "Digipeat$", "from a frame to the digipeated one", "us", time_in("us")),
     ("AirBench", "ObjectTick/500/10000$", "a tick of 500 own objects", "us", time_in("us")),
     ("MapBench", "ParseWorld", "the map of the world, read", "ms", time_in("ms")),

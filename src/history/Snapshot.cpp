@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* Blank = "Blank"; ///< the only line of an empty list's file
 constexpr const char* PositionsFile = "Pos.txt";
-constexpr std::size_t BehindStamp = 18; ///< a column of a station's row: always "z"
+constexpr std::size_t BehindStamp = positionRow::Stamp.first + positionRow::Stamp.count; ///< its column has a "z"
 
 std::string PathOf(const Halvern& halvern, const char* file)
 {

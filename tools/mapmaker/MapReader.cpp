@@ -46,14 +46,21 @@ private:
     const double acrossOrigin_, downOrigin_;
 };
 
-/// The station draws no names: they stand behind the colours of an Ascii body.
+/// The station draws no names: they stand behind the colours of an Ascii body. A line without a point is none.
 void TakeNames(std::istream& body, std::vector<DrawnLine>& lines)
 {
     std::size_t next = 0;
-    for (std::string row; std::getline(body, row) && next < lines.size();) {
-        if (!row.starts_with("0,0,")) continue;
-        const std::size_t comma = row.find(',', 4);
-        lines[next++].name = comma == std::string::npos ? "" : row.substr(comma + 1);
+    std::string name;
+    bool begun = false;
+    for (std::string row; std::getline(body, row) && row != "0,-1" && next < lines.size();) {
+        if (row.starts_with("0,0,")) {
+            const std::size_t comma = row.find(',', 4);
+            name = comma == std::string::npos ? "" : row.substr(comma + 1);
+            begun = true;
+        } else if (begun) {
+            lines[next++].name = name;
+            begun = false;
+        }
     }
 }
 
